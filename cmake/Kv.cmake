@@ -1,0 +1,46 @@
+# Build rules shared by every folder.
+
+add_library(kv_avisos INTERFACE)
+target_compile_features(kv_avisos INTERFACE cxx_std_20)
+target_include_directories(kv_avisos INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(kv_avisos INTERFACE
+  $<$<COMPILE_LANG_AND_ID:CXX,GNU,Clang>:-Wall;-Wextra;-Wpedantic;-Wconversion;-Wshadow>)
+if(KV_AVISOS_ERROR)
+  target_compile_options(kv_avisos INTERFACE $<$<COMPILE_LANG_AND_ID:CXX,GNU,Clang>:-Werror>)
+endif()
+if(KV_SANEADORES)
+  target_compile_options(kv_avisos INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(kv_avisos INTERFACE -fsanitize=address,undefined)
+endif()
+# A 32-bit x87 build rounds twice and would change monetary ties.
+if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(kv_avisos INTERFACE -msse2 -mfpmath=sse)
+endif()
+
+# kv_carpeta(dir): adds the folder.
+macro(kv_carpeta dir)
+  if(EXISTS ${PROJECT_SOURCE_DIR}/${dir}/CMakeLists.txt)
+    add_subdirectory(${dir})
+  endif()
+endmacro()
+
+# kv_biblioteca(name FUENTES a.cpp ... USA kv_base ... PRIVADO SQLite::SQLite3 ...): one static library per folder.
+function(kv_biblioteca nombre)
+  cmake_parse_arguments(KV "" "" "FUENTES;USA;PRIVADO" ${ARGN})
+  add_library(${nombre} STATIC ${KV_FUENTES})
+  target_link_libraries(${nombre} PUBLIC ${KV_USA} PRIVATE $<BUILD_INTERFACE:kv_avisos> ${KV_PRIVADO})
+  target_compile_features(${nombre} PUBLIC cxx_std_20)
+  target_include_directories(${nombre} PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:include/kvdatosart>)
+  set_target_properties(${nombre} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
+endfunction()
+
+# kv_prueba(name FUENTES a.cpp ... USA kv_rules ...): one GoogleTest program, run by ctest.
+function(kv_prueba nombre)
+  cmake_parse_arguments(KV "" "" "FUENTES;USA" ${ARGN})
+  add_executable(${nombre} ${KV_FUENTES})
+  target_link_libraries(${nombre} PRIVATE kv_avisos kv_prueba_comun ${KV_USA} GTest::gtest_main)
+  set_target_properties(${nombre} PROPERTIES CXX_EXTENSIONS OFF)
+  add_test(NAME ${nombre} COMMAND ${nombre})
+  set_tests_properties(${nombre} PROPERTIES TIMEOUT 300)
+endfunction()
