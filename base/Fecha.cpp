@@ -1,0 +1,112 @@
+#include "base/Fecha.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+#include "base/RuntimeError.h"
+
+namespace kv {
+namespace {
+
+using std::chrono::day;
+using std::chrono::days;
+using std::chrono::month;
+using std::chrono::sys_days;
+using std::chrono::year;
+using std::chrono::year_month_day;
+
+constexpr sys_days kPrimera = year(100) / 1 / 1;
+constexpr sys_days kUltima = year(9999) / 12 / 31;
+constexpr sys_days kCeroOle = year(1899) / 12 / 30;
+
+[[noreturn]] void NoEsFecha(std::string_view texto) {
+    LanzarError(kErrTipo, "«" + std::string(texto) + "» no es una fecha");
+}
+
+// Reads the digits before `separador` (or the end) and drops both; -1 when they are no number.
+int TomarNumero(std::string_view& resto, char separador, std::size_t masCifras) {
+    const auto fin = resto.find(separador);
+    const std::string_view cifras = resto.substr(0, fin);
+    resto = fin == std::string_view::npos ? std::string_view() : resto.substr(fin + 1);
+    int valor = -1;
+    if (cifras.empty() || cifras.size() > masCifras || cifras.front() < '0' || cifras.front() > '9') return -1;
+    const auto leido = std::from_chars(cifras.data(), cifras.data() + cifras.size(), valor);
+    return leido.ptr == cifras.data() + cifras.size() ? valor : -1;
+}
+
+void AgregarCifras(TextoNumero& texto, int valor, int cuantas) {
+    int peso = 1;
+    for (int i = 1; i < cuantas; ++i) peso *= 10;
+    for (; peso > 0; peso /= 10) texto.Agregar(static_cast<char>('0' + valor / peso % 10));
+}
+
+}  // namespace
+
+Fecha Fecha::DeDias(sys_days dia) {
+    if (dia < kPrimera || dia > kUltima) LanzarError(kErrDesbordamiento, "fecha fuera del intervalo 0100 a 9999");
+    return Fecha(dia);
+}
+
+Fecha Fecha::DeAmd(int anio, int mes, int dia) {
+    const year_month_day fecha{year(anio), month(static_cast<unsigned>(mes)), day(static_cast<unsigned>(dia))};
+    if (anio < 100 || anio > 9999 || mes < 1 || mes > 12 || dia < 1 || dia > 31 || !fecha.ok())
+        LanzarError(kErrLlamadaInvalida, "la fecha no existe");
+    return Fecha(sys_days(fecha));
+}
+
+Fecha Fecha::DeTexto(std::string_view texto) {
+    std::string_view resto = texto;
+    while (!resto.empty() && resto.front() == ' ') resto.remove_prefix(1);
+    resto = resto.substr(0, resto.find_first_of(" T"));
+    const bool iso = resto.find('-') != std::string_view::npos;
+    const char separador = iso ? '-' : '/';
+    const int primero = TomarNumero(resto, separador, iso ? 4 : 2);
+    const int mes = TomarNumero(resto, separador, 2);
+    const int ultimo = TomarNumero(resto, separador, iso ? 2 : 4);
+    const int anio = iso ? primero : ultimo;
+    const int dia = iso ? ultimo : primero;
+    if (!resto.empty() || anio < 100 || mes < 1 || mes > 12 || dia < 1 || dia > 31) NoEsFecha(texto);
+    const year_month_day fecha{year(anio), month(static_cast<unsigned>(mes)), day(static_cast<unsigned>(dia))};
+    if (!fecha.ok()) NoEsFecha(texto);
+    return Fecha(sys_days(fecha));
+}
+
+Fecha Fecha::DeOle(double dias_) {
+    const double enteros = std::trunc(dias_);
+    // The comparison is false for NaN.
+    if (!(enteros >= -700000.0 && enteros <= 3000000.0)) LanzarError(kErrDesbordamiento);
+    return DeDias(kCeroOle + days(static_cast<int>(enteros)));
+}
+
+int Fecha::Anio() const { return static_cast<int>(year_month_day(dia_).year()); }
+int Fecha::Mes() const { return static_cast<int>(static_cast<unsigned>(year_month_day(dia_).month())); }
+int Fecha::Dia() const { return static_cast<int>(static_cast<unsigned>(year_month_day(dia_).day())); }
+
+double Fecha::AOle() const { return static_cast<double>((dia_ - kCeroOle).count()); }
+
+TextoNumero Fecha::ATexto() const {
+    const year_month_day fecha(dia_);
+    TextoNumero texto;
+    AgregarCifras(texto, static_cast<int>(static_cast<unsigned>(fecha.day())), 2);
+    texto.Agregar('/');
+    AgregarCifras(texto, static_cast<int>(static_cast<unsigned>(fecha.month())), 2);
+    texto.Agregar('/');
+    AgregarCifras(texto, static_cast<int>(fecha.year()), 4);
+    return texto;
+}
+
+TextoNumero Fecha::AIso() const {
+    const year_month_day fecha(dia_);
+    TextoNumero texto;
+    AgregarCifras(texto, static_cast<int>(fecha.year()), 4);
+    texto.Agregar('-');
+    AgregarCifras(texto, static_cast<int>(static_cast<unsigned>(fecha.month())), 2);
+    texto.Agregar('-');
+    AgregarCifras(texto, static_cast<int>(static_cast<unsigned>(fecha.day())), 2);
+    return texto;
+}
+
+Fecha Fecha::operator+(int dias_) const { return DeDias(dia_ + days(dias_)); }
+
+}  // namespace kv

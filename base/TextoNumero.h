@@ -1,0 +1,49 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+namespace kv {
+
+/// The text of one number or date, held in place so that building a statement allocates nothing for it.
+class TextoNumero {
+  public:
+    TextoNumero() = default;
+    /// At most 47 characters; what stands beyond them is a programming error.
+    explicit TextoNumero(std::string_view texto) { Agregar(texto); }
+
+    void Agregar(std::string_view texto) {
+        std::memcpy(datos_.data() + largo_, texto.data(), texto.size());
+        largo_ += texto.size();
+    }
+    void Agregar(char caracter) { datos_[largo_++] = caracter; }
+    void AgregarEntero(std::int64_t valor);
+    /// Replaces every `viejo` by `nuevo`.
+    void Reemplazar(char viejo, char nuevo);
+
+    // NOLINTNEXTLINE(google-explicit-constructor): it is a text.
+    operator std::string_view() const { return {datos_.data(), largo_}; }
+    std::string Cadena() const { return std::string(std::string_view(*this)); }
+
+    friend bool operator==(const TextoNumero& a, std::string_view b) { return std::string_view(a) == b; }
+
+  private:
+    std::array<char, 48> datos_;
+    std::size_t largo_ = 0;
+};
+
+/// Default text of a Double: up to 15 significant digits without trailing zeros, plain digits below 1E+15 and from
+/// 1E-04 on, an exponent ("1E+15", "1E-05") outside; negative zero is 0. NaN and infinity raise error 6.
+TextoNumero TextoDouble(double valor, char separador);
+
+/// The same for a Single: up to 7 significant digits, plain digits below 1E+07.
+TextoNumero TextoSingle(float valor, char separador);
+
+/// Plain decimal text of a whole number.
+TextoNumero TextoEntero(std::int64_t valor);
+
+}  // namespace kv

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "base/Currency.h"
+#include "base/Fecha.h"
+
+namespace kv {
+
+/// The suite's common routines that the component relies on. The process has one default, made on first use; a host
+/// may replace it for good, a test for its scope.
+class BibliotecaComun {
+  public:
+    virtual ~BibliotecaComun() = default;
+
+    /// The text of a date between the quotes of a statement: dd/mm/yyyy.
+    virtual TextoNumero LiteralFecha(Fecha fecha) const;
+    /// A number for a statement: decimal point, no trailing zeros, no thousands.
+    virtual TextoNumero FormatoSql(Currency valor) const;
+    virtual TextoNumero FormatoSql(double valor) const;
+    /// A number for people: exactly `decimales` decimals, the regional separator, no thousands. The value is not
+    /// rounded: digits beyond are cut.
+    virtual std::string FormatoPantalla(Currency valor, std::int16_t decimales) const;
+    /// Half away from zero; 4 decimals or more leave the value as it is. A negative count is error 5.
+    virtual Currency Redondear(Currency valor, std::int16_t decimales) const;
+    /// The system's date.
+    virtual Fecha Hoy() const;
+    /// The user's decimal separator, as the operating system has it unless the host set another.
+    virtual char SeparadorDecimal() const;
+    /// Shows a critical message and returns when it was read. By default it goes to standard error.
+    virtual void MensajeCritico(std::string_view texto, std::string_view titulo);
+};
+
+/// The library in use.
+BibliotecaComun& Biblioteca();
+
+/// Replaces the library in use (nothing brings the default back) and returns the former replacement, if any.
+std::shared_ptr<BibliotecaComun> CambiarBiblioteca(std::shared_ptr<BibliotecaComun> nueva);
+
+/// The decimal separator of the default library: '.' or ','. Error 5 for any other character.
+void FijarSeparadorDecimal(char separador);
+
+}  // namespace kv

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Valor.h"
+#include "db/Ado.h"
+
+namespace kv {
+
+/// One parameter of a stored procedure.
+struct Parameter {
+    std::string Name;
+    DataType Type = DataType::adInteger;
+    ParameterDirection Direction = ParameterDirection::adParamInput;
+    std::int32_t Size = 0;
+    /// NULL means that the parameter carries no value yet.
+    Valor Value;
+};
+
+/// The parameters of a command in the order in which they were appended.
+class Parameters {
+  public:
+    void Append(Parameter parametro) { lista_.push_back(std::move(parametro)); }
+    /// By name, without regard to letter case. Error 3265 when there is none.
+    Parameter& Item(std::string_view nombre);
+
+    auto begin() { return lista_.begin(); }
+    auto end() { return lista_.end(); }
+    auto begin() const { return lista_.begin(); }
+    auto end() const { return lista_.end(); }
+    std::size_t Count() const { return lista_.size(); }
+
+  private:
+    std::vector<Parameter> lista_;
+};
+
+/// A stored procedure call. Made by its Connection, which is its active connection.
+/// A database failure is a RuntimeError with the provider's number, source and text.
+class Command {
+  public:
+    Command() = default;
+    Command(const Command&) = delete;
+    Command& operator=(const Command&) = delete;
+    virtual ~Command() = default;
+
+    kv::CommandType CommandType = kv::CommandType::adOptionUnspecified;
+    /// In seconds.
+    std::int32_t CommandTimeout = 30;
+    std::string CommandText;
+    kv::Parameters Parameters;
+
+    /// Runs it without a recordset; afterwards the output parameters and the return value hold theirs.
+    virtual void Execute(kv::CommandType opciones) = 0;
+};
+
+}  // namespace kv

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/Currency.h"
+#include "base/Fecha.h"
+
+namespace kv {
+
+// How values are written into statements. Text goes between single quotes as it is: an embedded quote is not doubled
+// and makes the statement fail.
+
+/// Codes of every kind: plain decimal digits.
+TextoNumero SqlEntero(std::int32_t valor);
+/// Default text of a Double with a decimal point whatever the regional separator. NaN and infinity raise error 6.
+TextoNumero SqlDoble(double valor);
+/// Default text of a Currency, which carries the regional decimal separator: on a host with a decimal comma the
+/// statement carries that comma.
+TextoNumero SqlCurrency(Currency valor);
+/// A Currency with a decimal point on every host.
+TextoNumero SqlCurrencyConPunto(Currency valor);
+/// Through the common library's number formatter.
+TextoNumero SqlNumero(Currency valor);
+TextoNumero SqlNumero(double valor);
+/// Default text of a date (dd/mm/yyyy), without quotes.
+TextoNumero SqlFecha(Fecha valor);
+/// Through the common library's date-literal routine, without quotes.
+TextoNumero SqlFechaLiteral(Fecha valor);
+/// -1 or 0.
+TextoNumero SqlBooleano(bool valor);
+/// 1 or 0.
+TextoNumero SqlBooleanoAbsoluto(bool valor);
+
+/// Appends fragments and values in order: one growth of the text for all of them.
+template <class... Partes>
+void Agregar(std::string& sql, const Partes&... partes) {
+    sql.reserve(sql.size() + (std::string_view(partes).size() + ... + 0U));
+    (sql.append(std::string_view(partes)), ...);
+}
+
+/// A statement from its fragments and values in order.
+template <class... Partes>
+std::string TextoSql(const Partes&... partes) {
+    std::string sql;
+    Agregar(sql, partes...);
+    return sql;
+}
+
+}  // namespace kv

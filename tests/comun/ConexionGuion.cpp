@@ -1,0 +1,184 @@
+#include "tests/comun/ConexionGuion.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "db/Nombres.h"
+
+namespace kv::prueba {
+namespace {
+
+[[noreturn]] void Discrepancia(const std::string& que) {
+    ADD_FAILURE() << que;
+    throw RuntimeError(-1, "ConexionGuion", "el guion no esperaba esta operación");
+}
+
+std::string Entre(std::string_view operacion, std::string_view texto) {
+    return std::string(operacion) + " |" + std::string(texto) + "|";
+}
+
+std::string Describir(const Parameter& p) {
+    return p.Name + " tipo " + std::to_string(static_cast<int>(p.Type)) + " dirección " +
+           std::to_string(static_cast<int>(p.Direction)) + " tamaño " + std::to_string(p.Size) + " valor " +
+           (EsNulo(p.Value) ? "NULL" : AString(p.Value, '.')) + " (clase " + std::to_string(p.Value.index()) + ")";
+}
+
+}  // namespace
+
+class ConexionGuion::RecordsetGuion : public Recordset {
+  public:
+    explicit RecordsetGuion(ConexionGuion& conexion) : conexion_(conexion) {}
+
+    void Open(std::string_view source, Connection& conexion, CursorType cursor, LockType bloqueo,
+              CommandType opciones) override {
+        if (abierto_) Discrepancia("Open sobre un recordset abierto: " + Entre("Open", source));
+        if (&conexion != &conexion_) Discrepancia("Open con otra conexión");
+        paso_ = conexion_.Tomar("Open", source);
+        EXPECT_EQ(static_cast<int>(paso_.cursor), static_cast<int>(cursor)) << "CursorType de " << source;
+        EXPECT_EQ(static_cast<int>(paso_.bloqueo), static_cast<int>(bloqueo)) << "LockType de " << source;
+        EXPECT_EQ(static_cast<int>(paso_.opciones), static_cast<int>(opciones)) << "Options de " << source;
+        abierto_ = true;
+        fila_ = 0;
+    }
+    bool Eof() override {
+        ExigirAbierto();
+        return fila_ >= paso_.filas.size();
+    }
+    void MoveNext() override {
+        ExigirAbierto();
+        ++fila_;
+    }
+    void Close() override {
+        ExigirAbierto();
+        abierto_ = false;
+    }
+    ObjectState State() const override { return abierto_ ? ObjectState::adStateOpen : ObjectState::adStateClosed; }
+    std::int32_t NumeroCampos() override { return static_cast<std::int32_t>(paso_.columnas.size()); }
+    std::string_view NombreCampo(std::int32_t posicion) override {
+        return paso_.columnas.at(static_cast<std::size_t>(posicion));
+    }
+
+  protected:
+    const Valor& LeerCampo(std::string_view nombre) override {
+        ExigirAbierto();
+        if (fila_ >= paso_.filas.size()) LanzarError(kErrSinRegistro);
+        const auto columna = std::find_if(paso_.columnas.begin(), paso_.columnas.end(),
+                                          [&](const std::string& c) { return MismoNombre(c, nombre); });
+        if (columna == paso_.columnas.end()) LanzarError(kErrElementoNoEncontrado, std::string(nombre));
+        return paso_.filas[fila_].at(static_cast<std::size_t>(columna - paso_.columnas.begin()));
+    }
+
+  private:
+    void ExigirAbierto() const {
+        if (!abierto_) LanzarError(kErrObjetoCerrado);
+    }
+
+    ConexionGuion& conexion_;
+    Paso paso_;
+    std::size_t fila_ = 0;
+    bool abierto_ = false;
+};
+
+class ConexionGuion::CommandGuion : public Command {
+  public:
+    explicit CommandGuion(ConexionGuion& conexion) : conexion_(conexion) {}
+
+    void Execute(kv::CommandType opciones) override {
+        const Paso paso = conexion_.Tomar("Command", CommandText);
+        EXPECT_EQ(4, static_cast<int>(CommandType)) << "CommandType de " << CommandText;
+        EXPECT_EQ(paso.espera, CommandTimeout) << "CommandTimeout de " << CommandText;
+        EXPECT_EQ(static_cast<int>(paso.opciones), static_cast<int>(opciones)) << "Options de " << CommandText;
+        CompararParametros(paso);
+        for (const Parameter& salida : paso.salidas) Parameters.Item(salida.Name).Value = salida.Value;
+    }
+
+  private:
+    void CompararParametros(const Paso& paso) const {
+        std::vector<std::string> esperados;
+        std::vector<std::string> recibidos;
+        for (const Parameter& p : paso.parametros) esperados.push_back(Describir(p));
+        for (const Parameter& p : Parameters) recibidos.push_back(Describir(p));
+        EXPECT_EQ(esperados, recibidos) << "parámetros de " << CommandText;
+    }
+
+    ConexionGuion& conexion_;
+};
+
+ConexionGuion::~ConexionGuion() { Terminar(); }
+
+ConexionGuion::Paso& ConexionGuion::Anadir(std::string_view operacion, std::string_view texto) {
+    Paso paso;
+    paso.operacion = operacion;
+    paso.texto = texto;
+    return pasos_.emplace_back(std::move(paso));
+}
+
+ConexionGuion::Paso& ConexionGuion::EsperaConsulta(std::string_view texto, std::vector<std::string> columnas,
+                                                   std::vector<Fila> filas) {
+    Paso& paso = Anadir("Open", texto);
+    paso.columnas = std::move(columnas);
+    paso.filas = std::move(filas);
+    return paso;
+}
+
+ConexionGuion::Paso& ConexionGuion::EsperaEjecucion(std::string_view texto) { return Anadir("Execute", texto); }
+
+ConexionGuion::Paso& ConexionGuion::EsperaEscritura(std::string_view texto, std::int32_t afectados) {
+    Paso& paso = Anadir("Execute", texto);
+    paso.afectados = afectados;
+    paso.cuenta = true;
+    return paso;
+}
+
+ConexionGuion::Paso& ConexionGuion::EsperaProcedimiento(std::string_view nombre, std::vector<Parameter> parametros,
+                                                        std::vector<Parameter> salidas) {
+    Paso& paso = Anadir("Command", nombre);
+    paso.opciones = CommandType::adOptionUnspecified;
+    paso.espera = 500;
+    paso.parametros = std::move(parametros);
+    paso.salidas = std::move(salidas);
+    return paso;
+}
+
+ConexionGuion::Paso& ConexionGuion::EsperaBeginTrans() { return Anadir("BeginTrans", ""); }
+ConexionGuion::Paso& ConexionGuion::EsperaCommitTrans() { return Anadir("CommitTrans", ""); }
+ConexionGuion::Paso& ConexionGuion::EsperaRollbackTrans() { return Anadir("RollbackTrans", ""); }
+
+void ConexionGuion::YFalla(std::int32_t numero, std::string_view descripcion) {
+    pasos_.back().fallo = RuntimeError(numero, "Proveedor", std::string(descripcion));
+}
+
+void ConexionGuion::Terminar() {
+    for (const Paso& paso : pasos_) ADD_FAILURE() << "paso sin ejecutar: " << Entre(paso.operacion, paso.texto);
+    pasos_.clear();
+}
+
+ConexionGuion::Paso ConexionGuion::Tomar(std::string_view operacion, std::string_view texto) {
+    if (pasos_.empty()) Discrepancia("operación inesperada tras el guion:\n  " + Entre(operacion, texto));
+    if (pasos_.front().operacion != operacion || pasos_.front().texto != texto)
+        Discrepancia("paso " + std::to_string(hechos_ + 1) + ":\n  esperado " +
+                     Entre(pasos_.front().operacion, pasos_.front().texto) + "\n  recibido " +
+                     Entre(operacion, texto));
+    Paso paso = std::move(pasos_.front());
+    pasos_.pop_front();
+    ++hechos_;
+    if (paso.fallo) throw RuntimeError(*paso.fallo);
+    return paso;
+}
+
+void ConexionGuion::Execute(std::string_view texto, std::int32_t* afectados, CommandType opciones) {
+    const Paso paso = Tomar("Execute", texto);
+    EXPECT_EQ(static_cast<int>(paso.opciones), static_cast<int>(opciones)) << "Options de " << texto;
+    EXPECT_EQ(paso.cuenta, afectados != nullptr) << "petición de registros afectados de " << texto;
+    if (afectados != nullptr) *afectados = paso.afectados;
+}
+
+void ConexionGuion::BeginTrans() { Tomar("BeginTrans", ""); }
+void ConexionGuion::CommitTrans() { Tomar("CommitTrans", ""); }
+void ConexionGuion::RollbackTrans() { Tomar("RollbackTrans", ""); }
+
+std::unique_ptr<Recordset> ConexionGuion::CrearRecordset() { return std::make_unique<RecordsetGuion>(*this); }
+std::unique_ptr<Command> ConexionGuion::CrearCommand() { return std::make_unique<CommandGuion>(*this); }
+
+}  // namespace kv::prueba

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/RuntimeError.h"
+#include "db/Connection.h"
+
+namespace kv::prueba {
+
+/// Strict scripted connection: every operation must be the next step of the script, to the letter. A difference is a
+/// test failure that shows both texts between bars, and the operation raises; steps that were not reached fail when
+/// the connection ends. Each `Espera...` adds one step.
+class ConexionGuion : public Connection {
+  public:
+    using Fila = std::vector<Valor>;
+
+    /// One step of the script.
+    struct Paso {
+        std::string operacion;  // Open, Execute, Command, BeginTrans, CommitTrans, RollbackTrans
+        std::string texto;
+        CursorType cursor = CursorType::adOpenForwardOnly;
+        LockType bloqueo = LockType::adLockReadOnly;
+        CommandType opciones = CommandType::adCmdText;
+        std::vector<std::string> columnas;
+        std::vector<Fila> filas;
+        std::int32_t afectados = 0;
+        bool cuenta = false;  // the caller must ask for the records affected
+        std::vector<Parameter> parametros;
+        std::vector<Parameter> salidas;
+        std::int32_t espera = 0;
+        std::optional<RuntimeError> fallo;
+    };
+
+    ConexionGuion() = default;
+    ~ConexionGuion() override;
+
+    /// A query that returns `filas` (none: no row).
+    Paso& EsperaConsulta(std::string_view texto, std::vector<std::string> columnas = {}, std::vector<Fila> filas = {});
+    /// A write whose caller does not ask for the records affected.
+    Paso& EsperaEjecucion(std::string_view texto);
+    /// A write whose caller asks for the records affected and gets `afectados`.
+    Paso& EsperaEscritura(std::string_view texto, std::int32_t afectados);
+    /// A stored procedure: its parameters in order with name, type, direction, size and input value; `salidas` are
+    /// the values that it gives back. 500 seconds, options -1.
+    Paso& EsperaProcedimiento(std::string_view nombre, std::vector<Parameter> parametros,
+                              std::vector<Parameter> salidas);
+    Paso& EsperaBeginTrans();
+    Paso& EsperaCommitTrans();
+    Paso& EsperaRollbackTrans();
+    /// Makes the last step added fail with this error.
+    void YFalla(std::int32_t numero, std::string_view descripcion);
+
+    /// Checks that the whole script has run, now rather than at the end.
+    void Terminar();
+
+    void Execute(std::string_view texto, std::int32_t* afectados, CommandType opciones) override;
+    void BeginTrans() override;
+    void CommitTrans() override;
+    void RollbackTrans() override;
+    std::unique_ptr<Recordset> CrearRecordset() override;
+    std::unique_ptr<Command> CrearCommand() override;
+
+  private:
+    class RecordsetGuion;
+    class CommandGuion;
+
+    Paso& Anadir(std::string_view operacion, std::string_view texto);
+    /// The next step when it is this operation with this text; a test failure and an exception otherwise.
+    Paso Tomar(std::string_view operacion, std::string_view texto);
+
+    std::deque<Paso> pasos_;
+    std::size_t hechos_ = 0;
+};
+
+}  // namespace kv::prueba
