@@ -17,6 +17,7 @@ const char* TextoUsual(std::int32_t numero) {
         case kErrNulo: return "Uso no válido de Null";
         case kErrElementoNoEncontrado: return "No se encontró el elemento en la colección";
         case kErrObjetoCerrado: return "La operación no está permitida si el objeto está cerrado";
+        case kErrObjetoAbierto: return "La operación no está permitida si el objeto está abierto";
         case kErrSinRegistro: return "No hay registro actual";
         default: return "Error interno";
     }

@@ -20,6 +20,8 @@ inline constexpr std::int32_t kErrNulo = 94;
 inline constexpr std::int32_t kErrElementoNoEncontrado = 3265;
 /// ADO's number for an operation on a closed object (adErrObjectClosed).
 inline constexpr std::int32_t kErrObjetoCerrado = 3704;
+/// ADO's number for opening an object that is open already (adErrObjectOpen).
+inline constexpr std::int32_t kErrObjetoAbierto = 3705;
 /// ADO's number for reading a record when there is none (adErrNoCurrentRecord).
 inline constexpr std::int32_t kErrSinRegistro = 3021;
 

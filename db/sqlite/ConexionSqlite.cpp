@@ -1,0 +1,111 @@
+#include "db/sqlite/ConexionSqlite.h"
+
+#include <filesystem>
+
+#include "base/RuntimeError.h"
+#include "db/sqlite/CommandSqlite.h"
+#include "db/sqlite/ErrorSqlite.h"
+#include "db/sqlite/InteriorSqlite.h"
+#include "db/sqlite/RecordsetSqlite.h"
+
+namespace kv {
+namespace {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void NoSirve(int numero, const std::string& ruta, const std::string& motivo) {
+    throw RuntimeError(numero, "SQLite", "«" + ruta + "» " + motivo);
+}
+
+void Borrar(const std::string& ruta) {
+    std::error_code ignorado;
+    for (const char* final_ : {"", "-wal", "-shm", "-journal"}) fs::remove(ruta + final_, ignorado);
+}
+
+}  // namespace
+
+ConexionSqlite::ConexionSqlite(std::shared_ptr<Interior> interior) : interior_(std::move(interior)) {}
+ConexionSqlite::~ConexionSqlite() = default;
+
+std::shared_ptr<ConexionSqlite> ConexionSqlite::Abrir(const std::string& ruta, const IdentidadBase& identidad,
+                                                      Modo modo) {
+    std::error_code error;
+    if (!fs::exists(ruta, error)) NoSirve(SQLITE_CANTOPEN, ruta, "no existe");
+    if (!fs::is_regular_file(ruta, error)) NoSirve(SQLITE_CANTOPEN, ruta, "no es un fichero");
+    const auto interior = std::make_shared<Interior>(ruta, SQLITE_OPEN_READWRITE);
+    std::int32_t aplicacion = 0;
+    try {
+        aplicacion = interior->Pragma("application_id");
+    } catch (const RuntimeError& fallo) {
+        if (fallo.numero != SQLITE_NOTADB) throw;
+        NoSirve(SQLITE_NOTADB, ruta, "no es una base de datos");
+    }
+    if (aplicacion != identidad.aplicacion) NoSirve(SQLITE_NOTADB, ruta, "no es una base de datos de KVDatosArt");
+    const std::int32_t version = interior->Pragma("user_version");
+    if (version != identidad.version)
+        NoSirve(SQLITE_SCHEMA, ruta,
+                "tiene la versión de esquema " + std::to_string(version) + " y hace falta la " +
+                    std::to_string(identidad.version));
+    interior->Guion("PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL;");
+    if (modo == Modo::SoloLectura) interior->Guion("PRAGMA query_only = ON;");
+    return std::shared_ptr<ConexionSqlite>(new ConexionSqlite(interior));
+}
+
+void ConexionSqlite::Crear(const std::string& ruta, const IdentidadBase& identidad, std::string_view guion,
+                           const std::function<void(Connection&)>& llenar) {
+    std::error_code error;
+    if (fs::exists(ruta, error)) NoSirve(SQLITE_CANTOPEN, ruta, "ya existe y no se toca");
+    const std::string provisional = ruta + ".creando";
+    Borrar(provisional);
+    try {
+        {
+            const auto interior = std::make_shared<Interior>(provisional, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+            interior->Guion("PRAGMA journal_mode = WAL; PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL;");
+            interior->Guion(std::string(guion));
+            interior->Guion("PRAGMA application_id = " + std::to_string(identidad.aplicacion) +
+                            "; PRAGMA user_version = " + std::to_string(identidad.version) + ";");
+            ConexionSqlite conexion(interior);
+            llenar(conexion);
+        }
+        fs::rename(provisional, ruta);
+    } catch (...) {
+        Borrar(provisional);
+        throw;
+    }
+}
+
+void ConexionSqlite::Execute(std::string_view texto, std::int32_t* afectados, CommandType opciones) {
+    if (opciones != CommandType::adCmdText) LanzarError(kErrLlamadaInvalida, "Execute solo admite texto");
+    Sentencia& sentencia = interior_->Cache().Tomar(texto);
+    const SueltaSentencia suelta(sentencia);
+    while (sentencia.Avanzar()) {
+        // Rows that the caller does not want.
+    }
+    if (afectados != nullptr) *afectados = sentencia.SoloLee() ? 0 : sqlite3_changes(interior_->Base());
+}
+
+void ConexionSqlite::BeginTrans() {
+    // Taken for writing at once: two sessions that both read before they write would otherwise block each other.
+    const bool soloLee = interior_->Pragma("query_only") != 0;
+    interior_->Guion(soloLee ? "BEGIN" : "BEGIN IMMEDIATE");
+}
+
+void ConexionSqlite::CommitTrans() {
+    interior_->Guion("COMMIT");
+}
+void ConexionSqlite::RollbackTrans() {
+    interior_->Guion("ROLLBACK");
+}
+
+std::unique_ptr<Recordset> ConexionSqlite::CrearRecordset() {
+    return std::make_unique<RecordsetSqlite>(interior_);
+}
+std::unique_ptr<Command> ConexionSqlite::CrearCommand() {
+    return std::make_unique<CommandSqlite>(interior_);
+}
+
+std::uint64_t ConexionSqlite::Preparaciones() const {
+    return interior_->Cache().Preparaciones();
+}
+
+}  // namespace kv

@@ -1,0 +1,66 @@
+#include "db/sqlite/InteriorSqlite.h"
+
+#include "base/RuntimeError.h"
+#include "db/sqlite/ErrorSqlite.h"
+
+namespace kv {
+namespace {
+
+constexpr int kEsperaMs = 10000;
+// A load and the maintenance of every table together need about sixty templates.
+constexpr std::size_t kMaximoPlantillas = 200;
+
+// Without its memory statistics and inner locks: one connection serves one thread.
+void ConfigurarUnaVez() {
+    static const int hecho = [] {
+        sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+        return sqlite3_initialize();
+    }();
+    if (hecho != SQLITE_OK) throw RuntimeError(hecho, "SQLite", "No se puede iniciar SQLite");
+}
+
+}  // namespace
+
+ConexionSqlite::Interior::Interior(const std::string& ruta, int opciones) {
+    ConfigurarUnaVez();
+    if (sqlite3_open_v2(ruta.c_str(), &base_, opciones | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr) !=
+        SQLITE_OK) {
+        const RuntimeError error(sqlite3_extended_errcode(base_), "SQLite",
+                                 "No se puede abrir «" + ruta + "»: " + sqlite3_errmsg(base_));
+        sqlite3_close(base_);
+        throw error;
+    }
+    sqlite3_busy_timeout(base_, kEsperaMs);
+    cache_ = std::make_unique<CacheSentencias>(base_, kMaximoPlantillas);
+}
+
+ConexionSqlite::Interior::~Interior() {
+    procedimientos_.clear();
+    cache_.reset();
+    sqlite3_close(base_);
+}
+
+void ConexionSqlite::Interior::Guion(const std::string& texto) {
+    if (sqlite3_exec(base_, texto.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) LanzarErrorSqlite(base_, "");
+}
+
+std::int32_t ConexionSqlite::Interior::Pragma(const std::string& nombre) {
+    const std::string texto = "PRAGMA " + nombre;
+    Sentencia sentencia(base_, texto, texto);
+    return sentencia.Avanzar() ? ALong(sentencia.Leer(std::size_t{0})) : 0;
+}
+
+Sentencia& ConexionSqlite::Interior::Procedimiento(const std::string& nombre) {
+    const auto conocido = procedimientos_.find(nombre);
+    if (conocido != procedimientos_.end()) return *conocido->second;
+    const std::string texto = "SELECT Cuerpo FROM Procedimientos WHERE Nombre = @Nombre COLLATE NOCASE";
+    Sentencia busqueda(base_, texto, texto);
+    busqueda.EnlazarNombrado("@Nombre", nombre);
+    if (!busqueda.Avanzar())
+        throw RuntimeError(SQLITE_ERROR, "SQLite", "No existe el procedimiento almacenado «" + nombre + "»");
+    const std::string cuerpo = AString(busqueda.Leer(std::size_t{0}), '.');
+    auto sentencia = std::make_unique<Sentencia>(base_, cuerpo, nombre + ": " + cuerpo);
+    return *procedimientos_.emplace(nombre, std::move(sentencia)).first->second;
+}
+
+}  // namespace kv

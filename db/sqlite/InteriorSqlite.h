@@ -1,0 +1,40 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "db/sqlite/CacheSentencias.h"
+#include "db/sqlite/ConexionSqlite.h"
+
+namespace kv {
+
+/// The open file of a connection with its statements.
+class ConexionSqlite::Interior {
+  public:
+    /// Opens with SQLite's flags and sets how it waits and writes. Raises SQLite's error with the file's name.
+    Interior(const std::string& ruta, int opciones);
+    ~Interior();
+    Interior(const Interior&) = delete;
+    Interior& operator=(const Interior&) = delete;
+
+    sqlite3* Base() const { return base_; }
+    CacheSentencias& Cache() { return *cache_; }
+
+    /// Runs statements of our own, several in one text.
+    void Guion(const std::string& texto);
+    /// The whole number that a pragma answers.
+    std::int32_t Pragma(const std::string& nombre);
+
+    /// The statement of a stored procedure, by name without regard to letter case. Error when there is none.
+    Sentencia& Procedimiento(const std::string& nombre);
+
+  private:
+    sqlite3* base_ = nullptr;
+    std::unique_ptr<CacheSentencias> cache_;
+    std::map<std::string, std::unique_ptr<Sentencia>> procedimientos_;
+};
+
+}  // namespace kv

@@ -1,0 +1,67 @@
+#include "db/sqlite/RecordsetSqlite.h"
+
+#include "base/RuntimeError.h"
+#include "db/sqlite/InteriorSqlite.h"
+
+namespace kv {
+
+ConexionSqlite::RecordsetSqlite::~RecordsetSqlite() {
+    if (sentencia_ != nullptr) sentencia_->Soltar();
+}
+
+void ConexionSqlite::RecordsetSqlite::Open(std::string_view source, Connection& /*conexion*/, CursorType /*cursor*/,
+                                           LockType /*bloqueo*/, CommandType opciones) {
+    if (opciones != CommandType::adCmdText) LanzarError(kErrLlamadaInvalida, "Open solo admite texto");
+    if (sentencia_ != nullptr) LanzarError(kErrObjetoAbierto);
+    Sentencia& nueva = interior_->Cache().Tomar(source);
+    try {
+        hayFila_ = nueva.Avanzar();
+    } catch (...) {
+        nueva.Soltar();
+        throw;
+    }
+    sentencia_ = &nueva;
+}
+
+Sentencia& ConexionSqlite::RecordsetSqlite::Abierta() {
+    if (sentencia_ == nullptr) LanzarError(kErrObjetoCerrado);
+    return *sentencia_;
+}
+
+bool ConexionSqlite::RecordsetSqlite::Eof() {
+    Abierta();
+    return !hayFila_;
+}
+
+void ConexionSqlite::RecordsetSqlite::MoveNext() {
+    Sentencia& sentencia = Abierta();
+    if (!hayFila_) LanzarError(kErrSinRegistro);
+    hayFila_ = false;
+    hayFila_ = sentencia.Avanzar();
+}
+
+void ConexionSqlite::RecordsetSqlite::Close() {
+    Abierta().Soltar();
+    sentencia_ = nullptr;
+    hayFila_ = false;
+}
+
+ObjectState ConexionSqlite::RecordsetSqlite::State() const {
+    return sentencia_ == nullptr ? ObjectState::adStateClosed : ObjectState::adStateOpen;
+}
+
+std::int32_t ConexionSqlite::RecordsetSqlite::NumeroCampos() {
+    return Abierta().NumeroColumnas();
+}
+
+std::string_view ConexionSqlite::RecordsetSqlite::NombreCampo(std::int32_t posicion) {
+    return Abierta().NombreColumna(posicion);
+}
+
+const Valor& ConexionSqlite::RecordsetSqlite::LeerCampo(std::string_view nombre) {
+    Sentencia& sentencia = Abierta();
+    if (!hayFila_) LanzarError(kErrSinRegistro);
+    return sentencia.Leer(nombre);
+}
+
+}  // namespace kv

@@ -1,0 +1,239 @@
+#include "db/sqlite/Sentencia.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+
+#include "base/RuntimeError.h"
+#include "db/Nombres.h"
+#include "db/sqlite/ErrorSqlite.h"
+
+namespace kv {
+namespace {
+
+constexpr std::string_view kFechaCero = "1900-01-01";
+
+// The text between the quotes, with doubled quotes made single.
+void QuitarComillas(std::string_view literal, std::string& texto) {
+    texto.assign(literal.substr(1, literal.size() - 2));
+    for (std::size_t pos = texto.find("''"); pos != std::string::npos; pos = texto.find("''", pos + 1))
+        texto.erase(pos, 1);
+}
+
+std::string_view TextoColumna(sqlite3_stmt* sentencia, int columna) {
+    const auto* texto = reinterpret_cast<const char*>(sqlite3_column_text(sentencia, columna));
+    return {texto, static_cast<std::size_t>(sqlite3_column_bytes(sentencia, columna))};
+}
+
+void PonerTexto(Valor& valor, std::string_view texto) {
+    if (std::string* cadena = std::get_if<std::string>(&valor))
+        cadena->assign(texto);
+    else
+        valor.emplace<std::string>(texto);
+}
+
+template <class T>
+void PonerEntero(Valor& valor, std::int64_t entero) {
+    if (entero < std::numeric_limits<T>::min() || entero > std::numeric_limits<T>::max())
+        valor = entero;
+    else
+        valor = static_cast<T>(entero);
+}
+
+void PonerSegunEntero(Valor& valor, TipoColumna tipo, std::int64_t entero) {
+    switch (tipo) {
+        case TipoColumna::Bit:
+            valor = entero != 0;
+            break;
+        case TipoColumna::Byte:
+            PonerEntero<std::uint8_t>(valor, entero);
+            break;
+        case TipoColumna::Integer:
+            PonerEntero<std::int16_t>(valor, entero);
+            break;
+        case TipoColumna::Money:
+            valor = Currency::DeEntero(entero);
+            break;
+        case TipoColumna::Single:
+            valor = static_cast<float>(entero);
+            break;
+        case TipoColumna::Double:
+            valor = static_cast<double>(entero);
+            break;
+        case TipoColumna::Grande:
+            valor = entero;
+            break;
+        default:
+            PonerEntero<std::int32_t>(valor, entero);
+            break;
+    }
+}
+
+void PonerSegunReal(Valor& valor, TipoColumna tipo, double real) {
+    if (tipo == TipoColumna::Money)
+        valor = Currency::DeDouble(real);
+    else if (tipo == TipoColumna::Single)
+        valor = static_cast<float>(real);
+    else
+        valor = real;
+}
+
+}  // namespace
+
+void Sentencia::Finalizar::operator()(sqlite3_stmt* sentencia) const {
+    sqlite3_finalize(sentencia);
+}
+
+Sentencia::Sentencia(sqlite3* base, const std::string& texto, std::string original)
+    : base_(base), original_(std::move(original)) {
+    sqlite3_stmt* nueva = nullptr;
+    const char* resto = nullptr;
+    const int resultado = sqlite3_prepare_v3(base, texto.c_str(), static_cast<int>(texto.size()) + 1,
+                                             SQLITE_PREPARE_PERSISTENT, &nueva, &resto);
+    sentencia_.reset(nueva);
+    Comprobar(resultado);
+    if (nueva == nullptr) throw RuntimeError(SQLITE_ERROR, "SQLite", "La sentencia está vacía: «" + original_ + "»");
+    for (int i = 0; i < sqlite3_column_count(nueva); ++i) {
+        const char* declarado = sqlite3_column_decltype(nueva, i);
+        columnas_.push_back({sqlite3_column_name(nueva, i),
+                             declarado == nullptr ? TipoColumna::SinDeclarar : LeerTipoColumna(declarado), Nulo{}});
+    }
+    textos_.resize(static_cast<std::size_t>(sqlite3_bind_parameter_count(nueva)));
+}
+
+void Sentencia::Comprobar(int resultado) const {
+    if (resultado != SQLITE_OK) LanzarErrorSqlite(base_, original_);
+}
+
+void Sentencia::Soltar() {
+    sqlite3_reset(sentencia_.get());
+    lectura_ = 0;
+    enUso_ = false;
+}
+
+void Sentencia::Enlazar(const std::vector<Literal>& literales, const std::vector<TipoColumna>& destinos) {
+    for (std::size_t i = 0; i < literales.size(); ++i) {
+        const int indice = static_cast<int>(i) + 1;
+        if (literales[i].cadena)
+            EnlazarCadena(indice, literales[i].texto, destinos[i]);
+        else
+            EnlazarNumero(indice, literales[i].texto, destinos[i]);
+    }
+}
+
+void Sentencia::EnlazarCadena(int indice, std::string_view literal, TipoColumna destino) {
+    Texto& texto = textos_[static_cast<std::size_t>(indice) - 1];
+    QuitarComillas(literal, texto.cadena);
+    std::string_view enlazado = texto.cadena;
+    if (destino == TipoColumna::Fecha) {
+        // As the production database reads them: an empty text is its zero date.
+        if (enlazado.find_first_not_of(' ') == std::string_view::npos) {
+            enlazado = kFechaCero;
+        } else {
+            const TextoNumero iso = Fecha::DeTexto(enlazado).AIso();
+            std::copy_n(std::string_view(iso).data(), texto.fecha.size(), texto.fecha.data());
+            enlazado = {texto.fecha.data(), texto.fecha.size()};
+        }
+    }
+    Comprobar(
+        sqlite3_bind_text(sentencia_.get(), indice, enlazado.data(), static_cast<int>(enlazado.size()), SQLITE_STATIC));
+}
+
+void Sentencia::EnlazarNumero(int indice, std::string_view literal, TipoColumna destino) {
+    const char* inicio = literal.data() + (literal.front() == '+' ? 1 : 0);
+    const char* fin = literal.data() + literal.size();
+    std::int64_t entero = 0;
+    const auto leido = std::from_chars(inicio, fin, entero);
+    if (leido.ec == std::errc() && leido.ptr == fin) {
+        // A true Boolean is -1 in the text and 1 in the table.
+        if (destino == TipoColumna::Bit) entero = entero != 0 ? 1 : 0;
+        Comprobar(sqlite3_bind_int64(sentencia_.get(), indice, entero));
+        return;
+    }
+    double real = 0;
+    std::from_chars(inicio, fin, real);
+    Comprobar(sqlite3_bind_double(sentencia_.get(), indice, real));
+}
+
+void Sentencia::EnlazarNombrado(const std::string& nombre, const Valor& valor) {
+    const int indice = sqlite3_bind_parameter_index(sentencia_.get(), nombre.c_str());
+    if (indice == 0) return;
+    sqlite3_stmt* s = sentencia_.get();
+    if (EsNulo(valor)) {
+        Comprobar(sqlite3_bind_null(s, indice));
+    } else if (const bool* logico = std::get_if<bool>(&valor)) {
+        Comprobar(sqlite3_bind_int(s, indice, *logico ? 1 : 0));
+    } else if (std::holds_alternative<std::string>(valor) || std::holds_alternative<Fecha>(valor)) {
+        const Fecha* fecha = std::get_if<Fecha>(&valor);
+        const std::string texto = fecha != nullptr ? fecha->AIso().Cadena() : std::get<std::string>(valor);
+        Comprobar(sqlite3_bind_text(s, indice, texto.data(), static_cast<int>(texto.size()), SQLITE_TRANSIENT));
+    } else {
+        const double numero = ADouble(valor);
+        const bool entero = numero == static_cast<double>(static_cast<std::int64_t>(numero));
+        Comprobar(entero ? sqlite3_bind_int64(s, indice, static_cast<std::int64_t>(numero))
+                         : sqlite3_bind_double(s, indice, numero));
+    }
+}
+
+bool Sentencia::Avanzar() {
+    lectura_ = 0;
+    const int resultado = sqlite3_step(sentencia_.get());
+    if (resultado == SQLITE_ROW) return true;
+    if (resultado != SQLITE_DONE) LanzarErrorSqlite(base_, original_);
+    return false;
+}
+
+const std::string& Sentencia::NombreColumna(std::int32_t posicion) const {
+    if (posicion < 0 || posicion >= NumeroColumnas())
+        LanzarError(kErrElementoNoEncontrado, "columna " + std::to_string(posicion));
+    return columnas_[static_cast<std::size_t>(posicion)].nombre;
+}
+
+const Valor& Sentencia::Leer(std::string_view nombre) {
+    if (lectura_ < orden_.size() && MismoNombre(columnas_[orden_[lectura_]].nombre, nombre))
+        return Leer(orden_[lectura_++]);
+    const std::size_t columna = Buscar(nombre);
+    orden_.resize(lectura_);
+    orden_.push_back(columna);
+    ++lectura_;
+    return Leer(columna);
+}
+
+std::size_t Sentencia::Buscar(std::string_view nombre) {
+    const auto hallada = std::find_if(columnas_.begin(), columnas_.end(),
+                                      [&](const Columna& c) { return MismoNombre(c.nombre, nombre); });
+    if (hallada == columnas_.end())
+        LanzarError(kErrElementoNoEncontrado, "columna " + std::string(nombre) + " en: " + original_);
+    return static_cast<std::size_t>(hallada - columnas_.begin());
+}
+
+const Valor& Sentencia::Leer(std::size_t indice) {
+    Columna& columna = columnas_[indice];
+    sqlite3_stmt* s = sentencia_.get();
+    const int i = static_cast<int>(indice);
+    switch (sqlite3_column_type(s, i)) {
+        case SQLITE_NULL:
+            columna.valor = Nulo{};
+            break;
+        case SQLITE_INTEGER:
+            PonerSegunEntero(columna.valor, columna.tipo, sqlite3_column_int64(s, i));
+            break;
+        case SQLITE_FLOAT:
+            PonerSegunReal(columna.valor, columna.tipo, sqlite3_column_double(s, i));
+            break;
+        default:
+            if (columna.tipo == TipoColumna::Fecha)
+                columna.valor = Fecha::DeTexto(TextoColumna(s, i));
+            else
+                PonerTexto(columna.valor, TextoColumna(s, i));
+    }
+    return columna.valor;
+}
+
+bool Sentencia::SoloLee() const {
+    return sqlite3_stmt_readonly(sentencia_.get()) != 0;
+}
+
+}  // namespace kv
