@@ -1,0 +1,54 @@
+#include "host/Lectura.h"
+
+#include <charconv>
+#include <limits>
+
+#include "base/RuntimeError.h"
+#include "host/Fallo.h"
+
+namespace kv::host {
+namespace {
+
+[[noreturn]] void Rechazar(const std::string& opcion, const std::string& texto, const std::string& espera) {
+    throw Fallo(kUso, opcion + ": «" + texto + "» no vale; se espera " + espera);
+}
+
+}  // namespace
+
+std::int32_t LeerEntero(const std::string& opcion, const std::string& texto, std::int32_t minimo,
+                        std::int32_t maximo) {
+    std::int32_t valor = 0;
+    const char* fin = texto.data() + texto.size();
+    const auto leido = std::from_chars(texto.data(), fin, valor);
+    if (leido.ec != std::errc() || leido.ptr != fin || valor < minimo || valor > maximo)
+        Rechazar(opcion, texto,
+                 "un número entero de " + std::to_string(minimo) + " a " + std::to_string(maximo));
+    return valor;
+}
+
+std::int16_t LeerCodigo(const std::string& opcion, const std::string& texto, std::int16_t minimo) {
+    return static_cast<std::int16_t>(
+        LeerEntero(opcion, texto, minimo, std::numeric_limits<std::int16_t>::max()));
+}
+
+Fecha LeerFecha(const std::string& opcion, const std::string& texto) {
+    try {
+        if (texto.find_first_of(" T") == std::string::npos) return Fecha::DeTexto(texto);
+    } catch (const RuntimeError&) {
+        // Told below, together with what is expected.
+    }
+    Rechazar(opcion, texto, "una fecha dd/mm/aaaa o aaaa-mm-dd que exista");
+}
+
+Currency LeerImporte(const std::string& opcion, const std::string& texto) {
+    const auto decimales = texto.find_first_of(".,");
+    try {
+        const bool preciso = decimales == std::string::npos || texto.size() - decimales - 1 <= 4;
+        if (preciso && texto.find(' ') == std::string::npos) return Currency::DeTexto(texto);
+    } catch (const RuntimeError&) {
+        // Told below, together with what is expected.
+    }
+    Rechazar(opcion, texto, "un número con cuatro decimales como mucho");
+}
+
+}  // namespace kv::host

@@ -1,0 +1,16 @@
+#pragma once
+
+namespace CLI {
+class App;
+}
+
+namespace kv::host {
+
+// Each function adds one command, or a family of them, to the program. A command runs while the command line is
+// parsed, writes its answer to standard output and throws Fallo or RuntimeError when it cannot.
+
+void AnadirCrearDemo(CLI::App& programa);
+void AnadirDevPvp(CLI::App& programa);
+void AnadirCargar(CLI::App& programa);
+
+}  // namespace kv::host

@@ -1,0 +1,40 @@
+#include "schema/Demostracion.h"
+
+#include "schema/DemostracionPartes.h"
+
+namespace kv {
+namespace {
+
+void EscribirEmpresas(demo::Escritor& escritor) {
+    constexpr const char* kColumnas =
+        "Codigo, Nombre, TarifasxFechas, Cod_EmpresaArticulos, Cod_EmpresaClientes, Cod_EmpresaExtra, Tarifa,"
+        " VenderSinStock, CosteUltimaCompra, DecPrecios, DecImportes, DecCostes,"
+        " CaptionFamilia1, CaptionFamilia2, CaptionFamilia3";
+    escritor.Fila("Empresas", kColumnas, 1, "Suministros Ribera", 1, 1, 1, 1, 1, 0, 0, 2, 2, 4, "Sección", "Familia",
+                  "Subfamilia");
+    // The second company sells from the first one's catalogue to the first one's customers, in its own way.
+    escritor.Fila("Empresas", kColumnas, 2, "Suministros Ribera Web", 0, 1, 1, 1, 5, 1, 1, 2, 2, 4, "Sección",
+                  "Familia", "");
+    escritor.Fila("Empresas_Parametros", "Cod_Empresa, Numero, Valor", 1, 1, "Familia");
+    escritor.Fila("Empresas_Parametros", "Cod_Empresa, Numero, Valor", 1, 2, "Subfamilia");
+    escritor.Fila("Empresas_Parametros", "Cod_Empresa, Numero, Valor", 2, 1, "Familia");
+}
+
+}  // namespace
+
+void CargarDemostracion(Connection& conexion, Fecha hoy) {
+    conexion.BeginTrans();
+    try {
+        demo::Escritor escritor(conexion, hoy);
+        EscribirEmpresas(escritor);
+        demo::EscribirArticulos(escritor);
+        demo::EscribirClientes(escritor);
+        demo::EscribirReglas(escritor);
+        conexion.CommitTrans();
+    } catch (...) {
+        conexion.RollbackTrans();
+        throw;
+    }
+}
+
+}  // namespace kv

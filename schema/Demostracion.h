@@ -1,0 +1,14 @@
+#pragma once
+
+#include "base/Fecha.h"
+#include "db/Connection.h"
+
+namespace kv {
+
+/// Fills an empty database with a shop chain for demonstrations and tests, in one transaction: two companies, three
+/// warehouses, five tariffs, more than three hundred articles and sixty customers, with an article for every way in
+/// which a price is reached. The same rows for the same `hoy`, from which scheduled changes count.
+/// Fails as the database does, with nothing written.
+void CargarDemostracion(Connection& conexion, Fecha hoy);
+
+}  // namespace kv

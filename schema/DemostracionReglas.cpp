@@ -1,0 +1,129 @@
+#include <array>
+
+#include "schema/DemostracionPartes.h"
+
+namespace kv::demo {
+namespace {
+
+const Fecha kSiempre = Fecha::DeAmd(2050, 12, 31);
+
+void PreciosCliente(Escritor& escritor) {
+    constexpr const char* kColumnas = "Cod_Empresa, Cod_Cliente, Cod_Articulo, Fecha_Inicial, Fecha_Final, PVP";
+    escritor.Fila("Clientes_Art_PVP", kColumnas, kEmpresa, 3, 106, Fecha::DeAmd(2020, 1, 1), kSiempre, Centimos(157));
+    // An expired price, which no longer counts.
+    escritor.Fila("Clientes_Art_PVP", kColumnas, kEmpresa, 3, 101, Fecha::DeAmd(2019, 1, 1), Fecha::DeAmd(2019, 12, 31),
+                  Centimos(7500));
+    for (int articulo = 1005; articulo <= 1300; articulo += 37)
+        escritor.Fila("Clientes_Art_PVP", kColumnas, kEmpresa, 20 + articulo % 12, articulo, Fecha::DeAmd(2026, 1, 1),
+                      kSiempre, Centimos(500 + articulo % 90 * 10));
+}
+
+void Convenios(Escritor& escritor) {
+    constexpr const char* kColumnas = "Cod_Empresa, Cod_Cliente, Cod_Articulo, Cod_ArticuloB, PUC, Pvp";
+    escritor.Fila("Clientes_Convenio_Pvp", kColumnas, kEmpresa, 4, 108, 101, 0, Centimos(200));
+    escritor.Fila("Clientes_Convenio_Pvp", kColumnas, kEmpresa, 4, 109, 101, Centimos(500), 0);
+    // More off than the base article costs: the convention is ignored.
+    escritor.Fila("Clientes_Convenio_Pvp", kColumnas, kEmpresa, 4, 110, 110, 0, Centimos(300));
+}
+
+void DescuentosGrupo(Escritor& escritor) {
+    constexpr auto kGrupos = std::to_array<const char*>({"Instaladores", "Obra", "Hostelería"});
+    for (std::size_t i = 0; i < kGrupos.size(); ++i)
+        escritor.Fila("Clientes_Grp_Descuentos", "Cod_Empresa, Codigo, Descripcion, Act", kEmpresa,
+                      static_cast<int>(i) + 1, kGrupos[i], 1);
+    struct Fila {
+        int grupo;
+        int nivel;
+        int f1;
+        int f2;
+        int f3;
+        int articulo;
+        int minimo;
+        int maximo;
+        int porcentaje;
+    };
+    constexpr auto kFilas = std::to_array<Fila>({
+        {1, 4, 1, 1, 1, 111, 0, 0, 5},
+        {1, 4, 1, 1, 1, 111, 1, 9, 7},
+        {1, 4, 1, 1, 1, 111, 10, 99, 9},
+        {1, 1, 1, 0, 0, 0, 0, 0, 2},
+        {1, 2, 1, 2, 0, 0, 0, 0, 4},
+        {1, 3, 1, 2, 2, 0, 5, 500, 6},
+        {2, 1, 6, 0, 0, 0, 0, 0, 8},
+        {2, 2, 2, 2, 0, 0, 10, 1000, 11},
+        {3, 1, 4, 0, 0, 0, 0, 0, 10},
+    });
+    for (const Fila& f : kFilas)
+        escritor.Fila("Clientes_Grp_Descuentos_Fam",
+                      "Cod_Empresa, Cod_Grupo, Nivel, Familia_1, Familia_2, Familia_3, Cod_Articulo, Unidades_Min,"
+                      " Unidades_Max, Descuento",
+                      kEmpresa, f.grupo, f.nivel, f.f1, f.f2, f.f3, f.articulo, f.minimo, f.maximo, f.porcentaje);
+}
+
+void DescuentosFamilia(Escritor& escritor) {
+    constexpr const char* kColumnas =
+        "Codigo, Cod_Empresa, Cod_Cliente, Nivel, Familia_1, Familia_2, Familia_3, Cod_Articulo, Descuento";
+    escritor.Fila("Descuentos_Familias", kColumnas, 0, kEmpresa, 5, 1, 6, 0, 0, 0, 3);
+    escritor.Fila("Descuentos_Familias", kColumnas, 0, kEmpresa, 5, 2, 6, 2, 0, 0, 6);
+    escritor.Fila("Descuentos_Familias", kColumnas, 0, kEmpresa, 5, 3, 6, 2, 1, 0, 8);
+    escritor.Fila("Descuentos_Familias", kColumnas, 0, kEmpresa, 5, 4, 6, 2, 3, 112, 12);
+    for (int cliente = 36; cliente <= 45; ++cliente)
+        escritor.Fila("Descuentos_Familias", kColumnas, 0, kEmpresa, cliente, 1, 1 + cliente % 6, 0, 0, 0,
+                      2 + cliente % 5);
+}
+
+// One discount of an agreement.
+struct Dto {
+    int tipo = 0;
+    Currency importe;
+    Currency cantidad;
+    int cascada = 0;
+};
+
+void Acuerdo(Escritor& escritor, int articulo, std::array<int, 4> nodo, Fecha entrada, Fecha salida, Currency base,
+             int dtoPadre, const Dto& uno = {}, const Dto& dos = {}) {
+    int profundidad = 0;
+    for (const int nivel : nodo) profundidad += nivel != 0 ? 1 : 0;
+    escritor.Fila("Clientes_Cadenas_ConvArt",
+                  "Cod_Empresa, Cod_Articulo, Cod_Nivel1, Cod_Nivel2, Cod_Nivel3, Cod_Nivel4, Cod_Nivel5, Cod_Nivel6,"
+                  " Cod_Nivel7, Cod_Nivel8, Cod_Nivel9, Cod_Nivel10, FechaEntrada, FechaSalida, PBase, TDto1,"
+                  " ImporteDto1, CantidadDto1, Aplicar_Cascada1, TDto2, ImporteDto2, CantidadDto2, Aplicar_Cascada2,"
+                  " Dto_Padre, Nivel",
+                  kEmpresa, articulo, nodo[0], nodo[1], nodo[2], nodo[3], 0, 0, 0, 0, 0, 0, entrada, salida, base,
+                  uno.tipo, uno.importe, uno.cantidad, uno.cascada, dos.tipo, dos.importe, dos.cantidad, dos.cascada,
+                  dtoPadre, profundidad);
+}
+
+void Acuerdos(Escritor& escritor) {
+    const Fecha desde = Fecha::DeAmd(2025, 1, 1);
+    const Dto sinUsar{};
+    // Article 107: the base price is agreed two levels above the customer.
+    Acuerdo(escritor, 107, {1, 1, 1, 1}, desde, kSiempre, Currency(), 1);
+    Acuerdo(escritor, 107, {1, 1, 0, 0}, desde, kSiempre, Centimos(3120), 0, {0, Centimos(300), Currency(), 0});
+    // Article 113: every kind of discount on the way from the chain's head to the customer.
+    Acuerdo(escritor, 113, {1, 0, 0, 0}, desde, kSiempre, Currency(), 0, {0, Centimos(1000), Currency(), 0});
+    Acuerdo(escritor, 113, {1, 1, 0, 0}, desde, kSiempre, Currency(), 1, {1, Centimos(150), Currency(), 0});
+    Acuerdo(escritor, 113, {1, 1, 1, 0}, desde, kSiempre, Currency(), 1, {0, Centimos(500), Currency(), 1},
+            {0, Centimos(200), Currency(), 0});
+    Acuerdo(escritor, 113, {1, 1, 1, 1}, desde, kSiempre, Currency(), 1, {2, Centimos(500), Centimos(100), 0});
+    // Article 116: an agreement with a last day wins over an open-ended one, and does not pass on to the chain's head.
+    Acuerdo(escritor, 116, {2, 0, 0, 0}, desde, kSiempre, Centimos(27000), 0, {0, Centimos(2000), Currency(), 0});
+    Acuerdo(escritor, 116, {2, 1, 0, 0}, Fecha::DeAmd(2026, 6, 1), kSiempre, Centimos(26500), 1, sinUsar);
+    Acuerdo(escritor, 116, {2, 1, 0, 0}, Fecha::DeAmd(2026, 1, 1), escritor.Hoy() + 60, Centimos(25500), 0,
+            {1, Centimos(500), Currency(), 0});
+    for (int articulo = 1010; articulo <= 1320; articulo += 31)
+        Acuerdo(escritor, articulo, {1 + articulo % 2, 0, 0, 0}, desde, kSiempre, Currency(), 0,
+                {0, Centimos(250), Currency(), 0});
+}
+
+}  // namespace
+
+void EscribirReglas(Escritor& escritor) {
+    PreciosCliente(escritor);
+    Convenios(escritor);
+    DescuentosGrupo(escritor);
+    DescuentosFamilia(escritor);
+    Acuerdos(escritor);
+}
+
+}  // namespace kv::demo

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace kv {
+
+/// What marks an embedded database as ours ("KVDA") and the version of its tables.
+inline constexpr std::int32_t kAplicacionEsquema = 0x4B564441;
+inline constexpr std::int32_t kVersionEsquema = 1;
+
+/// Script of the embedded database: tables, indexes and stored procedures for an empty file.
+const std::string& EsquemaSqlite();
+
+/// Script of the production database, in batches that end with a line that says GO. It can be run again.
+const std::string& EsquemaSqlServer();
+
+}  // namespace kv

@@ -1,0 +1,55 @@
+#!/usr/bin/env bash
+# Rejects an include that goes against the direction of the folders, and native database headers outside adapters.
+set -euo pipefail
+cd "$1"
+
+# Folder: the folders that it may include besides itself.
+declare -A permitidas=(
+    [base]=""
+    [db]="base"
+    [db/sqlite]="base db"
+    [db/odbc]="base db"
+    [db/ado]="base db"
+    [stock]="base db"
+    [customers]="base db"
+    [rules]="base db stock"
+    [pricing]="base db stock customers rules"
+    [component]="base db stock customers rules pricing"
+    [component/com]="base db db/ado stock customers rules pricing component"
+    [schema]="base db"
+    [host]="base db db/sqlite db/odbc stock customers rules pricing component schema"
+)
+
+carpeta_de() {
+    local ruta=$1
+    local dir=${ruta%/*}
+    while [ "$dir" != "${dir%/*}" ] && [ -z "${permitidas[$dir]+x}" ]; do dir=${dir%/*}; done
+    echo "$dir"
+}
+
+mal=0
+comprobar() {
+    local fichero=$1 propia incluida destino
+    propia=$(carpeta_de "$fichero")
+    while read -r incluida; do
+        destino=$(carpeta_de "$incluida")
+        [ "$destino" = "$propia" ] && continue
+        case " ${permitidas[$propia]} " in
+            *" $destino "*) ;;
+            *) echo "$fichero incluye $incluida: $propia no puede usar $destino"; mal=1 ;;
+        esac
+    done < <(sed -n 's/^#include "\(.*\)"$/\1/p' "$fichero" | grep / || true)
+    case "$propia" in db/sqlite | db/odbc | db/ado | component/com) return ;; esac
+    if grep -nE '#include <(sqlite3|sql|sqlext|windows|oaidl|ole2)\.h>' "$fichero"; then
+        echo "$fichero: cabecera nativa fuera de un adaptador"
+        mal=1
+    fi
+}
+
+cuantos=0
+while read -r fichero; do
+    comprobar "$fichero"
+    cuantos=$((cuantos + 1))
+done < <(find "${!permitidas[@]}" -type f \( -name '*.h' -o -name '*.cpp' \) 2>/dev/null | sort -u)
+[ "$cuantos" -gt 0 ] || { echo "no hay ficheros que comprobar"; exit 1; }
+exit "$mal"
