@@ -80,10 +80,10 @@ class Transaccion {
 bool clsCliente::TieneDependencias() {
     std::unique_ptr<Recordset> rs;
     for (const Sonda& sonda : kSondas) {
-        const std::int16_t empresa =
-            sonda.codigo == De::Clientes ? Emp().CodEmpresaClientes() : Emp().CodEmpresa();
-        AbrirLectura(rs, Cnx(), TextoSql(std::string_view(sonda.consulta), " WHERE Cod_Empresa =", SqlEntero(empresa),
-                                         std::string_view(sonda.clave), SqlEntero(Codigo)));
+        const std::int16_t empresa = sonda.codigo == De::Clientes ? Emp().CodEmpresaClientes() : Emp().CodEmpresa();
+        AbrirLectura(rs, Cnx(),
+                     TextoSql(std::string_view(sonda.consulta), " WHERE Cod_Empresa =", SqlEntero(empresa),
+                              std::string_view(sonda.clave), SqlEntero(Codigo)));
         const bool hallada = !rs->Eof();
         rs->Close();
         if (hallada) return true;

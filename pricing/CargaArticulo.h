@@ -56,8 +56,7 @@ class CargaArticulo : public Inyectado {
     bool LeerMaestro(DatosArticulo& objPadre, std::int32_t lngCod_Articulo, std::int16_t intCod_Almacen);
     void PonerPrecioInicial(DatosArticulo& objPadre, const ArgumentosCarga& argumentos);
     void PonerCosteTipoCliente(DatosArticulo& objPadre);
-    void AplicarPrecioCliente(DatosArticulo& objPadre, clsCliente_Articulo& precios,
-                              const ArgumentosCarga& argumentos);
+    void AplicarPrecioCliente(DatosArticulo& objPadre, clsCliente_Articulo& precios, const ArgumentosCarga& argumentos);
     void AplicarPrecioBaseCadena(DatosArticulo& objPadre, clsClientes_Cadenas_ConvArt& cadena, Fecha dteFecha);
     void AplicarConvenioPvp(DatosArticulo& objPadre, std::int32_t lngCod_Cliente, std::int32_t lngCod_Articulo);
     void AplicarNetoCadena(DatosArticulo& objPadre, clsClientes_Cadenas_ConvArt& cadena, Fecha dteFecha);
@@ -68,8 +67,7 @@ class CargaArticulo : public Inyectado {
     Currency BuscarEnTarifas(DatosArticulo& objPadre, std::int16_t intTarifa, Fecha dteFecha, bool porCualidad,
                              bool programada);
     std::string TextoTarifa(const DatosArticulo& objPadre, std::int16_t tarifa, bool porCualidad) const;
-    std::string TextoCambio(const DatosArticulo& objPadre, std::int16_t tarifa, Fecha dteFecha,
-                            bool porCualidad) const;
+    std::string TextoCambio(const DatosArticulo& objPadre, std::int16_t tarifa, Fecha dteFecha, bool porCualidad) const;
 
     Currency LeerAlmacen(DatosArticulo& objPadre, std::int16_t intCod_Almacen);
     void LeerAlmacenCualidades(DatosArticulo& objPadre, std::int16_t intCod_Almacen, Currency& coste);

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "base/Fecha.h"
+#include "db/Recordset.h"
+
+namespace kv {
+
+/// Columns of one of an agreement's five discounts.
+struct ColumnasDescuento {
+    std::string_view tipo;
+    std::string_view importe;
+    std::string_view cantidad;
+    std::string_view cascada;
+    std::string_view entrada;
+    std::string_view salida;
+};
+
+inline constexpr std::array<ColumnasDescuento, 5> kDescuentosFila = {{
+    {"TDto1", "ImporteDto1", "CantidadDto1", "Aplicar_Cascada1", "FechaEntrada1", "FechaSalida1"},
+    {"TDto2", "ImporteDto2", "CantidadDto2", "Aplicar_Cascada2", "FechaEntrada2", "FechaSalida2"},
+    {"TDto3", "ImporteDto3", "CantidadDto3", "Aplicar_Cascada3", "FechaEntrada3", "FechaSalida3"},
+    {"TDto4", "ImporteDto4", "CantidadDto4", "Aplicar_Cascada4", "FechaEntrada4", "FechaSalida4"},
+    {"TDto5", "ImporteDto5", "CantidadDto5", "Aplicar_Cascada5", "FechaEntrada5", "FechaSalida5"},
+}};
+
+/// True when the discount of the current row applies on the day: an amount other than 0 and the day between its two
+/// days, inclusive. A NULL in any of the three makes it not apply.
+bool DescuentoVigente(Recordset& rs, const ColumnasDescuento& columnas, Fecha dia);
+
+}  // namespace kv

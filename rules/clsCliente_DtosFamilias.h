@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "db/Inyectado.h"
+
+namespace kv {
+
+/// The discounts of one customer on article families or on single articles (table `Descuentos_Familias`). The fields
+/// are the input of every method and keep their values between calls. A row is an article's when `Nivel` is
+/// `NumNiveles` + 1 (error 6 past 32767) and a family's for any other level; a family row holds no article.
+class clsCliente_DtosFamilias : public Inyectado {
+  public:
+    std::uint8_t Nivel = 0;
+    std::int16_t Familia_1 = 0;
+    std::int16_t Familia_2 = 0;
+    std::int16_t Familia_3 = 0;
+    std::int32_t Cod_Articulo = 0;
+    /// Customer code.
+    std::int32_t Cliente = 0;
+    /// Percent.
+    double Descuento = 0;
+    /// Kind of discount, stored and returned only.
+    std::uint8_t Tipo_Descuento = 0;
+    /// Family levels that the company uses, 1 to 3.
+    std::int16_t NumNiveles = 0;
+
+    void Insertar();
+    void Eliminar();
+    /// Changes `Descuento` and `Tipo_Descuento` of the row that the other fields name; no row is no error.
+    void Modificar();
+
+    /// Fills level, article and families from a row's key, "article-level-family1-family2-family3".
+    void Calcula_Nivel(std::string_view strClave);
+
+    /// The articles of a family; a family of 0 does not filter. The caller owns the open rows.
+    std::unique_ptr<Recordset> Cargar_Articulos(std::int16_t intFamilia1, std::int16_t intFamilia2,
+                                                std::int16_t intFamilia3);
+    /// Every discount row of the customer with the article's name. The caller owns the open rows.
+    std::unique_ptr<Recordset> Cargar_Todos();
+
+    /// Discount of exactly the row that the fields name, 0 when there is none.
+    double Dev_Descuento();
+    /// Discount that applies to the article for the customer, as the database decides it. Never fails: 0 when the
+    /// database does.
+    double Dev_Descuento_Activo();
+
+  private:
+    bool EsArticulo() const;
+    std::string Cola() const;
+    double Dev_Descuento_Filtro(std::string_view strFiltro);
+};
+
+}  // namespace kv
