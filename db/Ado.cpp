@@ -25,8 +25,8 @@ std::int32_t Connection::EjecutarContando(std::string_view texto) {
 }
 
 Parameter& Parameters::Item(std::string_view nombre) {
-    const auto igual = std::find_if(lista_.begin(), lista_.end(),
-                                    [&](const Parameter& p) { return MismoNombre(p.Name, nombre); });
+    const auto igual =
+        std::find_if(lista_.begin(), lista_.end(), [&](const Parameter& p) { return MismoNombre(p.Name, nombre); });
     if (igual == lista_.end()) LanzarError(kErrElementoNoEncontrado, "parámetro " + std::string(nombre));
     return *igual;
 }

@@ -31,9 +31,15 @@ std::shared_ptr<BibliotecaComun>& Sustituta() {
 
 }  // namespace
 
-TextoNumero BibliotecaComun::LiteralFecha(Fecha fecha) const { return fecha.ATexto(); }
-TextoNumero BibliotecaComun::FormatoSql(Currency valor) const { return valor.ATexto('.'); }
-TextoNumero BibliotecaComun::FormatoSql(double valor) const { return TextoDouble(valor, '.'); }
+TextoNumero BibliotecaComun::LiteralFecha(Fecha fecha) const {
+    return fecha.ATexto();
+}
+TextoNumero BibliotecaComun::FormatoSql(Currency valor) const {
+    return valor.ATexto('.');
+}
+TextoNumero BibliotecaComun::FormatoSql(double valor) const {
+    return TextoDouble(valor, '.');
+}
 
 std::string BibliotecaComun::FormatoPantalla(Currency valor, std::int16_t decimales) const {
     return valor.ATextoFijo(decimales, SeparadorDecimal());
@@ -54,7 +60,9 @@ Fecha BibliotecaComun::Hoy() const {
     return Fecha::DeAmd(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
 }
 
-char BibliotecaComun::SeparadorDecimal() const { return Separador(); }
+char BibliotecaComun::SeparadorDecimal() const {
+    return Separador();
+}
 
 void BibliotecaComun::MensajeCritico(std::string_view texto, std::string_view titulo) {
     std::cerr << titulo << ' ' << texto << std::endl;

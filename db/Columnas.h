@@ -24,13 +24,27 @@ struct Columna {
         destino;
 };
 
-inline void Asignar(std::int16_t& destino, const Valor& valor) { destino = AInteger(valor); }
-inline void Asignar(std::int32_t& destino, const Valor& valor) { destino = ALong(valor); }
-inline void Asignar(std::uint8_t& destino, const Valor& valor) { destino = AByte(valor); }
-inline void Asignar(bool& destino, const Valor& valor) { destino = ABoolean(valor); }
-inline void Asignar(float& destino, const Valor& valor) { destino = ASingle(valor); }
-inline void Asignar(double& destino, const Valor& valor) { destino = ADouble(valor); }
-inline void Asignar(Currency& destino, const Valor& valor) { destino = ACurrency(valor); }
+inline void Asignar(std::int16_t& destino, const Valor& valor) {
+    destino = AInteger(valor);
+}
+inline void Asignar(std::int32_t& destino, const Valor& valor) {
+    destino = ALong(valor);
+}
+inline void Asignar(std::uint8_t& destino, const Valor& valor) {
+    destino = AByte(valor);
+}
+inline void Asignar(bool& destino, const Valor& valor) {
+    destino = ABoolean(valor);
+}
+inline void Asignar(float& destino, const Valor& valor) {
+    destino = ASingle(valor);
+}
+inline void Asignar(double& destino, const Valor& valor) {
+    destino = ADouble(valor);
+}
+inline void Asignar(Currency& destino, const Valor& valor) {
+    destino = ACurrency(valor);
+}
 /// Text keeps the room that it has, so that an object that is loaded again allocates nothing.
 inline void Asignar(std::string& destino, const Valor& valor) {
     if (const std::string* texto = std::get_if<std::string>(&valor))
@@ -50,8 +64,7 @@ inline void Asignar(std::optional<Fecha>& destino, const Valor& valor) {
 template <class Objeto>
 void LeerColumnas(Recordset& rs, Objeto& objeto, std::span<const std::type_identity_t<Columna<Objeto>>> columnas) {
     for (const Columna<Objeto>& columna : columnas)
-        std::visit([&](auto miembro) { Asignar(objeto.*miembro, rs.Fields(columna.nombre).Value()); },
-                   columna.destino);
+        std::visit([&](auto miembro) { Asignar(objeto.*miembro, rs.Fields(columna.nombre).Value()); }, columna.destino);
 }
 
 }  // namespace kv

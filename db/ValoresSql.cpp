@@ -4,22 +4,42 @@
 
 namespace kv {
 
-TextoNumero SqlEntero(std::int32_t valor) { return TextoEntero(valor); }
+TextoNumero SqlEntero(std::int32_t valor) {
+    return TextoEntero(valor);
+}
 
-TextoNumero SqlDoble(double valor) { return TextoDouble(valor, '.'); }
+TextoNumero SqlDoble(double valor) {
+    return TextoDouble(valor, '.');
+}
 
 // Quirk: without the comma replacement, as the plain conversion of the runtime writes it.
-TextoNumero SqlCurrency(Currency valor) { return valor.ATexto(Biblioteca().SeparadorDecimal()); }
+TextoNumero SqlCurrency(Currency valor) {
+    return valor.ATexto(Biblioteca().SeparadorDecimal());
+}
 
-TextoNumero SqlCurrencyConPunto(Currency valor) { return valor.ATexto('.'); }
+TextoNumero SqlCurrencyConPunto(Currency valor) {
+    return valor.ATexto('.');
+}
 
-TextoNumero SqlNumero(Currency valor) { return Biblioteca().FormatoSql(valor); }
-TextoNumero SqlNumero(double valor) { return Biblioteca().FormatoSql(valor); }
+TextoNumero SqlNumero(Currency valor) {
+    return Biblioteca().FormatoSql(valor);
+}
+TextoNumero SqlNumero(double valor) {
+    return Biblioteca().FormatoSql(valor);
+}
 
-TextoNumero SqlFecha(Fecha valor) { return valor.ATexto(); }
-TextoNumero SqlFechaLiteral(Fecha valor) { return Biblioteca().LiteralFecha(valor); }
+TextoNumero SqlFecha(Fecha valor) {
+    return valor.ATexto();
+}
+TextoNumero SqlFechaLiteral(Fecha valor) {
+    return Biblioteca().LiteralFecha(valor);
+}
 
-TextoNumero SqlBooleano(bool valor) { return TextoNumero(valor ? "-1" : "0"); }
-TextoNumero SqlBooleanoAbsoluto(bool valor) { return TextoNumero(valor ? "1" : "0"); }
+TextoNumero SqlBooleano(bool valor) {
+    return TextoNumero(valor ? "-1" : "0");
+}
+TextoNumero SqlBooleanoAbsoluto(bool valor) {
+    return TextoNumero(valor ? "1" : "0");
+}
 
 }  // namespace kv

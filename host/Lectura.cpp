@@ -15,20 +15,17 @@ namespace {
 
 }  // namespace
 
-std::int32_t LeerEntero(const std::string& opcion, const std::string& texto, std::int32_t minimo,
-                        std::int32_t maximo) {
+std::int32_t LeerEntero(const std::string& opcion, const std::string& texto, std::int32_t minimo, std::int32_t maximo) {
     std::int32_t valor = 0;
     const char* fin = texto.data() + texto.size();
     const auto leido = std::from_chars(texto.data(), fin, valor);
     if (leido.ec != std::errc() || leido.ptr != fin || valor < minimo || valor > maximo)
-        Rechazar(opcion, texto,
-                 "un número entero de " + std::to_string(minimo) + " a " + std::to_string(maximo));
+        Rechazar(opcion, texto, "un número entero de " + std::to_string(minimo) + " a " + std::to_string(maximo));
     return valor;
 }
 
 std::int16_t LeerCodigo(const std::string& opcion, const std::string& texto, std::int16_t minimo) {
-    return static_cast<std::int16_t>(
-        LeerEntero(opcion, texto, minimo, std::numeric_limits<std::int16_t>::max()));
+    return static_cast<std::int16_t>(LeerEntero(opcion, texto, minimo, std::numeric_limits<std::int16_t>::max()));
 }
 
 Fecha LeerFecha(const std::string& opcion, const std::string& texto) {

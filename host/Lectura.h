@@ -12,8 +12,7 @@ namespace kv::host {
 // What a person writes on the command line, read strictly. Each function names the option in its error (exit code 2).
 
 /// A whole number between both limits, inclusive.
-std::int32_t LeerEntero(const std::string& opcion, const std::string& texto, std::int32_t minimo,
-                        std::int32_t maximo);
+std::int32_t LeerEntero(const std::string& opcion, const std::string& texto, std::int32_t minimo, std::int32_t maximo);
 /// A code of 16 bits from `minimo` to 32767.
 std::int16_t LeerCodigo(const std::string& opcion, const std::string& texto, std::int16_t minimo = 1);
 /// dd/mm/aaaa or aaaa-mm-dd.

@@ -9,18 +9,20 @@ namespace {
 
 using nlohmann::ordered_json;
 
+struct AJsonVisita {
+    ordered_json operator()(Nulo) const { return nullptr; }
+    ordered_json operator()(Currency v) const { return v.ADouble(); }
+    ordered_json operator()(Fecha v) const { return v.AIso().Cadena(); }
+    // A Single is a percentage here; its nearest decimal says what it is.
+    ordered_json operator()(float v) const { return Currency::DeDouble(static_cast<double>(v)).ADouble(); }
+    template <class T>
+    ordered_json operator()(const T& v) const {
+        return v;
+    }
+};
+
 ordered_json AJson(const Valor& valor) {
-    struct Visita {
-        ordered_json operator()(Nulo) const { return nullptr; }
-        ordered_json operator()(Currency v) const { return v.ADouble(); }
-        ordered_json operator()(Fecha v) const { return v.AIso().Cadena(); }
-        ordered_json operator()(float v) const { return Currency::DeDouble(static_cast<double>(v)).ADouble(); }
-        template <class T>
-        ordered_json operator()(const T& v) const {
-            return v;
-        }
-    };
-    return std::visit(Visita{}, valor);
+    return std::visit(AJsonVisita{}, valor);
 }
 
 std::string AGente(const Valor& valor) {
@@ -42,8 +44,8 @@ std::string Relleno(std::size_t ancho, std::string_view texto) {
 }  // namespace
 
 std::size_t AnchoVisible(std::string_view texto) {
-    return static_cast<std::size_t>(
-        std::count_if(texto.begin(), texto.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+    return static_cast<std::size_t>(std::count_if(
+        texto.begin(), texto.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
 }
 
 void Respuesta::Dato(const std::string& nombre, const std::string& etiqueta, const Valor& valor) {
@@ -52,7 +54,9 @@ void Respuesta::Dato(const std::string& nombre, const std::string& etiqueta, con
     bloques_.push_back(std::move(bloque));
 }
 
-void Respuesta::Linea(const std::string& texto) { bloques_.push_back({Bloque::Clase::Linea, "", texto, {}, {}, {}}); }
+void Respuesta::Linea(const std::string& texto) {
+    bloques_.push_back({Bloque::Clase::Linea, "", texto, {}, {}, {}});
+}
 
 void Respuesta::Tabla(const std::string& nombre, std::vector<std::string> columnas) {
     json_[nombre] = ordered_json::array();

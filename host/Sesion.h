@@ -19,20 +19,19 @@ namespace kv::host {
 /// The options that every command shares.
 struct OpcionesComunes {
     std::string base;
-    std::string odbc;
     std::string empresa = "1";
     bool json = false;
     bool traza = false;
 
-    /// Adds --base, --odbc, --empresa, --json and --traza to a command.
+    /// Adds --base, --empresa, --json and --traza to a command.
     void Anadir(CLI::App& orden);
 };
 
 /// One command at work: its open database, its company and its answer.
 class Sesion {
   public:
-    /// Opens the database that the options name and reads the company. Fallo kUso when none or both are named or the
-    /// company is unknown; kBase when the database cannot be opened.
+    /// Opens the database that the options name and reads the company. Fallo kUso when none is named or the company is
+    /// unknown; the adapter's error when the database cannot be opened.
     Sesion(const OpcionesComunes& opciones, bool soloLectura);
     ~Sesion();
     Sesion(const Sesion&) = delete;
@@ -63,7 +62,7 @@ class Sesion {
 
     Respuesta respuesta;
 
-    /// Writes the answer, and before it the statements when the trace is on.
+    /// Writes the answer, and the trace's sum to standard error when it is on.
     void Escribir(std::ostream& salida) const;
 
   private:

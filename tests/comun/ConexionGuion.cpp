@@ -105,7 +105,9 @@ class ConexionGuion::CommandGuion : public Command {
     ConexionGuion& conexion_;
 };
 
-ConexionGuion::~ConexionGuion() { Terminar(); }
+ConexionGuion::~ConexionGuion() {
+    Terminar();
+}
 
 ConexionGuion::Paso& ConexionGuion::Anadir(std::string_view operacion, std::string_view texto) {
     Paso paso;
@@ -122,7 +124,9 @@ ConexionGuion::Paso& ConexionGuion::EsperaConsulta(std::string_view texto, std::
     return paso;
 }
 
-ConexionGuion::Paso& ConexionGuion::EsperaEjecucion(std::string_view texto) { return Anadir("Execute", texto); }
+ConexionGuion::Paso& ConexionGuion::EsperaEjecucion(std::string_view texto) {
+    return Anadir("Execute", texto);
+}
 
 ConexionGuion::Paso& ConexionGuion::EsperaEscritura(std::string_view texto, std::int32_t afectados) {
     Paso& paso = Anadir("Execute", texto);
@@ -141,9 +145,15 @@ ConexionGuion::Paso& ConexionGuion::EsperaProcedimiento(std::string_view nombre,
     return paso;
 }
 
-ConexionGuion::Paso& ConexionGuion::EsperaBeginTrans() { return Anadir("BeginTrans", ""); }
-ConexionGuion::Paso& ConexionGuion::EsperaCommitTrans() { return Anadir("CommitTrans", ""); }
-ConexionGuion::Paso& ConexionGuion::EsperaRollbackTrans() { return Anadir("RollbackTrans", ""); }
+ConexionGuion::Paso& ConexionGuion::EsperaBeginTrans() {
+    return Anadir("BeginTrans", "");
+}
+ConexionGuion::Paso& ConexionGuion::EsperaCommitTrans() {
+    return Anadir("CommitTrans", "");
+}
+ConexionGuion::Paso& ConexionGuion::EsperaRollbackTrans() {
+    return Anadir("RollbackTrans", "");
+}
 
 void ConexionGuion::YFalla(std::int32_t numero, std::string_view descripcion) {
     pasos_.back().fallo = RuntimeError(numero, "Proveedor", std::string(descripcion));
@@ -158,8 +168,7 @@ ConexionGuion::Paso ConexionGuion::Tomar(std::string_view operacion, std::string
     if (pasos_.empty()) Discrepancia("operación inesperada tras el guion:\n  " + Entre(operacion, texto));
     if (pasos_.front().operacion != operacion || pasos_.front().texto != texto)
         Discrepancia("paso " + std::to_string(hechos_ + 1) + ":\n  esperado " +
-                     Entre(pasos_.front().operacion, pasos_.front().texto) + "\n  recibido " +
-                     Entre(operacion, texto));
+                     Entre(pasos_.front().operacion, pasos_.front().texto) + "\n  recibido " + Entre(operacion, texto));
     Paso paso = std::move(pasos_.front());
     pasos_.pop_front();
     ++hechos_;
@@ -174,11 +183,21 @@ void ConexionGuion::Execute(std::string_view texto, std::int32_t* afectados, Com
     if (afectados != nullptr) *afectados = paso.afectados;
 }
 
-void ConexionGuion::BeginTrans() { Tomar("BeginTrans", ""); }
-void ConexionGuion::CommitTrans() { Tomar("CommitTrans", ""); }
-void ConexionGuion::RollbackTrans() { Tomar("RollbackTrans", ""); }
+void ConexionGuion::BeginTrans() {
+    Tomar("BeginTrans", "");
+}
+void ConexionGuion::CommitTrans() {
+    Tomar("CommitTrans", "");
+}
+void ConexionGuion::RollbackTrans() {
+    Tomar("RollbackTrans", "");
+}
 
-std::unique_ptr<Recordset> ConexionGuion::CrearRecordset() { return std::make_unique<RecordsetGuion>(*this); }
-std::unique_ptr<Command> ConexionGuion::CrearCommand() { return std::make_unique<CommandGuion>(*this); }
+std::unique_ptr<Recordset> ConexionGuion::CrearRecordset() {
+    return std::make_unique<RecordsetGuion>(*this);
+}
+std::unique_ptr<Command> ConexionGuion::CrearCommand() {
+    return std::make_unique<CommandGuion>(*this);
+}
 
 }  // namespace kv::prueba

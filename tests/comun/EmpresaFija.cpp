@@ -30,8 +30,12 @@ class BibliotecaDePrueba::Fija : public BibliotecaComun {
 BibliotecaDePrueba::BibliotecaDePrueba(Fecha hoy, char separador)
     : fija_(std::make_shared<Fija>(hoy, separador)), anterior_(CambiarBiblioteca(fija_)) {}
 
-BibliotecaDePrueba::~BibliotecaDePrueba() { CambiarBiblioteca(anterior_); }
+BibliotecaDePrueba::~BibliotecaDePrueba() {
+    CambiarBiblioteca(anterior_);
+}
 
-const std::vector<BibliotecaDePrueba::Mensaje>& BibliotecaDePrueba::Mensajes() const { return fija_->mensajes; }
+const std::vector<BibliotecaDePrueba::Mensaje>& BibliotecaDePrueba::Mensajes() const {
+    return fija_->mensajes;
+}
 
 }  // namespace kv::prueba

@@ -16,7 +16,9 @@ void EsperarError(std::int32_t numero, std::string_view origen, Accion&& accion)
         ADD_FAILURE() << "no ha fallado: se esperaba el error " << numero;
     } catch (const RuntimeError& error) {
         EXPECT_EQ(numero, error.numero) << error.descripcion;
-        if (!origen.empty()) EXPECT_EQ(origen, error.origen) << error.descripcion;
+        if (!origen.empty()) {
+            EXPECT_EQ(origen, error.origen) << error.descripcion;
+        }
     }
 }
 

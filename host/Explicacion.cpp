@@ -1,0 +1,224 @@
+#include "host/Explicacion.h"
+
+#include "db/BibliotecaComun.h"
+#include "db/ValoresSql.h"
+
+namespace kv::host {
+namespace {
+
+std::string Texto(Currency valor) {
+    return valor.ATexto(Biblioteca().SeparadorDecimal()).Cadena();
+}
+
+std::string TextoNodo(const NivelesCadena& nodo) {
+    std::string texto;
+    for (const std::int16_t nivel : nodo) {
+        if (nivel == 0) break;
+        texto += (texto.empty() ? "" : ".") + std::to_string(nivel);
+    }
+    return "nodo " + texto;
+}
+
+const char* NombreOrigen(OrigenTarifa origen) {
+    switch (origen) {
+        case OrigenTarifa::Pedida:
+            return "pedida";
+        case OrigenTarifa::PromocionCliente:
+            return "promoción del cliente";
+        case OrigenTarifa::Cliente:
+            return "del cliente";
+        case OrigenTarifa::Empresa:
+            return "de la empresa";
+    }
+    return "";
+}
+
+const char* NombreFuente(FuentePrecio fuente) {
+    switch (fuente) {
+        case FuentePrecio::Tarifa:
+            return "Tarifa";
+        case FuentePrecio::Coste:
+            return "Venta a coste";
+        case FuentePrecio::CosteTipoCliente:
+            return "Cliente a coste";
+        case FuentePrecio::PrecioCliente:
+            return "Precio del cliente";
+        case FuentePrecio::PrecioBaseCadena:
+            return "Precio base de cadena";
+        case FuentePrecio::ConvenioPvp:
+            return "Convenio de precio";
+        case FuentePrecio::NetoCadena:
+            return "Neto de cadena";
+        case FuentePrecio::Redondeo:
+            return "Redondeo";
+    }
+    return "";
+}
+
+bool Hay(Sesion& sesion, std::string_view sql) {
+    std::unique_ptr<Recordset> rs;
+    AbrirLectura(rs, sesion.Cnx(), sql);
+    return !rs->Eof();
+}
+
+std::string CondicionNodo(const NivelesCadena& nodo) {
+    std::string sql;
+    for (std::size_t i = 0; i < nodo.size(); ++i)
+        Agregar(sql, " AND Cod_Nivel", TextoEntero(static_cast<std::int64_t>(i) + 1), " =", SqlEntero(nodo[i]));
+    return sql;
+}
+
+}  // namespace
+
+Explicacion::Renglon& Explicacion::Nuevo(std::string fuente, std::string clave) {
+    Renglon renglon;
+    renglon.fuente = std::move(fuente);
+    renglon.clave = std::move(clave);
+    return renglones_.emplace_back(std::move(renglon));
+}
+
+void Explicacion::Tarifa(const TarifaProbada& tarifa) {
+    std::string fuente = tarifa.programada ? "Cambio de tarifa" : "Tarifa";
+    if (tarifa.porCualidad) fuente += " de la variante " + std::to_string(asunto_.cualidadX);
+    Renglon& r = Nuevo(fuente, "tarifa " + std::to_string(tarifa.tarifa) + " (" + NombreOrigen(tarifa.origen) + ")");
+    r.tarifa = tarifa.tarifa;
+    r.porCualidad = tarifa.porCualidad;
+    if (tarifa.hallada)
+        r.resultado = "hallada: " + Texto(tarifa.pvp);
+    else
+        r.duda = tarifa.programada ? Duda::Cambio : Duda::Tarifa;
+}
+
+void Explicacion::Paso(const PasoPrecio& paso) {
+    Renglon& r = Nuevo(NombreFuente(paso.fuente), "");
+    r.antes = paso.antes;
+    r.despues = paso.despues;
+    r.puso = paso.aplicada && paso.fuente != FuentePrecio::Redondeo && paso.fuente != FuentePrecio::NetoCadena;
+    r.resultado = paso.aplicada ? "aplicado" : "nada";
+    if (paso.fuente == FuentePrecio::Tarifa && !paso.hallada) {
+        r.resultado = "ninguna tarifa tiene precio";
+        r.puso = false;
+    }
+    if (paso.fuente == FuentePrecio::PrecioCliente) {
+        r.clave = "cliente " + std::to_string(asunto_.cliente);
+        if (!paso.hallada) r.duda = Duda::PrecioCliente;
+    }
+    if (paso.fuente == FuentePrecio::ConvenioPvp) {
+        r.clave = "cliente " + std::to_string(asunto_.cliente);
+        if (!paso.hallada)
+            r.duda = Duda::Convenio;
+        else if (!paso.aplicada)
+            r.resultado = "hallado, pero el precio sale 0 o menos: se ignora";
+    }
+    if (paso.fuente == FuentePrecio::PrecioBaseCadena && !paso.hallada)
+        r.resultado = preguntadaCadena_ ? "ningún nodo tiene precio base" : "el cliente no tiene cadena";
+    if (paso.fuente == FuentePrecio::NetoCadena && !paso.hallada) r.resultado = "el cliente no tiene cadena";
+}
+
+void Explicacion::DescuentoLinea(FuenteDescuento fuente, Currency porcentaje) {
+    Renglon& r = Nuevo(fuente == FuenteDescuento::Grupo ? "Descuento de grupo" : "Descuento de familia",
+                       "cliente " + std::to_string(asunto_.cliente));
+    r.resultado = porcentaje == Currency() ? "ninguno" : Texto(porcentaje) + " % para la línea, fuera del precio";
+}
+
+void Explicacion::NodoBase(const NivelesCadena& nodo, bool hallado, Currency base) {
+    preguntadaCadena_ = true;
+    Renglon& r = Nuevo("Acuerdo: precio base", TextoNodo(nodo));
+    r.nodo = nodo;
+    if (!hallado)
+        r.duda = Duda::Nodo;
+    else
+        r.resultado = base == Currency() ? "acuerdo sin precio base" : "hallado: " + Texto(base);
+}
+
+void Explicacion::NodoDescuentos(const NivelesCadena& nodo, bool hallado, int aplicables) {
+    Renglon& r = Nuevo("Acuerdo: descuentos", TextoNodo(nodo));
+    r.nodo = nodo;
+    if (!hallado)
+        r.duda = Duda::Nodo;
+    else
+        r.resultado = std::to_string(aplicables) + (aplicables == 1 ? " descuento vigente" : " descuentos vigentes");
+}
+
+void Explicacion::DescuentoCadena(const DescuentoAplicado& d) {
+    Renglon& r = Nuevo("Descuento de cadena", "");
+    r.antes = d.antes;
+    r.despues = d.despues;
+    if (d.tipo == 0)
+        r.clave = Texto(d.importe) + (d.cascada ? " % en cascada sobre " : " % sobre ") + Texto(d.base);
+    else if (d.tipo == 1)
+        r.clave = "importe " + Texto(d.importe);
+    else
+        r.clave = "oferta " + Texto(d.importe) + " + " + Texto(d.cantidad) + " gratis";
+    r.resultado = (d.tipo == 2 ? "precio " : "quita ") + Texto(d.sinRedondear) + ", redondeado " + Texto(d.redondeado);
+}
+
+std::string Explicacion::MotivoTarifa(Sesion& sesion, const Renglon& r) const {
+    const std::string tabla = r.porCualidad ? "Articulos_Tarifas_C" : "Articulos_Tarifas";
+    std::string sql =
+        TextoSql("SELECT Pvp FROM ", tabla, " WHERE Cod_Empresa =", SqlEntero(sesion.Emp().CodEmpresaArticulos()),
+                 " AND Cod_Articulo =", SqlEntero(asunto_.articulo), " AND Cod_Tarifa =", SqlEntero(r.tarifa));
+    if (r.porCualidad) Agregar(sql, " AND CualidadX =", SqlEntero(asunto_.cualidadX));
+    return Hay(sesion, sql) ? "precio 0" : "sin fila";
+}
+
+std::string Explicacion::MotivoCambio(Sesion& sesion, const Renglon& r) const {
+    const std::string tabla = r.porCualidad ? "Tarifas_Modificacion_C" : "Tarifas_Modificacion";
+    std::string sql =
+        TextoSql("SELECT Pvp FROM ", tabla, " WHERE Cod_Empresa =", SqlEntero(sesion.Emp().CodEmpresaArticulos()),
+                 " AND Cod_Articulo =", SqlEntero(asunto_.articulo), " AND Cod_Tarifa =", SqlEntero(r.tarifa));
+    if (r.porCualidad) Agregar(sql, " AND CualidadX =", SqlEntero(asunto_.cualidadX));
+    if (!Hay(sesion, sql)) return "sin cambios programados";
+    Agregar(sql, " AND Actualizado =1 AND Borrado =0");
+    if (!Hay(sesion, sql)) return "los cambios están retirados o no toman parte";
+    Agregar(sql, " AND Fecha_Entrada <='", SqlFecha(asunto_.fecha), "'");
+    return Hay(sesion, sql) ? "precio 0" : "los cambios entran después de la fecha";
+}
+
+std::string Explicacion::Motivo(Sesion& sesion, const Renglon& r) const {
+    const TextoNumero empresa = SqlEntero(sesion.Emp().CodEmpresa());
+    const TextoNumero cliente = SqlEntero(asunto_.cliente);
+    const TextoNumero articulo = SqlEntero(asunto_.articulo);
+    switch (r.duda) {
+        case Duda::Tarifa:
+            return MotivoTarifa(sesion, r);
+        case Duda::Cambio:
+            return MotivoCambio(sesion, r);
+        case Duda::PrecioCliente:
+            return Hay(sesion, TextoSql("SELECT PVP FROM Clientes_Art_PVP WHERE Cod_Empresa =", empresa,
+                                        " AND Cod_Cliente =", cliente, " AND Cod_Articulo =", articulo))
+                       ? "fuera de sus fechas"
+                       : "sin precio propio";
+        case Duda::Nodo:
+            return Hay(sesion, TextoSql("SELECT PBase FROM Clientes_Cadenas_ConvArt WHERE Cod_Empresa =", empresa,
+                                        " AND Cod_Articulo =", articulo, CondicionNodo(r.nodo)))
+                       ? "acuerdo fuera de sus fechas"
+                       : "sin acuerdo";
+        case Duda::Convenio:
+            return Hay(sesion, TextoSql("SELECT Pvp FROM Clientes_Convenio_Pvp WHERE Cod_Empresa =", empresa,
+                                        " AND Cod_Cliente =", cliente, " AND Cod_Articulo =", articulo))
+                       ? "el artículo base no está o no tiene tarifa 1"
+                       : "sin convenio";
+        case Duda::Ninguna:
+            break;
+    }
+    return r.resultado;
+}
+
+void Explicacion::Escribir(Sesion& sesion) const {
+    sesion.respuesta.Linea("");
+    sesion.respuesta.Linea("Por qué este precio:");
+    sesion.respuesta.Tabla("explicacion", {"fuente", "clave", "resultado", "antes", "después"});
+    for (std::size_t i = 0; i < renglones_.size(); ++i) {
+        const Renglon& r = renglones_[i];
+        std::string resultado = Motivo(sesion, r);
+        for (std::size_t j = i + 1; r.puso && j < renglones_.size(); ++j) {
+            if (!renglones_[j].puso) continue;
+            resultado += "; lo sustituye: " + renglones_[j].fuente;
+            break;
+        }
+        sesion.respuesta.Fila({r.fuente, r.clave, resultado, r.antes, r.despues});
+    }
+}
+
+}  // namespace kv::host
