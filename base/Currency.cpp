@@ -24,13 +24,25 @@ std::int64_t ConSigno(std::uint64_t magnitud, bool negativo) {
     return static_cast<std::int64_t>(negativo ? 0U - magnitud : magnitud);
 }
 
-// Half to even, whatever the processor's rounding mode.
-double RedondearAlPar(double valor) {
-    const double suelo = std::floor(valor);
-    const double resto = valor - suelo;
-    if (resto < 0.5) return suelo;
-    if (resto > 0.5) return suelo + 1;
-    return std::fmod(suelo, 2.0) == 0.0 ? suelo : suelo + 1;
+// The exact product of the binary value and the scale, half to even: what the multiplication rounded off decides a tie
+// and, in large amounts, still counts whole units.
+std::int64_t EscalarAlPar(double valor) {
+    constexpr auto kFactor = static_cast<double>(kEscala);
+    const double producto = valor * kFactor;
+    // 2^63 is the first value that does not fit; the comparison is false for NaN.
+    if (!(producto >= -0x1p63 && producto < 0x1p63)) LanzarError(kErrDesbordamiento);
+    const double sobrante = std::fma(valor, kFactor, -producto);
+    const double suelo = std::floor(producto);
+    const double resto = producto - suelo;
+    auto entero = static_cast<std::int64_t>(suelo);
+    if (resto == 0.0) {
+        const auto unidades = static_cast<std::int64_t>(std::nearbyint(sobrante));
+        if (unidades > 0 && entero > kMaximo - unidades) LanzarError(kErrDesbordamiento);
+        return entero + unidades;
+    }
+    const bool mitad = resto == 0.5 && sobrante == 0.0;
+    if (mitad ? entero % 2 != 0 : resto > 0.5 || (resto == 0.5 && sobrante > 0.0)) ++entero;
+    return entero;
 }
 
 }  // namespace
@@ -40,12 +52,7 @@ Currency Currency::DeEntero(std::int64_t unidades) {
     return Currency(unidades * kEscala);
 }
 
-Currency Currency::DeDouble(double valor) {
-    const double escalado = RedondearAlPar(valor * static_cast<double>(kEscala));
-    // 2^63 is the first value that does not fit; the comparison is false for NaN.
-    if (!(escalado >= -0x1p63 && escalado < 0x1p63)) LanzarError(kErrDesbordamiento);
-    return Currency(static_cast<std::int64_t>(escalado));
-}
+Currency Currency::DeDouble(double valor) { return Currency(EscalarAlPar(valor)); }
 
 Currency Currency::DeTexto(std::string_view texto) {
     const Decimal decimal = LeerDecimal(texto);
