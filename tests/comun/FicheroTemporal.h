@@ -1,0 +1,35 @@
+#pragma once
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <string>
+
+namespace kv::prueba {
+
+/// A folder of its own, gone with everything in it when the test ends.
+class CarpetaTemporal {
+  public:
+    CarpetaTemporal() {
+        std::string plantilla = (std::filesystem::temp_directory_path() / "kvdatosart-XXXXXX").string();
+        ruta_ = mkdtemp(plantilla.data());
+    }
+    ~CarpetaTemporal() {
+        std::error_code ignorado;
+        std::filesystem::remove_all(ruta_, ignorado);
+    }
+    CarpetaTemporal(const CarpetaTemporal&) = delete;
+    CarpetaTemporal& operator=(const CarpetaTemporal&) = delete;
+
+    std::string Fichero(const std::string& nombre) const { return (ruta_ / nombre).string(); }
+    std::size_t CuantosFicheros() const {
+        std::size_t cuantos = 0;
+        for ([[maybe_unused]] const auto& fichero : std::filesystem::directory_iterator(ruta_)) ++cuantos;
+        return cuantos;
+    }
+
+  private:
+    std::filesystem::path ruta_;
+};
+
+}  // namespace kv::prueba
