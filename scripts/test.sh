@@ -1,0 +1,8 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds with the sanitizers and runs every test.
+set -euo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/comun.sh"
+
+scripts/instalar.sh nativo
+construir dev
+ctest --preset dev -j "$(nproc)"
