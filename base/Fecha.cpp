@@ -35,6 +35,41 @@ int TomarNumero(std::string_view& resto, char separador, std::size_t masCifras) 
     return leido.ptr == cifras.data() + cifras.size() ? valor : -1;
 }
 
+// The number of `cuantas` digits at `desde`; -1 when they are not all digits.
+int Cifras(std::string_view texto, std::size_t desde, std::size_t cuantas) {
+    int valor = 0;
+    for (std::size_t i = desde; i < desde + cuantas; ++i) {
+        if (texto[i] < '0' || texto[i] > '9') return -1;
+        valor = valor * 10 + (texto[i] - '0');
+    }
+    return valor;
+}
+
+struct Amd {
+    int anio = -1;
+    int mes = -1;
+    int dia = -1;
+};
+
+// The two shapes that databases and statements use, with all their digits.
+Amd LeerCompleta(std::string_view texto) {
+    if (texto.size() != 10) return {};
+    if (texto[4] == '-' && texto[7] == '-') return {Cifras(texto, 0, 4), Cifras(texto, 5, 2), Cifras(texto, 8, 2)};
+    if (texto[2] == '/' && texto[5] == '/') return {Cifras(texto, 6, 4), Cifras(texto, 3, 2), Cifras(texto, 0, 2)};
+    return {};
+}
+
+// Any of the shapes, with one or two digits for day and month.
+Amd LeerSuelta(std::string_view resto) {
+    const bool iso = resto.find('-') != std::string_view::npos;
+    const char separador = iso ? '-' : '/';
+    const int primero = TomarNumero(resto, separador, iso ? 4 : 2);
+    const int mes = TomarNumero(resto, separador, 2);
+    const int ultimo = TomarNumero(resto, separador, iso ? 2 : 4);
+    if (!resto.empty()) return {};
+    return iso ? Amd{primero, mes, ultimo} : Amd{ultimo, mes, primero};
+}
+
 void AgregarCifras(TextoNumero& texto, int valor, int cuantas) {
     int peso = 1;
     for (int i = 1; i < cuantas; ++i) peso *= 10;
@@ -59,15 +94,11 @@ Fecha Fecha::DeTexto(std::string_view texto) {
     std::string_view resto = texto;
     while (!resto.empty() && resto.front() == ' ') resto.remove_prefix(1);
     resto = resto.substr(0, resto.find_first_of(" T"));
-    const bool iso = resto.find('-') != std::string_view::npos;
-    const char separador = iso ? '-' : '/';
-    const int primero = TomarNumero(resto, separador, iso ? 4 : 2);
-    const int mes = TomarNumero(resto, separador, 2);
-    const int ultimo = TomarNumero(resto, separador, iso ? 2 : 4);
-    const int anio = iso ? primero : ultimo;
-    const int dia = iso ? ultimo : primero;
-    if (!resto.empty() || anio < 100 || mes < 1 || mes > 12 || dia < 1 || dia > 31) NoEsFecha(texto);
-    const year_month_day fecha{year(anio), month(static_cast<unsigned>(mes)), day(static_cast<unsigned>(dia))};
+    Amd leida = LeerCompleta(resto);
+    if (leida.anio < 0) leida = LeerSuelta(resto);
+    if (leida.anio < 100 || leida.mes < 1 || leida.mes > 12 || leida.dia < 1) NoEsFecha(texto);
+    const year_month_day fecha{year(leida.anio), month(static_cast<unsigned>(leida.mes)),
+                               day(static_cast<unsigned>(leida.dia))};
     if (!fecha.ok()) NoEsFecha(texto);
     return Fecha(sys_days(fecha));
 }
@@ -79,11 +110,19 @@ Fecha Fecha::DeOle(double dias_) {
     return DeDias(kCeroOle + days(static_cast<int>(enteros)));
 }
 
-int Fecha::Anio() const { return static_cast<int>(year_month_day(dia_).year()); }
-int Fecha::Mes() const { return static_cast<int>(static_cast<unsigned>(year_month_day(dia_).month())); }
-int Fecha::Dia() const { return static_cast<int>(static_cast<unsigned>(year_month_day(dia_).day())); }
+int Fecha::Anio() const {
+    return static_cast<int>(year_month_day(dia_).year());
+}
+int Fecha::Mes() const {
+    return static_cast<int>(static_cast<unsigned>(year_month_day(dia_).month()));
+}
+int Fecha::Dia() const {
+    return static_cast<int>(static_cast<unsigned>(year_month_day(dia_).day()));
+}
 
-double Fecha::AOle() const { return static_cast<double>((dia_ - kCeroOle).count()); }
+double Fecha::AOle() const {
+    return static_cast<double>((dia_ - kCeroOle).count());
+}
 
 TextoNumero Fecha::ATexto() const {
     const year_month_day fecha(dia_);
@@ -107,6 +146,8 @@ TextoNumero Fecha::AIso() const {
     return texto;
 }
 
-Fecha Fecha::operator+(int dias_) const { return DeDias(dia_ + days(dias_)); }
+Fecha Fecha::operator+(int dias_) const {
+    return DeDias(dia_ + days(dias_));
+}
 
 }  // namespace kv

@@ -6,6 +6,7 @@ namespace kv {
 
 /// True when two column or parameter names are the same without regard to the case of their ASCII letters.
 inline bool MismoNombre(std::string_view a, std::string_view b) {
+    if (a == b) return true;
     if (a.size() != b.size()) return false;
     for (std::size_t i = 0; i < a.size(); ++i) {
         const unsigned char x = static_cast<unsigned char>(a[i]);

@@ -55,11 +55,14 @@ CacheSentencias::Entrada& CacheSentencias::Nueva(std::string_view texto, std::ui
     return entradas_.front();
 }
 
-// The two templates that last followed the previous statement, the latest first.
+// To the front of what follows the previous statement; the one that rested longest there makes room.
 void CacheSentencias::Recordar(Entrada& entrada) {
-    if (anterior_ == nullptr || anterior_->siguientes[0] == &entrada) return;
-    anterior_->siguientes[1] = anterior_->siguientes[0];
-    anterior_->siguientes[0] = &entrada;
+    if (anterior_ == nullptr) return;
+    auto& siguientes = anterior_->siguientes;
+    auto sitio = std::find(siguientes.begin(), siguientes.end(), &entrada);
+    if (sitio == siguientes.end()) --sitio;
+    *sitio = &entrada;
+    std::rotate(siguientes.begin(), sitio, sitio + 1);
 }
 
 void CacheSentencias::Recortar() {

@@ -43,7 +43,8 @@ class CacheSentencias {
         std::vector<TipoColumna> destinos;
         // More than one only while a statement of the same template is in use.
         std::vector<std::unique_ptr<Sentencia>> sentencias;
-        std::array<Entrada*, 2> siguientes{};
+        // The templates that last followed this one, the latest first.
+        std::array<Entrada*, 4> siguientes{};
     };
     using Lista = std::list<Entrada>;
 

@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# Builds the benchmarks and runs them: times side by side in one run, then instructions of adapter against floor.
+set -euo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/comun.sh"
+
+scripts/instalar.sh nativo bench
+construir release
+mkdir -p build/bench && cd build/bench
+rm -f ./*.kv
+
+echo "== Consultas de una carga, por el adaptador y a mano"
+../release/bench/kv_bench_consultas --benchmark_enable_random_interleaving=true | tee consultas.txt
+
+echo "== Instrucciones por carga (callgrind), adaptador y piso"
+../release/bench/kv_bench_consultas --base instrucciones.kv 1000
+instrucciones() {
+    valgrind --tool=callgrind --callgrind-out-file=/dev/null \
+        ../release/bench/kv_bench_consultas --cuenta "$1" instrucciones.kv "$2" 2>&1 | sed -n 's/.*refs: *//p' | tr -d ,
+}
+declare -A por_carga
+for lector in adaptador piso; do
+    por_carga[$lector]=$((($(instrucciones "$lector" 3000) - $(instrucciones "$lector" 1000)) / 2000))
+    echo "$lector: ${por_carga[$lector]}"
+done
+awk -v a="${por_carga[adaptador]}" -v p="${por_carga[piso]}" 'BEGIN { printf "razón: %.2f\n", a / p }'
