@@ -14,7 +14,9 @@ namespace {
 constexpr std::int64_t kMax = std::numeric_limits<std::int64_t>::max();
 constexpr std::int64_t kMin = std::numeric_limits<std::int64_t>::min();
 
-Currency C(std::int64_t diezmilesimas) { return Currency::DeDiezmilesimas(diezmilesimas); }
+Currency C(std::int64_t diezmilesimas) {
+    return Currency::DeDiezmilesimas(diezmilesimas);
+}
 
 TEST(Currency, DeDouble_RedondeaAlParEnLaCuartaCifra) {
     struct Caso {
@@ -38,25 +40,24 @@ TEST(Currency, DeDouble_RedondeaAlParEnLaCuartaCifra) {
 }
 
 TEST(Currency, FueraDeRango_Error6EnCadaOperacion) {
-    const std::function<void()> kCasos[] = {
-        [] { Currency::DeDouble(922337203685478.0); },
-        [] { Currency::DeDouble(-922337203685478.0); },
-        [] { Currency::DeDouble(std::nan("")); },
-        [] { Currency::DeDouble(std::numeric_limits<double>::infinity()); },
-        [] { Currency::DeEntero(922337203685478); },
-        [] { Currency::DeEntero(-922337203685478); },
-        [] { Currency::DeTexto("922337203685477.5808"); },
-        [] { Currency::DeTexto("99999999999999999999999"); },
-        [] { (void)-C(kMin); },
-        [] { (void)(C(kMax) + C(1)); },
-        [] { (void)(C(kMin) + C(-1)); },
-        [] { (void)(C(kMin) - C(1)); },
-        [] { (void)(C(kMax) - C(-1)); },
-        [] { (void)(C(0) - C(kMin)); },
-        [] { (void)(C(kMax) * C(10001)); },
-        [] { (void)(C(kMin) * C(-10000)); },
-        [] { (void)(C(kMax) * C(kMax)); },
-        [] { (void)C(kMax).RedondearAlejando(3); }};
+    const std::function<void()> kCasos[] = {[] { Currency::DeDouble(922337203685478.0); },
+                                            [] { Currency::DeDouble(-922337203685478.0); },
+                                            [] { Currency::DeDouble(std::nan("")); },
+                                            [] { Currency::DeDouble(std::numeric_limits<double>::infinity()); },
+                                            [] { Currency::DeEntero(922337203685478); },
+                                            [] { Currency::DeEntero(-922337203685478); },
+                                            [] { Currency::DeTexto("922337203685477.5808"); },
+                                            [] { Currency::DeTexto("99999999999999999999999"); },
+                                            [] { (void)-C(kMin); },
+                                            [] { (void)(C(kMax) + C(1)); },
+                                            [] { (void)(C(kMin) + C(-1)); },
+                                            [] { (void)(C(kMin) - C(1)); },
+                                            [] { (void)(C(kMax) - C(-1)); },
+                                            [] { (void)(C(0) - C(kMin)); },
+                                            [] { (void)(C(kMax) * C(10001)); },
+                                            [] { (void)(C(kMin) * C(-10000)); },
+                                            [] { (void)(C(kMax) * C(kMax)); },
+                                            [] { (void)C(kMax).RedondearAlejando(3); }};
     int numero = 0;
     for (const auto& caso : kCasos) {
         SCOPED_TRACE(numero++);
@@ -71,8 +72,8 @@ TEST(Currency, Producto_EsExactoYRedondeaAlPar) {
         std::int64_t producto;
     };
     for (const Caso& caso : {Caso{25000, 15000, 37500},
-                             {1, 5000, 0},                // 0.00005: tie to 0
-                             {3, 5000, 2},                // 0.00015: tie to 0.0002
+                             {1, 5000, 0},  // 0.00005: tie to 0
+                             {3, 5000, 2},  // 0.00015: tie to 0.0002
                              {-1, 5000, 0},
                              {-3, 5000, -2},
                              {1, 5001, 1},
@@ -91,9 +92,17 @@ TEST(Currency, RedondearAlejando_AlejaDelCeroEnLosEmpates) {
         int decimales;
         std::int64_t redondeado;
     };
-    for (const Caso& caso : {Caso{10050, 2, 10100}, {10049, 2, 10000}, {-10050, 2, -10100}, {-10049, 2, -10000},
-                             {5000, 0, 10000}, {-5000, 0, -10000}, {4999, 0, 0}, {12345, 3, 12350}, {12345, 4, 12345},
-                             {12345, 9, 12345}, {15500, 1, 16000}})
+    for (const Caso& caso : {Caso{10050, 2, 10100},
+                             {10049, 2, 10000},
+                             {-10050, 2, -10100},
+                             {-10049, 2, -10000},
+                             {5000, 0, 10000},
+                             {-5000, 0, -10000},
+                             {4999, 0, 0},
+                             {12345, 3, 12350},
+                             {12345, 4, 12345},
+                             {12345, 9, 12345},
+                             {15500, 1, 16000}})
         EXPECT_EQ(caso.redondeado, C(caso.valor).RedondearAlejando(caso.decimales).Diezmilesimas())
             << caso.valor << " a " << caso.decimales;
     EsperarError(kErrLlamadaInvalida, "", [] { (void)C(1).RedondearAlejando(-1); });
@@ -105,9 +114,14 @@ TEST(Currency, Textos_DeIdaYVuelta) {
         const char* texto;
         const char* fijo2;
     };
-    for (const Caso& caso : {Caso{0, "0", "0,00"}, {125000, "12,5", "12,50"}, {-1, "-0,0001", "0,00"},
-                             {-25000, "-2,5", "-2,50"}, {10000, "1", "1,00"}, {100, "0,01", "0,01"},
-                             {199, "0,0199", "0,01"}, {kMax, "922337203685477,5807", "922337203685477,58"},
+    for (const Caso& caso : {Caso{0, "0", "0,00"},
+                             {125000, "12,5", "12,50"},
+                             {-1, "-0,0001", "0,00"},
+                             {-25000, "-2,5", "-2,50"},
+                             {10000, "1", "1,00"},
+                             {100, "0,01", "0,01"},
+                             {199, "0,0199", "0,01"},
+                             {kMax, "922337203685477,5807", "922337203685477,58"},
                              {kMin, "-922337203685477,5808", "-922337203685477,58"}}) {
         EXPECT_EQ(caso.texto, C(caso.valor).ATexto(',').Cadena());
         EXPECT_EQ(caso.fijo2, C(caso.valor).ATextoFijo(2, ','));
@@ -127,11 +141,24 @@ TEST(TextoDouble, DigitosExponentesYSigno) {
         double valor;
         const char* texto;
     };
-    for (const Caso& caso :
-         {Caso{0, "0"}, {-0.0, "0"}, {1, "1"}, {-2.5, "-2.5"}, {0.1 + 0.2, "0.3"}, {1.0 / 3, "0.333333333333333"},
-          {100, "100"}, {123456789012345.0, "123456789012345"}, {999999999999999.0, "999999999999999"},
-          {1e15, "1E+15"}, {1.5e20, "1.5E+20"}, {0.0001, "0.0001"}, {0.00012345, "0.00012345"}, {0.00001, "1E-05"},
-          {1.25e-10, "1.25E-10"}, {1e100, "1E+100"}, {999999999999999.9, "1E+15"}, {1234.5678, "1234.5678"}})
+    for (const Caso& caso : {Caso{0, "0"},
+                             {-0.0, "0"},
+                             {1, "1"},
+                             {-2.5, "-2.5"},
+                             {0.1 + 0.2, "0.3"},
+                             {1.0 / 3, "0.333333333333333"},
+                             {100, "100"},
+                             {123456789012345.0, "123456789012345"},
+                             {999999999999999.0, "999999999999999"},
+                             {1e15, "1E+15"},
+                             {1.5e20, "1.5E+20"},
+                             {0.0001, "0.0001"},
+                             {0.00012345, "0.00012345"},
+                             {0.00001, "1E-05"},
+                             {1.25e-10, "1.25E-10"},
+                             {1e100, "1E+100"},
+                             {999999999999999.9, "1E+15"},
+                             {1234.5678, "1234.5678"}})
         EXPECT_EQ(caso.texto, TextoDouble(caso.valor, '.').Cadena());
     EXPECT_EQ("-2,5", TextoDouble(-2.5, ',').Cadena());
     EXPECT_EQ("0.1", TextoSingle(0.1F, '.').Cadena());

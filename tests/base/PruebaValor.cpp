@@ -16,10 +16,24 @@ TEST(Valor, AEnteros_RedondeanAlPar) {
         Valor valor;
         int entero;
     };
-    for (const Caso& caso : {Caso{std::int32_t{7}, 7}, {2.5, 2}, {3.5, 4}, {-2.5, -2}, {-3.5, -4}, {2.51, 3},
-                             {Currency::DeDouble(2.5), 2}, {Currency::DeDouble(-0.5), 0}, {Currency::DeDouble(1.5), 2},
-                             {Currency::DeDouble(-1.5), -2}, {true, -1}, {false, 0}, {2.5F, 2}, {S("12"), 12},
-                             {S("-2,5"), -2}, {S(" 3.5 "), 4}, {std::int64_t{9}, 9}, {std::uint8_t{200}, 200}}) {
+    for (const Caso& caso : {Caso{std::int32_t{7}, 7},
+                             {2.5, 2},
+                             {3.5, 4},
+                             {-2.5, -2},
+                             {-3.5, -4},
+                             {2.51, 3},
+                             {Currency::DeDouble(2.5), 2},
+                             {Currency::DeDouble(-0.5), 0},
+                             {Currency::DeDouble(1.5), 2},
+                             {Currency::DeDouble(-1.5), -2},
+                             {true, -1},
+                             {false, 0},
+                             {2.5F, 2},
+                             {S("12"), 12},
+                             {S("-2,5"), -2},
+                             {S(" 3.5 "), 4},
+                             {std::int64_t{9}, 9},
+                             {std::uint8_t{200}, 200}}) {
         EXPECT_EQ(caso.entero, ALong(caso.valor));
         EXPECT_EQ(caso.entero, AInteger(caso.valor));
     }

@@ -21,7 +21,9 @@ struct AdaptadorProbado {
     std::function<std::shared_ptr<Connection>()> conectar;
 };
 
-inline void PrintTo(const AdaptadorProbado& adaptador, std::ostream* salida) { *salida << adaptador.nombre; }
+inline void PrintTo(const AdaptadorProbado& adaptador, std::ostream* salida) {
+    *salida << adaptador.nombre;
+}
 
 class ContratoAdaptador : public testing::TestWithParam<AdaptadorProbado> {
   protected:
@@ -131,8 +133,8 @@ TEST_P(ContratoAdaptador, SegundaSentencia_SeRechazaEntera) {
 }
 
 TEST_P(ContratoAdaptador, ErroresDicenQueYConQueTexto) {
-    for (const char* mala : {"SELECT Nada FROM Contrato", "SELEC 1", "SELECT * FROM NoHay",
-                             "INSERT INTO Contrato (Codigo) VALUES (1)"}) {
+    for (const char* mala :
+         {"SELECT Nada FROM Contrato", "SELEC 1", "SELECT * FROM NoHay", "INSERT INTO Contrato (Codigo) VALUES (1)"}) {
         try {
             conexion->Ejecutar(mala);
             ADD_FAILURE() << mala;

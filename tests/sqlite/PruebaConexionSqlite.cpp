@@ -1,9 +1,8 @@
-#include "db/sqlite/ConexionSqlite.h"
-
 #include <gtest/gtest.h>
 
 #include <fstream>
 
+#include "db/sqlite/ConexionSqlite.h"
 #include "tests/comun/ContratoAdaptador.h"
 #include "tests/comun/Errores.h"
 #include "tests/comun/FicheroTemporal.h"
@@ -60,8 +59,8 @@ TEST(ConexionSqlite, ElMismoTextoConOtrosValores_NoSePreparaDeNuevo) {
     EXPECT_TRUE(leer("SELECT Codigo FROM Contrato WHERE Importe =-0.5"));
     const auto preparadas = conexion->Preparaciones();
     for (int i = 0; i < 50; ++i) {
-        EXPECT_EQ(i == 1, leer("SELECT Texto FROM Contrato WHERE Codigo =" + std::to_string(i) +
-                               " AND Fecha >='05/03/2026'"));
+        EXPECT_EQ(i == 1,
+                  leer("SELECT Texto FROM Contrato WHERE Codigo =" + std::to_string(i) + " AND Fecha >='05/03/2026'"));
         EXPECT_EQ(i == 12, leer("SELECT Codigo FROM Contrato WHERE Importe =" + std::to_string(i) + ".3456"));
     }
     EXPECT_EQ(preparadas, conexion->Preparaciones());
@@ -129,9 +128,9 @@ TEST(ConexionSqlite, CrearQueFalla_NoDejaNada) {
     const CarpetaTemporal carpeta;
     const std::string ruta = carpeta.Fichero("nueva.kv");
     EXPECT_THROW(ConexionSqlite::Crear(ruta, kIdentidad, "CREATE TABLE Mal (", Nada), RuntimeError);
-    EXPECT_THROW(
-        ConexionSqlite::Crear(ruta, kIdentidad, kGuion, [](Connection& c) { c.Ejecutar("INSERT INTO NoHay (A) VALUES (1)"); }),
-        RuntimeError);
+    EXPECT_THROW(ConexionSqlite::Crear(ruta, kIdentidad, kGuion,
+                                       [](Connection& c) { c.Ejecutar("INSERT INTO NoHay (A) VALUES (1)"); }),
+                 RuntimeError);
     EXPECT_EQ(0U, carpeta.CuantosFicheros());
     ConexionSqlite::Crear(ruta, kIdentidad, kGuion, Nada);
     EXPECT_EQ(1U, carpeta.CuantosFicheros());

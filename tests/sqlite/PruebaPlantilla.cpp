@@ -1,7 +1,6 @@
-#include "db/sqlite/Plantilla.h"
-
 #include <gtest/gtest.h>
 
+#include "db/sqlite/Plantilla.h"
 #include "db/sqlite/Traduccion.h"
 #include "tests/comun/Errores.h"
 
@@ -46,11 +45,11 @@ TEST(Plantilla, CoincideSoloConSusTextos) {
         EXPECT_EQ(2U, literales.size());
         EXPECT_EQ(huella, Plantilla::Huella(igual, literales));
     }
-    for (const char* otro : {"SELECT A FROM T WHERE B =12 AND C =5 ORDER BY A", "SELECT A FROM T WHERE B =12",
-                             "SELECT A FROM T WHERE B =12 AND C ='x' ORDER BY A DESC",
-                             "SELECT A FROM T WHERE B =12,5 AND C ='x' ORDER BY A",
-                             "SELECT A FROM T WHERE B = AND C ='x' ORDER BY A",
-                             "SELECT A FROM T WHERE B =12 AND C ='x ORDER BY A", ""})
+    for (const char* otro :
+         {"SELECT A FROM T WHERE B =12 AND C =5 ORDER BY A", "SELECT A FROM T WHERE B =12",
+          "SELECT A FROM T WHERE B =12 AND C ='x' ORDER BY A DESC",
+          "SELECT A FROM T WHERE B =12,5 AND C ='x' ORDER BY A", "SELECT A FROM T WHERE B = AND C ='x' ORDER BY A",
+          "SELECT A FROM T WHERE B =12 AND C ='x ORDER BY A", ""})
         EXPECT_FALSE(plantilla.Coincide(otro, literales)) << otro;
 }
 
@@ -62,12 +61,16 @@ TEST(Traduccion, TopIsnullYDestinos) {
     };
     const Caso kCasos[] = {
         {"SELECT TOP 1 a.* FROM T a WHERE a.B = 5 ORDER BY a.C DESC",
-         "SELECT  a.* FROM T a WHERE a.B = ? ORDER BY a.C DESC LIMIT 1", {"B"}},
+         "SELECT  a.* FROM T a WHERE a.B = ? ORDER BY a.C DESC LIMIT 1",
+         {"B"}},
         {"SELECT * FROM T WHERE A IN (SELECT TOP 1 A FROM T WHERE B > 3 ORDER BY A ASC) AND C =1",
-         "SELECT * FROM T WHERE A IN (SELECT  A FROM T WHERE B > ? ORDER BY A ASC LIMIT 1) AND C =?", {"B", "C"}},
+         "SELECT * FROM T WHERE A IN (SELECT  A FROM T WHERE B > ? ORDER BY A ASC LIMIT 1) AND C =?",
+         {"B", "C"}},
         {"SELECT TOP 2 A FROM T WHERE A =(SELECT TOP 3 B FROM U)",
-         "SELECT  A FROM T WHERE A =(SELECT  B FROM U LIMIT 3) LIMIT 2", {}},
-        {"SELECT ISNULL(MAX(A), 0) AS A FROM T WHERE B >= 7", "SELECT IFNULL(MAX(A), 0) AS A FROM T WHERE B >= ?",
+         "SELECT  A FROM T WHERE A =(SELECT  B FROM U LIMIT 3) LIMIT 2",
+         {}},
+        {"SELECT ISNULL(MAX(A), 0) AS A FROM T WHERE B >= 7",
+         "SELECT IFNULL(MAX(A), 0) AS A FROM T WHERE B >= ?",
          {"B"}},
         {"INSERT INTO T (A, B, C) VALUES (1, '', -2)", "INSERT INTO T (A, B, C) VALUES (?, ?, ?)", {"A", "B", "C"}},
         {"UPDATE T SET A = A + -1, F ='x' WHERE B =2", "UPDATE T SET A = A + ?, F =? WHERE B =?", {"A", "F", "B"}},
