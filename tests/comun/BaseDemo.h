@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "db/sqlite/ConexionSqlite.h"
+#include "schema/Demostracion.h"
+#include "schema/Esquema.h"
+#include "tests/comun/FicheroTemporal.h"
+
+namespace kv::prueba {
+
+/// A real database file of the suite's schema, with or without the demonstration data, gone at the end.
+class BaseDePrueba {
+  public:
+    enum class Datos : std::uint8_t { Ninguno, Demostracion };
+
+    BaseDePrueba(Datos datos, Fecha hoy) {
+        ConexionSqlite::Crear(ruta_, kIdentidad, EsquemaSqlite(), [&](Connection& conexion) {
+            if (datos == Datos::Demostracion) CargarDemostracion(conexion, hoy);
+        });
+    }
+
+    std::shared_ptr<ConexionSqlite> Abrir() const {
+        return ConexionSqlite::Abrir(ruta_, kIdentidad, ConexionSqlite::Modo::LecturaEscritura);
+    }
+    const std::string& Ruta() const { return ruta_; }
+
+  private:
+    static constexpr IdentidadBase kIdentidad{kAplicacionEsquema, kVersionEsquema};
+
+    CarpetaTemporal carpeta_;
+    std::string ruta_ = carpeta_.Fichero("prueba.kv");
+};
+
+/// The first row's column of a query, as the database typed it.
+inline Valor LeerValor(Connection& conexion, const std::string& sql) {
+    std::unique_ptr<Recordset> rs;
+    AbrirLectura(rs, conexion, sql);
+    return rs->Fields(rs->NombreCampo(0)).Value();
+}
+
+}  // namespace kv::prueba
