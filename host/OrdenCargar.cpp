@@ -101,6 +101,14 @@ void EscribirPadre(Respuesta& r, clsDatosArt& articulo) {
     r.Dato("padreStock", "Existencias del padre", padre->Stock);
 }
 
+// A load takes an unknown customer for one without terms; a person who names one has made a mistake.
+void ExigirCliente(const Sesion& sesion, std::int32_t codigo) {
+    clsCliente cliente;
+    sesion.Inyectar(cliente);
+    cliente.Codigo = codigo;
+    if (!cliente.Existe()) throw Fallo(kNegativo, "no existe el cliente " + std::to_string(codigo));
+}
+
 void Cargar(const OpcionesCargar& o) {
     const std::int32_t codigo = LeerEntero("--articulo", o.articulo, 1, INT32_MAX);
     const std::int32_t cliente = LeerEntero("--cliente", o.cliente, 1, INT32_MAX);
@@ -112,6 +120,7 @@ void Cargar(const OpcionesCargar& o) {
     const auto decimales = o.decimales.empty()
                                ? sesion.Emp().DecPrecios()
                                : static_cast<std::int16_t>(LeerEntero("--decimales", o.decimales, 0, 4));
+    ExigirCliente(sesion, cliente);
     clsDatosArt articulo;
     sesion.Inyectar(articulo);
     articulo.CualidadX = static_cast<std::uint8_t>(LeerEntero("--cualidad-x", o.cualidadX, 0, 255));

@@ -13,11 +13,16 @@ constexpr const char* kPie =
     "2 orden mal escrita; 3 fallo de la base de datos o de un fichero.";
 
 std::string EnCastellano(const CLI::ParseError& error) {
+    const std::string texto = error.what();
+    if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
+        if (texto.find("subcommand") != std::string::npos) return "falta la orden; kvdatosart --help las cuenta";
+        return "falta " + texto.substr(0, texto.find(" is required"));
+    }
     if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr)
-        return std::string("argumento desconocido: ") + error.what();
-    if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr)
-        return std::string("falta un argumento obligatorio: ") + error.what();
-    return std::string("orden mal escrita: ") + error.what();
+        return "argumento desconocido" + texto.substr(std::min(texto.find(':'), texto.size()));
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr)
+        return "falta el valor de " + texto.substr(0, texto.find(':'));
+    return "orden mal escrita: " + texto;
 }
 
 int Fracaso(int codigo, const std::string& texto) {
@@ -29,16 +34,23 @@ void Castellanizar(CLI::App& programa) {
     const auto formato = std::make_shared<CLI::Formatter>();
     formato->label("Usage", "Uso");
     formato->label("OPTIONS", "OPCIONES");
-    formato->label("Options", "Opciones");
-    formato->label("Positionals", "Argumentos");
+    formato->label("POSITIONALS", "ARGUMENTOS");
     formato->label("SUBCOMMAND", "ORDEN");
     formato->label("SUBCOMMANDS", "ÓRDENES");
-    formato->label("Subcommands", "Órdenes");
     formato->label("REQUIRED", "(obligatorio)");
     formato->label("TEXT", "");
     formato->column_width(34);
     programa.formatter(formato);
     programa.set_help_flag("-h,--help,--ayuda", "Muestra esta ayuda y termina");
+}
+
+// CLI11 heads its groups in English unless each option and command says otherwise.
+void Encabezar(CLI::App& orden) {
+    for (CLI::Option* opcion : orden.get_options()) opcion->group("Opciones");
+    for (CLI::App* hija : orden.get_subcommands(nullptr)) {
+        hija->group("Órdenes");
+        Encabezar(*hija);
+    }
 }
 
 }  // namespace
@@ -52,6 +64,10 @@ int main(int argc, char** argv) {
     kv::host::AnadirCrearDemo(programa);
     kv::host::AnadirDevPvp(programa);
     kv::host::AnadirCargar(programa);
+    kv::host::AnadirCliente(programa);
+    kv::host::AnadirPrecios(programa);
+    kv::host::AnadirDescuentos(programa);
+    Encabezar(programa);
     try {
         programa.parse(argc, argv);
         return kv::host::kHecho;

@@ -1,0 +1,83 @@
+#!/usr/bin/env bash
+# Runs the host as a person does, on a demonstration database of its own: exit code and a text that must appear.
+set -uo pipefail
+programa=$(realpath "$1")
+carpeta=$(mktemp -d)
+trap 'rm -rf "$carpeta"' EXIT
+export LC_ALL=C
+cd "$carpeta"
+fallos=0
+casos=0
+
+# caso CODE TEXT ARGUMENT...: the text must appear in what the program writes, on either output.
+caso() {
+    local codigo=$1 texto=$2 salida real
+    shift 2
+    casos=$((casos + 1))
+    salida=$("$programa" "$@" 2>&1 </dev/null)
+    real=$?
+    if [ "$real" -ne "$codigo" ] || [[ "$salida" != *"$texto"* ]]; then
+        echo "FALLA: $*"
+        echo "  esperado $codigo con «$texto»; real $real: $salida" | head -n 6
+        fallos=$((fallos + 1))
+    fi
+}
+
+en() { printf -- '--base\ndemo.kv\n'; }
+mapfile -t b < <(en)
+manana=$(date -d '+40 days' +%d/%m/%Y)
+
+caso 0 'Creada la base' crear-demo demo.kv
+caso 3 'ya existe y no se toca' crear-demo demo.kv
+caso 3 'No se puede abrir «/no/hay' crear-demo /no/hay/demo.kv
+caso 0 'Precio    24.5' devpvp "${b[@]}" --articulo 102 --tarifa 1
+caso 0 '"pvp": 26.9' devpvp "${b[@]}" --articulo 102 --tarifa 1 --fecha "$manana" --json
+caso 0 '|SELECT TOP 1 Cod_Tarifa, Pvp FROM Tarifas_Modificacion WHERE' \
+    devpvp "${b[@]}" --articulo 102 --tarifa 1 --fecha "$manana" --forzar --traza
+caso 0 'Precio    24.5' devpvp "${b[@]}" --empresa 2 --articulo 102 --tarifa 1 --fecha "$manana"
+caso 0 'Precio    26.9' devpvp "${b[@]}" --empresa 2 --articulo 102 --tarifa 1 --fecha "$manana" --forzar
+caso 0 'Precio      64' devpvp "${b[@]}" --articulo 103 --tarifa 1 --cualidad-x 42
+caso 1 'no tiene precio en la tarifa 4' devpvp "${b[@]}" --articulo 101 --tarifa 4
+caso 2 '--articulo: «abc» no vale' devpvp "${b[@]}" --articulo abc --tarifa 1
+caso 2 '--tarifa: «40000» no vale; se espera un número entero de 1 a 32767' devpvp "${b[@]}" --articulo 1 --tarifa 40000
+caso 2 '--fecha: «31/02/2026» no vale' devpvp "${b[@]}" --articulo 1 --tarifa 1 --fecha 31/02/2026
+caso 2 'falta --articulo' devpvp "${b[@]}" --tarifa 1
+caso 2 'falta el valor de --tarifa' devpvp "${b[@]}" --articulo 1 --tarifa
+caso 2 'argumento desconocido: --nada' devpvp "${b[@]}" --articulo 1 --tarifa 1 --nada
+caso 2 'falta la orden' loquesea
+caso 2 'falta --base' devpvp --articulo 1 --tarifa 1
+caso 2 'no existe la empresa 9' devpvp "${b[@]}" --empresa 9 --articulo 1 --tarifa 1
+caso 3 '«nohay.kv» no existe' devpvp --base nohay.kv --articulo 1 --tarifa 1
+caso 0 'oferta 5 + 1 gratis' cargar "${b[@]}" --articulo 113 --cliente 11 --explica
+caso 0 'lo sustituye: Precio del cliente' cargar "${b[@]}" --articulo 106 --cliente 3 --explica
+caso 0 'fuera de sus fechas' cargar "${b[@]}" --articulo 101 --cliente 3 --explica
+caso 0 'Padre de venta              119' cargar "${b[@]}" --articulo 118 --cliente 1 --padre
+caso 0 'bloqueado en el almacén' cargar "${b[@]}" --articulo 114 --cliente 1
+caso 0 '"estado": 2' cargar "${b[@]}" --articulo 115 --cliente 1 --json
+caso 1 'no existe el artículo 5555' cargar "${b[@]}" --articulo 5555 --cliente 1
+caso 1 'no existe el cliente 999' cargar "${b[@]}" --articulo 101 --cliente 999
+caso 2 '--unidades: «1,23456» no vale' cargar "${b[@]}" --articulo 101 --cliente 1 --unidades 1,23456
+caso 0 'Instalaciones Duero' cliente ver "${b[@]}" --codigo 4
+caso 0 'Carpintería Encina' cliente siguiente "${b[@]}" --codigo 4
+caso 0 'Instalaciones Duero 2' cliente siguiente "${b[@]}" --codigo 4 --por-nombre
+caso 1 'no hay más clientes' cliente anterior "${b[@]}" --codigo 1
+caso 1 'porque tiene dependencias' cliente eliminar "${b[@]}" --codigo 40
+caso 0 'Cliente eliminado  44' cliente eliminar "${b[@]}" --codigo 44
+caso 1 'no existe el cliente 44' cliente ver "${b[@]}" --codigo 44
+caso 0 'Precio puesto' precios poner "${b[@]}" --articulo 101 --cliente 3 --desde 1/1/2026 --precio 77,5
+caso 0 'Precio                      77.5' cargar "${b[@]}" --articulo 101 --cliente 3
+caso 3 'UNIQUE constraint failed' precios poner "${b[@]}" --articulo 101 --cliente 3 --desde 1/1/2026 --precio 70
+caso 0 'Precio cambiado' precios cambiar "${b[@]}" --articulo 101 --cliente 3 --desde 1/1/2026 --precio 78
+caso 0 'Precio quitado' precios quitar "${b[@]}" --articulo 101 --cliente 3 --desde 1/1/2026
+caso 1 'no hay un precio' precios quitar "${b[@]}" --articulo 101 --cliente 3 --desde 1/1/2026
+caso 2 'es anterior a --desde' precios poner "${b[@]}" --articulo 1 --cliente 3 --desde 2/1/2026 --hasta 1/1/2026 --precio 1
+caso 1 'se solapa con el de 1 a 9' dto-grupo poner "${b[@]}" --grupo 1 --clave 111-4-1-1-1 --minimo 5 --maximo 20 --descuento 3
+caso 0 'Descuento puesto' dto-grupo poner "${b[@]}" --grupo 1 --clave 111-4-1-1-1 --minimo 100 --maximo 200 --descuento 3
+caso 0 'Descuento de la línea %     3' cargar "${b[@]}" --articulo 111 --cliente 6 --unidades 150
+caso 0 'Descuento quitado' dto-familia quitar "${b[@]}" --cliente 5 --clave 112-4-6-2-3
+caso 0 'Descuento de la línea %     6' cargar "${b[@]}" --articulo 112 --cliente 5
+caso 2 'el nivel va de 1 a 4' dto-familia poner "${b[@]}" --cliente 5 --clave 1-5-1-1-1 --descuento 1
+caso 2 'va de 0 a 100' dto-familia poner "${b[@]}" --cliente 5 --clave 0-1-1-0-0 --descuento 101
+
+echo "$((casos - fallos)) passed, $fallos failed"
+[ "$fallos" -eq 0 ]
