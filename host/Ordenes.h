@@ -15,5 +15,9 @@ void AnadirCargar(CLI::App& programa);
 void AnadirCliente(CLI::App& programa);
 void AnadirPrecios(CLI::App& programa);
 void AnadirDescuentos(CLI::App& programa);
+void AnadirAcuerdos(CLI::App& programa);
+void AnadirStock(CLI::App& programa);
+void AnadirVentas(CLI::App& programa);
+void AnadirRevisar(CLI::App& programa);
 
 }  // namespace kv::host

@@ -67,6 +67,10 @@ int main(int argc, char** argv) {
     kv::host::AnadirCliente(programa);
     kv::host::AnadirPrecios(programa);
     kv::host::AnadirDescuentos(programa);
+    kv::host::AnadirAcuerdos(programa);
+    kv::host::AnadirStock(programa);
+    kv::host::AnadirVentas(programa);
+    kv::host::AnadirRevisar(programa);
     Encabezar(programa);
     try {
         programa.parse(argc, argv);

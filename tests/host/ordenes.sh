@@ -78,6 +78,31 @@ caso 0 'Descuento quitado' dto-familia quitar "${b[@]}" --cliente 5 --clave 112-
 caso 0 'Descuento de la línea %     6' cargar "${b[@]}" --articulo 112 --cliente 5
 caso 2 'el nivel va de 1 a 4' dto-familia poner "${b[@]}" --cliente 5 --clave 1-5-1-1-1 --descuento 1
 caso 2 'va de 0 a 100' dto-familia poner "${b[@]}" --cliente 5 --clave 0-1-1-0-0 --descuento 101
+caso 1 'cambios de tarifa sin uso' revisar "${b[@]}"
+caso 0 'Coste medio  0.79' stock mover "${b[@]}" --articulo 106 --tipo compra --unidades 100 --coste 0,95 --fichas
+caso 0 'Existencias  470' stock mover "${b[@]}" --articulo 106 --tipo venta --unidades 30
+caso 0 'Existencias  475' stock mover "${b[@]}" --articulo 106 --tipo devolucion --unidades 5
+caso 0 'Existencias  14' stock mover "${b[@]}" --articulo 103 --tipo entrada --unidades 8 --coste 33 --cualidad-x 42 --cualidad-y 1
+caso 2 'se espera una cantidad mayor que 0' stock mover "${b[@]}" --articulo 106 --tipo venta --unidades -1
+caso 2 '--tipo: «robo» no vale' stock mover "${b[@]}" --articulo 106 --tipo robo --unidades 1
+caso 1 'no existe el artículo 99999' stock mover "${b[@]}" --articulo 99999 --tipo compra --unidades 1
+caso 1 'no existe el almacén 9' stock coste "${b[@]}" --articulo 106 --almacen 9 --coste 1
+caso 0 'Bloqueo' stock bloquear "${b[@]}" --articulo 106
+caso 0 'bloqueado en el almacén' cargar "${b[@]}" --articulo 106 --cliente 1
+caso 0 'Bloqueo' stock desbloquear "${b[@]}" --articulo 106
+caso 0 '"Pend_Servir": 4' stock pendiente "${b[@]}" --articulo 106 --servir 4 --json
+caso 0 'P1' stock ubicacion "${b[@]}" --articulo 106 --unidades 5 --ubic1 P1
+caso 0 '"Importe_Costo": 23.7' ventas acumular "${b[@]}" --articulo 106 --cliente 3 --unidades 30 --importe 47,1 --json
+caso 0 '"Unidades": 28' ventas acumular "${b[@]}" --articulo 106 --cliente 3 --unidades -2 --importe -3 --json
+caso 0 'Acuerdo puesto' acuerdos poner "${b[@]}" --articulo 106 --nodo 1.1 --dto porcentaje:10 --dto oferta:5+1
+caso 0 'DTOS: 10.00% M5,1' acuerdos ver "${b[@]}" --articulo 106 --nodo 1.1
+caso 0 'Precio                      1.47' cargar "${b[@]}" --articulo 106 --cliente 11
+caso 2 '--dto: «regalo:1» no vale' acuerdos poner "${b[@]}" --articulo 106 --nodo 1.1 --dto regalo:1
+caso 0 'Acuerdos quitados' acuerdos quitar "${b[@]}" --articulo 106 --nodo 1.1
+caso 0 'Existencias  -1' stock mover "${b[@]}" --articulo 115 --tipo venta --unidades 1
+caso 1 'existencias negativas' revisar "${b[@]}"
+caso 0 'Precio puesto' precios poner "${b[@]}" --articulo 106 --cliente 3 --desde 1/1/2026 --precio 1
+caso 1 'precios de cliente solapados' revisar "${b[@]}"
 
 echo "$((casos - fallos)) passed, $fallos failed"
 [ "$fallos" -eq 0 ]
