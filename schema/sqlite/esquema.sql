@@ -198,11 +198,11 @@ CREATE TABLE Almacen_Articulos_Ubic (
     Cod_Empresa smallint NOT NULL,
     Cod_Almacen smallint NOT NULL,
     Cod_Articulo int NOT NULL,
-    Ubic1 varchar(10) NOT NULL,
-    Ubic2 varchar(10) NOT NULL,
-    Ubic3 varchar(10) NOT NULL,
-    Ubic4 varchar(10) NOT NULL,
-    Ubic5 varchar(10) NOT NULL,
+    Ubic1 varchar(10) NOT NULL COLLATE NOCASE,
+    Ubic2 varchar(10) NOT NULL COLLATE NOCASE,
+    Ubic3 varchar(10) NOT NULL COLLATE NOCASE,
+    Ubic4 varchar(10) NOT NULL COLLATE NOCASE,
+    Ubic5 varchar(10) NOT NULL COLLATE NOCASE,
     Stock_Actual float NOT NULL DEFAULT 0,
     PRIMARY KEY (Cod_Empresa, Cod_Almacen, Cod_Articulo, Ubic1, Ubic2, Ubic3, Ubic4, Ubic5)
 ) WITHOUT ROWID;
@@ -403,7 +403,8 @@ CREATE TABLE Clientes_Grp_Descuentos_Fam (
     PRIMARY KEY (Cod_Empresa, Cod_Grupo, Nivel, Familia_1, Familia_2, Familia_3, Cod_Articulo, Unidades_Min,
         Unidades_Max)
 ) WITHOUT ROWID;
-CREATE INDEX IX_Clientes_Grp_Descuentos_Fam_Articulo ON Clientes_Grp_Descuentos_Fam (Cod_Empresa, Cod_Grupo, Nivel, Cod_Articulo);
+CREATE INDEX IX_Clientes_Grp_Descuentos_Fam_Articulo
+    ON Clientes_Grp_Descuentos_Fam (Cod_Empresa, Cod_Grupo, Nivel, Cod_Articulo);
 
 -- Discounts of a customer by family or article.
 CREATE TABLE Descuentos_Familias (
@@ -669,6 +670,7 @@ CREATE TABLE Temp_FactExt (
     Codigo int NOT NULL,
     PRIMARY KEY (Cod_Empresa, Cliente, Codigo)
 ) WITHOUT ROWID;
+
 -- Stored procedures: one SELECT each, parameters by name, one column for each output parameter.
 CREATE TABLE Procedimientos (
     Nombre varchar(60) NOT NULL COLLATE NOCASE,
@@ -680,7 +682,7 @@ CREATE TABLE Procedimientos (
 INSERT INTO Procedimientos (Nombre, Cuerpo) VALUES ('KVP_DevDtoDescuentosFamilias', '
 SELECT COALESCE(
     (SELECT Descuento FROM Descuentos_Familias WHERE Cod_Empresa = @Empresa AND Cod_Cliente = @Cliente
-        AND Nivel = @Nivel AND Cod_Articulo = @Articulo LIMIT 1),
+        AND Nivel = @Nivel AND Cod_Articulo = @Articulo ORDER BY Familia_1, Familia_2, Familia_3 LIMIT 1),
     (SELECT Descuento FROM Descuentos_Familias WHERE Cod_Empresa = @Empresa AND Cod_Cliente = @Cliente
         AND @EmpFamilia3 <> 0 AND Nivel = 3 AND @Niveles >= 3 AND Familia_1 = @Familia1 AND Familia_2 = @Familia2
         AND Familia_3 = @Familia3 AND Cod_Articulo = 0),
@@ -693,7 +695,7 @@ SELECT COALESCE(
     0) AS Dto');
 
 -- Discount of a customer's group for a quantity: the same order of levels; within a level the fitting range with the
--- highest lower bound, the row for any quantity (0 to 0) last.
+-- highest lower bound (the narrower one among those), the row for any quantity (0 to 0) last.
 INSERT INTO Procedimientos (Nombre, Cuerpo) VALUES ('KVP_DevDtoClientesGrupos', '
 WITH Grupo (Codigo) AS (
     SELECT Grupo_Dto FROM Clientes WHERE Codigo = @Cliente
@@ -703,23 +705,27 @@ SELECT COALESCE(
         WHERE Cod_Empresa = @Empresa AND Cod_Grupo = (SELECT Codigo FROM Grupo) AND Nivel = @Nivel
         AND Cod_Articulo = @Articulo
         AND ((Unidades_Min <= @Unidades AND Unidades_Max >= @Unidades) OR (Unidades_Min = 0 AND Unidades_Max = 0))
-        ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC LIMIT 1),
+        ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC,
+            Unidades_Max, Familia_1, Familia_2, Familia_3 LIMIT 1),
     (SELECT Descuento FROM Clientes_Grp_Descuentos_Fam
         WHERE Cod_Empresa = @Empresa AND Cod_Grupo = (SELECT Codigo FROM Grupo) AND @EmpFamilia3 <> 0 AND Nivel = 3
         AND @Niveles >= 3 AND Familia_1 = @Familia1 AND Familia_2 = @Familia2 AND Familia_3 = @Familia3
         AND Cod_Articulo = 0
         AND ((Unidades_Min <= @Unidades AND Unidades_Max >= @Unidades) OR (Unidades_Min = 0 AND Unidades_Max = 0))
-        ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC LIMIT 1),
+        ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC,
+            Unidades_Max LIMIT 1),
     (SELECT Descuento FROM Clientes_Grp_Descuentos_Fam
         WHERE Cod_Empresa = @Empresa AND Cod_Grupo = (SELECT Codigo FROM Grupo) AND @EmpFamilia2 <> 0 AND Nivel = 2
         AND @Niveles >= 2 AND Familia_1 = @Familia1 AND Familia_2 = @Familia2 AND Familia_3 = 0
         AND Cod_Articulo = 0
         AND ((Unidades_Min <= @Unidades AND Unidades_Max >= @Unidades) OR (Unidades_Min = 0 AND Unidades_Max = 0))
-        ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC LIMIT 1),
+        ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC,
+            Unidades_Max LIMIT 1),
     (SELECT Descuento FROM Clientes_Grp_Descuentos_Fam
         WHERE Cod_Empresa = @Empresa AND Cod_Grupo = (SELECT Codigo FROM Grupo) AND @EmpFamilia1 <> 0 AND Nivel = 1
         AND Familia_1 = @Familia1 AND Familia_2 = 0 AND Familia_3 = 0
         AND Cod_Articulo = 0
         AND ((Unidades_Min <= @Unidades AND Unidades_Max >= @Unidades) OR (Unidades_Min = 0 AND Unidades_Max = 0))
-        ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC LIMIT 1),
+        ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC,
+            Unidades_Max LIMIT 1),
     0) AS Dto');

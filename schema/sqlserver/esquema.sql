@@ -1,5 +1,6 @@
 -- Tables and stored procedures of the production database. Can be run again: what exists stays as it is, the
--- procedures are made anew. Batches end with GO.
+-- procedures are made anew. Batches end with GO. Days are datetime at midnight: older providers and drivers hand a
+-- date column over as text.
 
 SET ANSI_NULLS ON
 GO
@@ -72,8 +73,8 @@ CREATE TABLE Articulos (
     UnidadesDecimales bit NOT NULL CONSTRAINT DF_Articulos_UnidadesDecimales DEFAULT (0),
     PadreVenta int NOT NULL CONSTRAINT DF_Articulos_PadreVenta DEFAULT (0),
     Tipo tinyint NOT NULL CONSTRAINT DF_Articulos_Tipo DEFAULT (0),
-    FUCompra date NOT NULL CONSTRAINT DF_Articulos_FUCompra DEFAULT ('19000101'),
-    FUVenta date NOT NULL CONSTRAINT DF_Articulos_FUVenta DEFAULT ('19000101'),
+    FUCompra datetime NOT NULL CONSTRAINT DF_Articulos_FUCompra DEFAULT ('19000101'),
+    FUVenta datetime NOT NULL CONSTRAINT DF_Articulos_FUVenta DEFAULT ('19000101'),
     PU_Compra float NOT NULL CONSTRAINT DF_Articulos_PU_Compra DEFAULT (0),
     DF_PU_Compra float NOT NULL CONSTRAINT DF_Articulos_DF_PU_Compra DEFAULT (0),
     Mod_Ficha bit NOT NULL CONSTRAINT DF_Articulos_Mod_Ficha DEFAULT (0),
@@ -125,10 +126,11 @@ CREATE TABLE Tarifas_Modificacion (
     Cod_Articulo int NOT NULL,
     Cod_Tarifa smallint NOT NULL,
     Pvp money NOT NULL CONSTRAINT DF_Tarifas_Modificacion_Pvp DEFAULT (0),
-    Fecha_Entrada date NOT NULL,
+    Fecha_Entrada datetime NOT NULL,
     Actualizado bit NOT NULL CONSTRAINT DF_Tarifas_Modificacion_Actualizado DEFAULT (0),
     Borrado bit NOT NULL CONSTRAINT DF_Tarifas_Modificacion_Borrado DEFAULT (0),
-    CONSTRAINT PK_Tarifas_Modificacion PRIMARY KEY CLUSTERED (Cod_Empresa, Cod_Articulo, Cod_Tarifa, Fecha_Entrada, Codigo)
+    CONSTRAINT PK_Tarifas_Modificacion PRIMARY KEY CLUSTERED
+        (Cod_Empresa, Cod_Articulo, Cod_Tarifa, Fecha_Entrada, Codigo)
 )
 GO
 
@@ -141,10 +143,11 @@ CREATE TABLE Tarifas_Modificacion_C (
     CualidadX tinyint NOT NULL,
     Cod_Tarifa smallint NOT NULL,
     Pvp money NOT NULL CONSTRAINT DF_Tarifas_Modificacion_C_Pvp DEFAULT (0),
-    Fecha_Entrada date NOT NULL,
+    Fecha_Entrada datetime NOT NULL,
     Actualizado bit NOT NULL CONSTRAINT DF_Tarifas_Modificacion_C_Actualizado DEFAULT (0),
     Borrado bit NOT NULL CONSTRAINT DF_Tarifas_Modificacion_C_Borrado DEFAULT (0),
-    CONSTRAINT PK_Tarifas_Modificacion_C PRIMARY KEY CLUSTERED (Cod_Empresa, Cod_Articulo, CualidadX, Cod_Tarifa, Fecha_Entrada, Codigo)
+    CONSTRAINT PK_Tarifas_Modificacion_C PRIMARY KEY CLUSTERED
+        (Cod_Empresa, Cod_Articulo, CualidadX, Cod_Tarifa, Fecha_Entrada, Codigo)
 )
 GO
 
@@ -154,8 +157,8 @@ CREATE TABLE Almacenes (
     Cod_Empresa smallint NOT NULL,
     Codigo smallint NOT NULL,
     Nombre varchar(40) NOT NULL CONSTRAINT DF_Almacenes_Nombre DEFAULT (''),
-    FUCompra date NOT NULL CONSTRAINT DF_Almacenes_FUCompra DEFAULT ('19000101'),
-    FUVenta date NOT NULL CONSTRAINT DF_Almacenes_FUVenta DEFAULT ('19000101'),
+    FUCompra datetime NOT NULL CONSTRAINT DF_Almacenes_FUCompra DEFAULT ('19000101'),
+    FUVenta datetime NOT NULL CONSTRAINT DF_Almacenes_FUVenta DEFAULT ('19000101'),
     CONSTRAINT PK_Almacenes PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
 GO
@@ -180,12 +183,12 @@ CREATE TABLE Almacen_Articulos (
     PU_Compra float NOT NULL CONSTRAINT DF_Almacen_Articulos_PU_Compra DEFAULT (0),
     P_Medio float NOT NULL CONSTRAINT DF_Almacen_Articulos_P_Medio DEFAULT (0),
     Rotacion float NOT NULL CONSTRAINT DF_Almacen_Articulos_Rotacion DEFAULT (0),
-    FUlt_Compra date NOT NULL CONSTRAINT DF_Almacen_Articulos_FUlt_Compra DEFAULT ('19000101'),
-    FUlt_Venta date NOT NULL CONSTRAINT DF_Almacen_Articulos_FUlt_Venta DEFAULT ('19000101'),
-    FUlt_Inv date NOT NULL CONSTRAINT DF_Almacen_Articulos_FUlt_Inv DEFAULT ('19000101'),
-    FIni_Existencias date NOT NULL CONSTRAINT DF_Almacen_Articulos_FIni_Existencias DEFAULT ('19000101'),
-    FFin_Existencias date NOT NULL CONSTRAINT DF_Almacen_Articulos_FFin_Existencias DEFAULT ('19000101'),
-    F_Dormido date NOT NULL CONSTRAINT DF_Almacen_Articulos_F_Dormido DEFAULT ('19000101'),
+    FUlt_Compra datetime NOT NULL CONSTRAINT DF_Almacen_Articulos_FUlt_Compra DEFAULT ('19000101'),
+    FUlt_Venta datetime NOT NULL CONSTRAINT DF_Almacen_Articulos_FUlt_Venta DEFAULT ('19000101'),
+    FUlt_Inv datetime NOT NULL CONSTRAINT DF_Almacen_Articulos_FUlt_Inv DEFAULT ('19000101'),
+    FIni_Existencias datetime NOT NULL CONSTRAINT DF_Almacen_Articulos_FIni_Existencias DEFAULT ('19000101'),
+    FFin_Existencias datetime NOT NULL CONSTRAINT DF_Almacen_Articulos_FFin_Existencias DEFAULT ('19000101'),
+    F_Dormido datetime NOT NULL CONSTRAINT DF_Almacen_Articulos_F_Dormido DEFAULT ('19000101'),
     Bloqueo bit NOT NULL CONSTRAINT DF_Almacen_Articulos_Bloqueo DEFAULT (0),
     BloqueoVenta bit NOT NULL CONSTRAINT DF_Almacen_Articulos_BloqueoVenta DEFAULT (0),
     ArticuloGenerico bit NOT NULL CONSTRAINT DF_Almacen_Articulos_ArticuloGenerico DEFAULT (0),
@@ -211,14 +214,15 @@ CREATE TABLE Almacen_Articulos_C (
     Stock_MiniCompra float NOT NULL CONSTRAINT DF_Almacen_Articulos_C_Stock_MiniCompra DEFAULT (0),
     PU_Compra float NOT NULL CONSTRAINT DF_Almacen_Articulos_C_PU_Compra DEFAULT (0),
     P_Medio float NOT NULL CONSTRAINT DF_Almacen_Articulos_C_P_Medio DEFAULT (0),
-    FUlt_Compra date NOT NULL CONSTRAINT DF_Almacen_Articulos_C_FUlt_Compra DEFAULT ('19000101'),
-    FUlt_Venta date NOT NULL CONSTRAINT DF_Almacen_Articulos_C_FUlt_Venta DEFAULT ('19000101'),
-    FIni_Existencias date NOT NULL CONSTRAINT DF_Almacen_Articulos_C_FIni_Existencias DEFAULT ('19000101'),
-    FFin_Existencias date NOT NULL CONSTRAINT DF_Almacen_Articulos_C_FFin_Existencias DEFAULT ('19000101'),
+    FUlt_Compra datetime NOT NULL CONSTRAINT DF_Almacen_Articulos_C_FUlt_Compra DEFAULT ('19000101'),
+    FUlt_Venta datetime NOT NULL CONSTRAINT DF_Almacen_Articulos_C_FUlt_Venta DEFAULT ('19000101'),
+    FIni_Existencias datetime NOT NULL CONSTRAINT DF_Almacen_Articulos_C_FIni_Existencias DEFAULT ('19000101'),
+    FFin_Existencias datetime NOT NULL CONSTRAINT DF_Almacen_Articulos_C_FFin_Existencias DEFAULT ('19000101'),
     Bloqueo bit NOT NULL CONSTRAINT DF_Almacen_Articulos_C_Bloqueo DEFAULT (0),
     DF_PU_Compra float NOT NULL CONSTRAINT DF_Almacen_Articulos_C_DF_PU_Compra DEFAULT (0),
     DF_P_Medio float NOT NULL CONSTRAINT DF_Almacen_Articulos_C_DF_P_Medio DEFAULT (0),
-    CONSTRAINT PK_Almacen_Articulos_C PRIMARY KEY CLUSTERED (Cod_Empresa, Cod_Almacen, Cod_Articulo, CualidadX, CualidadY)
+    CONSTRAINT PK_Almacen_Articulos_C PRIMARY KEY CLUSTERED
+        (Cod_Empresa, Cod_Almacen, Cod_Articulo, CualidadX, CualidadY)
 )
 GO
 
@@ -234,7 +238,8 @@ CREATE TABLE Almacen_Articulos_Ubic (
     Ubic4 varchar(10) NOT NULL,
     Ubic5 varchar(10) NOT NULL,
     Stock_Actual float NOT NULL CONSTRAINT DF_Almacen_Articulos_Ubic_Stock_Actual DEFAULT (0),
-    CONSTRAINT PK_Almacen_Articulos_Ubic PRIMARY KEY CLUSTERED (Cod_Empresa, Cod_Almacen, Cod_Articulo, Ubic1, Ubic2, Ubic3, Ubic4, Ubic5)
+    CONSTRAINT PK_Almacen_Articulos_Ubic PRIMARY KEY CLUSTERED
+        (Cod_Empresa, Cod_Almacen, Cod_Articulo, Ubic1, Ubic2, Ubic3, Ubic4, Ubic5)
 )
 GO
 
@@ -277,12 +282,12 @@ CREATE TABLE Clientes (
     Tarifa_Pvp smallint NOT NULL CONSTRAINT DF_Clientes_Tarifa_Pvp DEFAULT (0),
     Tarifa_Promoc smallint NOT NULL CONSTRAINT DF_Clientes_Tarifa_Promoc DEFAULT (0),
     Bloqueado bit NOT NULL CONSTRAINT DF_Clientes_Bloqueado DEFAULT (0),
-    Fecha_Bloq date NULL,
+    Fecha_Bloq datetime NULL,
     Motivo_Bloq varchar(100) NOT NULL CONSTRAINT DF_Clientes_Motivo_Bloq DEFAULT (''),
     Representante smallint NOT NULL CONSTRAINT DF_Clientes_Representante DEFAULT (0),
     Vendedor smallint NOT NULL CONSTRAINT DF_Clientes_Vendedor DEFAULT (0),
     Cobrador smallint NOT NULL CONSTRAINT DF_Clientes_Cobrador DEFAULT (0),
-    Fecha_Especial date NULL,
+    Fecha_Especial datetime NULL,
     Desc_Especial varchar(60) NOT NULL CONSTRAINT DF_Clientes_Desc_Especial DEFAULT (''),
     Contravale bit NOT NULL CONSTRAINT DF_Clientes_Contravale DEFAULT (0),
     Mtto bit NOT NULL CONSTRAINT DF_Clientes_Mtto DEFAULT (0),
@@ -323,10 +328,10 @@ CREATE TABLE Clientes (
     MsgAlerta varchar(200) NOT NULL CONSTRAINT DF_Clientes_MsgAlerta DEFAULT (''),
     Serie varchar(5) NOT NULL CONSTRAINT DF_Clientes_Serie DEFAULT (''),
     MaxPuntos int NOT NULL CONSTRAINT DF_Clientes_MaxPuntos DEFAULT (0),
-    FAlta date NULL,
-    FBaja date NULL,
-    FUVenta date NULL,
-    FUCobro date NULL,
+    FAlta datetime NULL,
+    FBaja datetime NULL,
+    FUVenta datetime NULL,
+    FUCobro datetime NULL,
     Alternativo1 varchar(50) NOT NULL CONSTRAINT DF_Clientes_Alternativo1 DEFAULT (''),
     Alternativo2 varchar(50) NOT NULL CONSTRAINT DF_Clientes_Alternativo2 DEFAULT (''),
     Alternativo3 varchar(50) NOT NULL CONSTRAINT DF_Clientes_Alternativo3 DEFAULT (''),
@@ -411,11 +416,12 @@ CREATE TABLE Clientes_Notas (
     Codigo smallint NOT NULL,
     Texto varchar(200) NOT NULL CONSTRAINT DF_Clientes_Notas_Texto DEFAULT (''),
     Pendiente bit NOT NULL CONSTRAINT DF_Clientes_Notas_Pendiente DEFAULT (0),
-    Vencimiento date NOT NULL CONSTRAINT DF_Clientes_Notas_Vencimiento DEFAULT ('19000101'),
+    Vencimiento datetime NOT NULL CONSTRAINT DF_Clientes_Notas_Vencimiento DEFAULT ('19000101'),
     CONSTRAINT PK_Clientes_Notas PRIMARY KEY CLUSTERED (Cod_Empresa, Cod_Cliente, Codigo)
 )
 GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Clientes_Notas_Pendientes' AND object_id = OBJECT_ID('Clientes_Notas'))
+IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Clientes_Notas_Pendientes'
+    AND object_id = OBJECT_ID('Clientes_Notas'))
 CREATE INDEX IX_Clientes_Notas_Pendientes ON Clientes_Notas (Cod_Empresa, Pendiente, Vencimiento)
 GO
 
@@ -425,7 +431,7 @@ CREATE TABLE Clientes_Puntos (
     Cod_Empresa smallint NOT NULL,
     Cod_Cliente int NOT NULL,
     Codigo int NOT NULL,
-    Fecha date NOT NULL CONSTRAINT DF_Clientes_Puntos_Fecha DEFAULT ('19000101'),
+    Fecha datetime NOT NULL CONSTRAINT DF_Clientes_Puntos_Fecha DEFAULT ('19000101'),
     Puntos int NOT NULL CONSTRAINT DF_Clientes_Puntos_Puntos DEFAULT (0),
     CONSTRAINT PK_Clientes_Puntos PRIMARY KEY CLUSTERED (Cod_Empresa, Cod_Cliente, Codigo)
 )
@@ -456,12 +462,15 @@ CREATE TABLE Clientes_Grp_Descuentos_Fam (
     Unidades_Max money NOT NULL,
     Descuento float NOT NULL CONSTRAINT DF_Clientes_Grp_Descuentos_Fam_Descuento DEFAULT (0),
     Tipo_Descuento tinyint NOT NULL CONSTRAINT DF_Clientes_Grp_Descuentos_Fam_Tipo_Descuento DEFAULT (0),
-    CONSTRAINT PK_Clientes_Grp_Descuentos_Fam PRIMARY KEY CLUSTERED (Cod_Empresa, Cod_Grupo, Nivel, Familia_1, Familia_2, Familia_3, Cod_Articulo, Unidades_Min,
+    CONSTRAINT PK_Clientes_Grp_Descuentos_Fam PRIMARY KEY CLUSTERED
+        (Cod_Empresa, Cod_Grupo, Nivel, Familia_1, Familia_2, Familia_3, Cod_Articulo, Unidades_Min,
         Unidades_Max)
 )
 GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Clientes_Grp_Descuentos_Fam_Articulo' AND object_id = OBJECT_ID('Clientes_Grp_Descuentos_Fam'))
-CREATE INDEX IX_Clientes_Grp_Descuentos_Fam_Articulo ON Clientes_Grp_Descuentos_Fam (Cod_Empresa, Cod_Grupo, Nivel, Cod_Articulo)
+IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Clientes_Grp_Descuentos_Fam_Articulo'
+    AND object_id = OBJECT_ID('Clientes_Grp_Descuentos_Fam'))
+CREATE INDEX IX_Clientes_Grp_Descuentos_Fam_Articulo
+    ON Clientes_Grp_Descuentos_Fam (Cod_Empresa, Cod_Grupo, Nivel, Cod_Articulo)
 GO
 
 -- Discounts of a customer by family or article.
@@ -477,10 +486,12 @@ CREATE TABLE Descuentos_Familias (
     Cod_Articulo int NOT NULL,
     Descuento float NOT NULL CONSTRAINT DF_Descuentos_Familias_Descuento DEFAULT (0),
     Tipo_Descuento tinyint NOT NULL CONSTRAINT DF_Descuentos_Familias_Tipo_Descuento DEFAULT (0),
-    CONSTRAINT PK_Descuentos_Familias PRIMARY KEY CLUSTERED (Cod_Empresa, Cod_Cliente, Nivel, Familia_1, Familia_2, Familia_3, Cod_Articulo)
+    CONSTRAINT PK_Descuentos_Familias PRIMARY KEY CLUSTERED
+        (Cod_Empresa, Cod_Cliente, Nivel, Familia_1, Familia_2, Familia_3, Cod_Articulo)
 )
 GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Descuentos_Familias_Articulo' AND object_id = OBJECT_ID('Descuentos_Familias'))
+IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Descuentos_Familias_Articulo'
+    AND object_id = OBJECT_ID('Descuentos_Familias'))
 CREATE INDEX IX_Descuentos_Familias_Articulo ON Descuentos_Familias (Cod_Empresa, Cod_Cliente, Nivel, Cod_Articulo)
 GO
 
@@ -499,43 +510,45 @@ CREATE TABLE Clientes_Cadenas_ConvArt (
     Cod_Nivel8 smallint NOT NULL,
     Cod_Nivel9 smallint NOT NULL,
     Cod_Nivel10 smallint NOT NULL,
-    FechaEntrada date NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaEntrada DEFAULT (CONVERT(date, GETDATE())),
-    FechaSalida date NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaSalida DEFAULT ('20501231'),
+    FechaEntrada datetime NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaEntrada
+        DEFAULT (CONVERT(date, GETDATE())),
+    FechaSalida datetime NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaSalida DEFAULT ('20501231'),
     PBase money NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_PBase DEFAULT (0),
     TDto1 smallint NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_TDto1 DEFAULT (0),
     ImporteDto1 money NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_ImporteDto1 DEFAULT (0),
     CantidadDto1 money NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_CantidadDto1 DEFAULT (0),
     Aplicar_Cascada1 bit NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_Aplicar_Cascada1 DEFAULT (0),
-    FechaEntrada1 date NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaEntrada1 DEFAULT ('19000101'),
-    FechaSalida1 date NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaSalida1 DEFAULT ('20501231'),
+    FechaEntrada1 datetime NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaEntrada1 DEFAULT ('19000101'),
+    FechaSalida1 datetime NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaSalida1 DEFAULT ('20501231'),
     TDto2 smallint NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_TDto2 DEFAULT (0),
     ImporteDto2 money NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_ImporteDto2 DEFAULT (0),
     CantidadDto2 money NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_CantidadDto2 DEFAULT (0),
     Aplicar_Cascada2 bit NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_Aplicar_Cascada2 DEFAULT (0),
-    FechaEntrada2 date NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaEntrada2 DEFAULT ('19000101'),
-    FechaSalida2 date NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaSalida2 DEFAULT ('20501231'),
+    FechaEntrada2 datetime NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaEntrada2 DEFAULT ('19000101'),
+    FechaSalida2 datetime NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaSalida2 DEFAULT ('20501231'),
     TDto3 smallint NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_TDto3 DEFAULT (0),
     ImporteDto3 money NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_ImporteDto3 DEFAULT (0),
     CantidadDto3 money NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_CantidadDto3 DEFAULT (0),
     Aplicar_Cascada3 bit NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_Aplicar_Cascada3 DEFAULT (0),
-    FechaEntrada3 date NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaEntrada3 DEFAULT ('19000101'),
-    FechaSalida3 date NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaSalida3 DEFAULT ('20501231'),
+    FechaEntrada3 datetime NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaEntrada3 DEFAULT ('19000101'),
+    FechaSalida3 datetime NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaSalida3 DEFAULT ('20501231'),
     TDto4 smallint NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_TDto4 DEFAULT (0),
     ImporteDto4 money NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_ImporteDto4 DEFAULT (0),
     CantidadDto4 money NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_CantidadDto4 DEFAULT (0),
     Aplicar_Cascada4 bit NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_Aplicar_Cascada4 DEFAULT (0),
-    FechaEntrada4 date NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaEntrada4 DEFAULT ('19000101'),
-    FechaSalida4 date NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaSalida4 DEFAULT ('20501231'),
+    FechaEntrada4 datetime NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaEntrada4 DEFAULT ('19000101'),
+    FechaSalida4 datetime NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaSalida4 DEFAULT ('20501231'),
     TDto5 smallint NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_TDto5 DEFAULT (0),
     ImporteDto5 money NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_ImporteDto5 DEFAULT (0),
     CantidadDto5 money NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_CantidadDto5 DEFAULT (0),
     Aplicar_Cascada5 bit NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_Aplicar_Cascada5 DEFAULT (0),
-    FechaEntrada5 date NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaEntrada5 DEFAULT ('19000101'),
-    FechaSalida5 date NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaSalida5 DEFAULT ('20501231'),
+    FechaEntrada5 datetime NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaEntrada5 DEFAULT ('19000101'),
+    FechaSalida5 datetime NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_FechaSalida5 DEFAULT ('20501231'),
     Dto_Padre bit NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_Dto_Padre DEFAULT (0),
     Nivel smallint NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_Nivel DEFAULT (0),
     Enviado smallint NOT NULL CONSTRAINT DF_Clientes_Cadenas_ConvArt_Enviado DEFAULT (0),
-    CONSTRAINT PK_Clientes_Cadenas_ConvArt PRIMARY KEY CLUSTERED (Cod_Empresa, Cod_Articulo, Cod_Nivel1, Cod_Nivel2, Cod_Nivel3, Cod_Nivel4, Cod_Nivel5, Cod_Nivel6,
+    CONSTRAINT PK_Clientes_Cadenas_ConvArt PRIMARY KEY CLUSTERED
+        (Cod_Empresa, Cod_Articulo, Cod_Nivel1, Cod_Nivel2, Cod_Nivel3, Cod_Nivel4, Cod_Nivel5, Cod_Nivel6,
         Cod_Nivel7, Cod_Nivel8, Cod_Nivel9, Cod_Nivel10, FechaEntrada)
 )
 GO
@@ -559,13 +572,15 @@ CREATE TABLE Clientes_Art_PVP (
     Cod_Empresa smallint NOT NULL,
     Cod_Cliente int NOT NULL,
     Cod_Articulo int NOT NULL,
-    Fecha_Inicial date NOT NULL,
-    Fecha_Final date NOT NULL,
+    Fecha_Inicial datetime NOT NULL,
+    Fecha_Final datetime NOT NULL,
     PVP float NOT NULL CONSTRAINT DF_Clientes_Art_PVP_PVP DEFAULT (0),
-    CONSTRAINT PK_Clientes_Art_PVP PRIMARY KEY CLUSTERED (Cod_Empresa, Cod_Cliente, Cod_Articulo, Fecha_Inicial, Fecha_Final)
+    CONSTRAINT PK_Clientes_Art_PVP PRIMARY KEY CLUSTERED
+        (Cod_Empresa, Cod_Cliente, Cod_Articulo, Fecha_Inicial, Fecha_Final)
 )
 GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Clientes_Art_PVP_Articulo' AND object_id = OBJECT_ID('Clientes_Art_PVP'))
+IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Clientes_Art_PVP_Articulo'
+    AND object_id = OBJECT_ID('Clientes_Art_PVP'))
 CREATE INDEX IX_Clientes_Art_PVP_Articulo ON Clientes_Art_PVP (Cod_Empresa, Cod_Articulo, Cod_Cliente)
 GO
 
@@ -576,14 +591,15 @@ CREATE TABLE Clientes_Articulos (
     Cod_Almacen smallint NOT NULL,
     Cod_Cliente int NOT NULL,
     Cod_Articulo int NOT NULL,
-    Fecha date NOT NULL,
+    Fecha datetime NOT NULL,
     Unidades money NOT NULL CONSTRAINT DF_Clientes_Articulos_Unidades DEFAULT (0),
     Importe_PVP money NOT NULL CONSTRAINT DF_Clientes_Articulos_Importe_PVP DEFAULT (0),
     Importe_Costo money NOT NULL CONSTRAINT DF_Clientes_Articulos_Importe_Costo DEFAULT (0),
     CONSTRAINT PK_Clientes_Articulos PRIMARY KEY CLUSTERED (Cod_Empresa, Cod_Almacen, Cod_Cliente, Cod_Articulo, Fecha)
 )
 GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Clientes_Articulos_Cliente' AND object_id = OBJECT_ID('Clientes_Articulos'))
+IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Clientes_Articulos_Cliente'
+    AND object_id = OBJECT_ID('Clientes_Articulos'))
 CREATE INDEX IX_Clientes_Articulos_Cliente ON Clientes_Articulos (Cod_Empresa, Cod_Cliente)
 GO
 
@@ -594,11 +610,12 @@ CREATE TABLE Clientes_Articulos_Tx (
     Cod_Almacen smallint NOT NULL,
     Cod_Cliente int NOT NULL,
     Cod_Articulo int NOT NULL,
-    Fecha date NOT NULL,
+    Fecha datetime NOT NULL,
     Unidades money NOT NULL CONSTRAINT DF_Clientes_Articulos_Tx_Unidades DEFAULT (0),
     Importe_PVP money NOT NULL CONSTRAINT DF_Clientes_Articulos_Tx_Importe_PVP DEFAULT (0),
     Importe_Costo money NOT NULL CONSTRAINT DF_Clientes_Articulos_Tx_Importe_Costo DEFAULT (0),
-    CONSTRAINT PK_Clientes_Articulos_Tx PRIMARY KEY CLUSTERED (Cod_Empresa, Cod_Almacen, Cod_Cliente, Cod_Articulo, Fecha)
+    CONSTRAINT PK_Clientes_Articulos_Tx PRIMARY KEY CLUSTERED
+        (Cod_Empresa, Cod_Almacen, Cod_Cliente, Cod_Articulo, Fecha)
 )
 GO
 
@@ -611,11 +628,12 @@ CREATE TABLE Clientes_Articulos_C (
     Cod_Articulo int NOT NULL,
     CualidadX tinyint NOT NULL,
     CualidadY tinyint NOT NULL,
-    Fecha date NOT NULL,
+    Fecha datetime NOT NULL,
     Unidades money NOT NULL CONSTRAINT DF_Clientes_Articulos_C_Unidades DEFAULT (0),
     Importe_PVP money NOT NULL CONSTRAINT DF_Clientes_Articulos_C_Importe_PVP DEFAULT (0),
     Importe_Costo money NOT NULL CONSTRAINT DF_Clientes_Articulos_C_Importe_Costo DEFAULT (0),
-    CONSTRAINT PK_Clientes_Articulos_C PRIMARY KEY CLUSTERED (Cod_Empresa, Cod_Almacen, Cod_Cliente, Cod_Articulo, CualidadX, CualidadY, Fecha)
+    CONSTRAINT PK_Clientes_Articulos_C PRIMARY KEY CLUSTERED
+        (Cod_Empresa, Cod_Almacen, Cod_Cliente, Cod_Articulo, CualidadX, CualidadY, Fecha)
 )
 GO
 
@@ -628,11 +646,12 @@ CREATE TABLE Clientes_Articulos_C_Tx (
     Cod_Articulo int NOT NULL,
     CualidadX tinyint NOT NULL,
     CualidadY tinyint NOT NULL,
-    Fecha date NOT NULL,
+    Fecha datetime NOT NULL,
     Unidades money NOT NULL CONSTRAINT DF_Clientes_Articulos_C_Tx_Unidades DEFAULT (0),
     Importe_PVP money NOT NULL CONSTRAINT DF_Clientes_Articulos_C_Tx_Importe_PVP DEFAULT (0),
     Importe_Costo money NOT NULL CONSTRAINT DF_Clientes_Articulos_C_Tx_Importe_Costo DEFAULT (0),
-    CONSTRAINT PK_Clientes_Articulos_C_Tx PRIMARY KEY CLUSTERED (Cod_Empresa, Cod_Almacen, Cod_Cliente, Cod_Articulo, CualidadX, CualidadY, Fecha)
+    CONSTRAINT PK_Clientes_Articulos_C_Tx PRIMARY KEY CLUSTERED
+        (Cod_Empresa, Cod_Almacen, Cod_Cliente, Cod_Articulo, CualidadX, CualidadY, Fecha)
 )
 GO
 
@@ -642,7 +661,7 @@ CREATE TABLE Facturas (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
     Cliente int NOT NULL CONSTRAINT DF_Facturas_Cliente DEFAULT (0),
-    Fecha date NOT NULL CONSTRAINT DF_Facturas_Fecha DEFAULT ('19000101'),
+    Fecha datetime NOT NULL CONSTRAINT DF_Facturas_Fecha DEFAULT ('19000101'),
     Total money NOT NULL CONSTRAINT DF_Facturas_Total DEFAULT (0),
     CONSTRAINT PK_Facturas PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
@@ -657,7 +676,7 @@ CREATE TABLE Facturas_Ex (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
     Cliente int NOT NULL CONSTRAINT DF_Facturas_Ex_Cliente DEFAULT (0),
-    Fecha date NOT NULL CONSTRAINT DF_Facturas_Ex_Fecha DEFAULT ('19000101'),
+    Fecha datetime NOT NULL CONSTRAINT DF_Facturas_Ex_Fecha DEFAULT ('19000101'),
     Total money NOT NULL CONSTRAINT DF_Facturas_Ex_Total DEFAULT (0),
     CONSTRAINT PK_Facturas_Ex PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
@@ -672,7 +691,7 @@ CREATE TABLE Albaranes_F (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
     Cliente int NOT NULL CONSTRAINT DF_Albaranes_F_Cliente DEFAULT (0),
-    Fecha date NOT NULL CONSTRAINT DF_Albaranes_F_Fecha DEFAULT ('19000101'),
+    Fecha datetime NOT NULL CONSTRAINT DF_Albaranes_F_Fecha DEFAULT ('19000101'),
     Total money NOT NULL CONSTRAINT DF_Albaranes_F_Total DEFAULT (0),
     Factura_Codigo int NOT NULL CONSTRAINT DF_Albaranes_F_Factura_Codigo DEFAULT (0),
     CONSTRAINT PK_Albaranes_F PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
@@ -688,7 +707,7 @@ CREATE TABLE AlbaranesST (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
     Cliente int NOT NULL CONSTRAINT DF_AlbaranesST_Cliente DEFAULT (0),
-    Fecha date NOT NULL CONSTRAINT DF_AlbaranesST_Fecha DEFAULT ('19000101'),
+    Fecha datetime NOT NULL CONSTRAINT DF_AlbaranesST_Fecha DEFAULT ('19000101'),
     Total money NOT NULL CONSTRAINT DF_AlbaranesST_Total DEFAULT (0),
     CONSTRAINT PK_AlbaranesST PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
@@ -703,7 +722,7 @@ CREATE TABLE Entradas_ST (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
     Cliente int NOT NULL CONSTRAINT DF_Entradas_ST_Cliente DEFAULT (0),
-    Fecha date NOT NULL CONSTRAINT DF_Entradas_ST_Fecha DEFAULT ('19000101'),
+    Fecha datetime NOT NULL CONSTRAINT DF_Entradas_ST_Fecha DEFAULT ('19000101'),
     Total money NOT NULL CONSTRAINT DF_Entradas_ST_Total DEFAULT (0),
     CONSTRAINT PK_Entradas_ST PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
@@ -718,12 +737,13 @@ CREATE TABLE Pedidos_Clientes (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
     Cod_Cliente int NOT NULL CONSTRAINT DF_Pedidos_Clientes_Cod_Cliente DEFAULT (0),
-    Fecha date NOT NULL CONSTRAINT DF_Pedidos_Clientes_Fecha DEFAULT ('19000101'),
+    Fecha datetime NOT NULL CONSTRAINT DF_Pedidos_Clientes_Fecha DEFAULT ('19000101'),
     Total money NOT NULL CONSTRAINT DF_Pedidos_Clientes_Total DEFAULT (0),
     CONSTRAINT PK_Pedidos_Clientes PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
 GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Pedidos_Clientes_Cliente' AND object_id = OBJECT_ID('Pedidos_Clientes'))
+IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Pedidos_Clientes_Cliente'
+    AND object_id = OBJECT_ID('Pedidos_Clientes'))
 CREATE INDEX IX_Pedidos_Clientes_Cliente ON Pedidos_Clientes (Cod_Empresa, Cod_Cliente)
 GO
 
@@ -733,7 +753,7 @@ CREATE TABLE Presup (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
     Cliente int NOT NULL CONSTRAINT DF_Presup_Cliente DEFAULT (0),
-    Fecha date NOT NULL CONSTRAINT DF_Presup_Fecha DEFAULT ('19000101'),
+    Fecha datetime NOT NULL CONSTRAINT DF_Presup_Fecha DEFAULT ('19000101'),
     Total money NOT NULL CONSTRAINT DF_Presup_Total DEFAULT (0),
     CONSTRAINT PK_Presup PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
@@ -748,7 +768,7 @@ CREATE TABLE Proformas (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
     Cliente int NOT NULL CONSTRAINT DF_Proformas_Cliente DEFAULT (0),
-    Fecha date NOT NULL CONSTRAINT DF_Proformas_Fecha DEFAULT ('19000101'),
+    Fecha datetime NOT NULL CONSTRAINT DF_Proformas_Fecha DEFAULT ('19000101'),
     Total money NOT NULL CONSTRAINT DF_Proformas_Total DEFAULT (0),
     CONSTRAINT PK_Proformas PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
@@ -763,7 +783,7 @@ CREATE TABLE TPV_Tickets (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
     Cliente int NOT NULL CONSTRAINT DF_TPV_Tickets_Cliente DEFAULT (0),
-    Fecha date NOT NULL CONSTRAINT DF_TPV_Tickets_Fecha DEFAULT ('19000101'),
+    Fecha datetime NOT NULL CONSTRAINT DF_TPV_Tickets_Fecha DEFAULT ('19000101'),
     Total money NOT NULL CONSTRAINT DF_TPV_Tickets_Total DEFAULT (0),
     CONSTRAINT PK_TPV_Tickets PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
@@ -790,6 +810,7 @@ CREATE TABLE Temp_FactExt (
     CONSTRAINT PK_Temp_FactExt PRIMARY KEY CLUSTERED (Cod_Empresa, Cliente, Codigo)
 )
 GO
+
 -- Discount of a customer: the article's row, else the deepest family level in use that has one, else 0.
 IF OBJECT_ID('KVP_DevDtoDescuentosFamilias', 'P') IS NOT NULL DROP PROCEDURE KVP_DevDtoDescuentosFamilias
 GO
@@ -811,7 +832,7 @@ BEGIN
     SET NOCOUNT ON
     SET @Dto = COALESCE(
         (SELECT TOP 1 Descuento FROM Descuentos_Familias WHERE Cod_Empresa = @Empresa AND Cod_Cliente = @Cliente
-            AND Nivel = @Nivel AND Cod_Articulo = @Articulo),
+            AND Nivel = @Nivel AND Cod_Articulo = @Articulo ORDER BY Familia_1, Familia_2, Familia_3),
         (SELECT TOP 1 Descuento FROM Descuentos_Familias WHERE Cod_Empresa = @Empresa AND Cod_Cliente = @Cliente
             AND @EmpFamilia3 <> 0 AND Nivel = 3 AND @Niveles >= 3 AND Familia_1 = @Familia1 AND Familia_2 = @Familia2
             AND Familia_3 = @Familia3 AND Cod_Articulo = 0),
@@ -827,7 +848,7 @@ END
 GO
 
 -- Discount of a customer's group for a quantity: the same order of levels; within a level the fitting range with the
--- highest lower bound, the row for any quantity (0 to 0) last.
+-- highest lower bound (the narrower one among those), the row for any quantity (0 to 0) last.
 IF OBJECT_ID('KVP_DevDtoClientesGrupos', 'P') IS NOT NULL DROP PROCEDURE KVP_DevDtoClientesGrupos
 GO
 CREATE PROCEDURE KVP_DevDtoClientesGrupos
@@ -855,25 +876,29 @@ BEGIN
             WHERE Cod_Empresa = @Empresa AND Cod_Grupo = @Grupo AND Nivel = @Nivel
             AND Cod_Articulo = @Articulo
             AND ((Unidades_Min <= @Unidades AND Unidades_Max >= @Unidades) OR (Unidades_Min = 0 AND Unidades_Max = 0))
-            ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC),
+            ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC,
+                Unidades_Max, Familia_1, Familia_2, Familia_3),
         (SELECT TOP 1 Descuento FROM Clientes_Grp_Descuentos_Fam
             WHERE Cod_Empresa = @Empresa AND Cod_Grupo = @Grupo AND @EmpFamilia3 <> 0 AND Nivel = 3
             AND @Niveles >= 3 AND Familia_1 = @Familia1 AND Familia_2 = @Familia2 AND Familia_3 = @Familia3
             AND Cod_Articulo = 0
             AND ((Unidades_Min <= @Unidades AND Unidades_Max >= @Unidades) OR (Unidades_Min = 0 AND Unidades_Max = 0))
-            ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC),
+            ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC,
+                Unidades_Max),
         (SELECT TOP 1 Descuento FROM Clientes_Grp_Descuentos_Fam
             WHERE Cod_Empresa = @Empresa AND Cod_Grupo = @Grupo AND @EmpFamilia2 <> 0 AND Nivel = 2
             AND @Niveles >= 2 AND Familia_1 = @Familia1 AND Familia_2 = @Familia2 AND Familia_3 = 0
             AND Cod_Articulo = 0
             AND ((Unidades_Min <= @Unidades AND Unidades_Max >= @Unidades) OR (Unidades_Min = 0 AND Unidades_Max = 0))
-            ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC),
+            ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC,
+                Unidades_Max),
         (SELECT TOP 1 Descuento FROM Clientes_Grp_Descuentos_Fam
             WHERE Cod_Empresa = @Empresa AND Cod_Grupo = @Grupo AND @EmpFamilia1 <> 0 AND Nivel = 1
             AND Familia_1 = @Familia1 AND Familia_2 = 0 AND Familia_3 = 0
             AND Cod_Articulo = 0
             AND ((Unidades_Min <= @Unidades AND Unidades_Max >= @Unidades) OR (Unidades_Min = 0 AND Unidades_Max = 0))
-            ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC),
+            ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC,
+                Unidades_Max),
         0)
     RETURN 0
 END
