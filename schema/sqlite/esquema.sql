@@ -1,5 +1,6 @@
 -- Tables of the embedded database. The production script beside it holds the same tables and columns.
 -- Declared types decide what comes back: money is Currency, bit is Boolean, date is a day kept as ISO text.
+-- Some indexes also hold what their look-up reads, or the planner would walk the company's rows instead.
 
 -- The companies and their settings.
 CREATE TABLE Empresas (
@@ -69,7 +70,7 @@ CREATE TABLE Articulos (
     Mod_Ficha bit NOT NULL DEFAULT 0,
     PRIMARY KEY (Cod_Empresa, Codigo)
 ) WITHOUT ROWID;
-CREATE INDEX IX_Articulos_Familias ON Articulos (Cod_Empresa, Familia_1, Familia_2, Familia_3);
+CREATE INDEX IX_Articulos_Familias ON Articulos (Cod_Empresa, Familia_1, Familia_2, Familia_3, Descripcion);
 
 -- Tariffs and what they are called.
 CREATE TABLE Tarifas (
@@ -497,7 +498,7 @@ CREATE TABLE Clientes_Art_PVP (
     PVP float NOT NULL DEFAULT 0,
     PRIMARY KEY (Cod_Empresa, Cod_Cliente, Cod_Articulo, Fecha_Inicial, Fecha_Final)
 ) WITHOUT ROWID;
-CREATE INDEX IX_Clientes_Art_PVP_Articulo ON Clientes_Art_PVP (Cod_Empresa, Cod_Articulo, Cod_Cliente);
+CREATE INDEX IX_Clientes_Art_PVP_Articulo ON Clientes_Art_PVP (Cod_Empresa, Cod_Articulo, Cod_Cliente, PVP);
 
 -- Sales of an article to a customer by warehouse and day.
 CREATE TABLE Clientes_Articulos (
@@ -588,7 +589,7 @@ CREATE TABLE Albaranes_F (
     Factura_Codigo int NOT NULL DEFAULT 0,
     PRIMARY KEY (Cod_Empresa, Codigo)
 ) WITHOUT ROWID;
-CREATE INDEX IX_Albaranes_F_Cliente ON Albaranes_F (Cod_Empresa, Cliente);
+CREATE INDEX IX_Albaranes_F_Cliente ON Albaranes_F (Cod_Empresa, Cliente, Factura_Codigo, Total);
 
 -- Workshop delivery notes.
 CREATE TABLE AlbaranesST (

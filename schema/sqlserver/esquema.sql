@@ -82,7 +82,7 @@ CREATE TABLE Articulos (
 )
 GO
 IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Articulos_Familias' AND object_id = OBJECT_ID('Articulos'))
-CREATE INDEX IX_Articulos_Familias ON Articulos (Cod_Empresa, Familia_1, Familia_2, Familia_3)
+CREATE INDEX IX_Articulos_Familias ON Articulos (Cod_Empresa, Familia_1, Familia_2, Familia_3, Descripcion)
 GO
 
 -- Tariffs and what they are called.
@@ -581,7 +581,7 @@ CREATE TABLE Clientes_Art_PVP (
 GO
 IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Clientes_Art_PVP_Articulo'
     AND object_id = OBJECT_ID('Clientes_Art_PVP'))
-CREATE INDEX IX_Clientes_Art_PVP_Articulo ON Clientes_Art_PVP (Cod_Empresa, Cod_Articulo, Cod_Cliente)
+CREATE INDEX IX_Clientes_Art_PVP_Articulo ON Clientes_Art_PVP (Cod_Empresa, Cod_Articulo, Cod_Cliente, PVP)
 GO
 
 -- Sales of an article to a customer by warehouse and day.
@@ -698,7 +698,7 @@ CREATE TABLE Albaranes_F (
 )
 GO
 IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Albaranes_F_Cliente' AND object_id = OBJECT_ID('Albaranes_F'))
-CREATE INDEX IX_Albaranes_F_Cliente ON Albaranes_F (Cod_Empresa, Cliente)
+CREATE INDEX IX_Albaranes_F_Cliente ON Albaranes_F (Cod_Empresa, Cliente, Factura_Codigo, Total)
 GO
 
 -- Workshop delivery notes.
