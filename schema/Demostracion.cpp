@@ -28,6 +28,7 @@ void CargarDemostracion(Connection& conexion, Fecha hoy) {
         demo::Escritor escritor(conexion, hoy);
         EscribirEmpresas(escritor);
         demo::EscribirArticulos(escritor);
+        demo::EscribirTarifasMuestrario(escritor);
         demo::EscribirClientes(escritor);
         demo::EscribirReglas(escritor);
         conexion.CommitTrans();

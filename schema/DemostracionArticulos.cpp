@@ -56,7 +56,8 @@ constexpr auto kSubfamilias = std::to_array<Subfamilia>({
 constexpr auto kGamas = std::to_array<const char*>({"económico", "básico", "estándar", "reforzado", "compacto",
                                                     "profesional", "industrial", "larga duración", "edición taller"});
 
-// Articles at memorable codes, each of which shows one way in which a price or a state is reached.
+// An article at a memorable code, which shows one way in which a price or a state is reached. Average cost and last
+// purchase price are in ten-thousandths.
 struct Muestra {
     int codigo;
     const char* descripcion;
@@ -64,7 +65,6 @@ struct Muestra {
     int familia2;
     int familia3;
     int stock;
-    /// Average cost and last purchase price, in ten-thousandths.
     int medio;
     int ultimo;
     int padreVenta;
@@ -91,165 +91,127 @@ constexpr auto kMuestras = std::to_array<Muestra>({
     {118, "Linterna frontal (unidad)", 5, 1, 3, 36, 45000, 46000, 119},
     {119, "Linterna frontal (caja de 12)", 5, 1, 3, 4, 528000, 540000, 0},
     {120, "Porte y montaje", 4, 2, 2, 0, 0, 0, 0},
+    {122, "Palé retornable", 6, 1, 3, 40, 90000, 92000, 0},
 });
 
 constexpr int kPrimerArticulo = 1001;
-constexpr int kArticuloSinStock = 120;
+constexpr int kServicio = 120;
+constexpr int kSinPrecioNiStock = 121;
+constexpr int kEnvase = 122;
+constexpr int kBloqueado = 114;
 
-void Articulo(Escritor& escritor, int codigo, const std::string& descripcion, int f1, int f2, int f3, Currency compra,
-              int padreVenta) {
+struct Ficha {
+    int codigo;
+    std::string descripcion;
+    int familia1;
+    int familia2;
+    int familia3;
+    Currency compra;
+    int padreVenta = 0;
+};
+
+void Articulo(Escritor& escritor, const Ficha& f) {
+    const bool herramienta = f.familia1 == 1 && f.familia2 == 2;
+    const bool electrico = f.familia1 == 5;
+    const bool pintura = f.familia1 == 6 && f.familia2 == 1;
+    const bool porMetros = electrico && f.familia2 == 2 && f.familia3 == 2;
+    const bool descatalogado = f.codigo % 101 == 10;
     escritor.Fila("Articulos",
                   "Cod_Empresa, Codigo, Descripcion, Familia_1, Familia_2, Familia_3, UxCaja, Largo, Ancho, Altura,"
-                  " DStock, TipoImpuesto, CtaVentas, CtaDVentas, RAEE, FidelizacionPuntos, Peso, PadreVenta, Tipo,"
-                  " PU_Compra",
-                  kEmpresa, codigo, descripcion, f1, f2, f3, codigo % 4 == 0 ? 12 : 1, 10 + codigo % 30,
-                  5 + codigo % 20, 2 + codigo % 15, codigo == kArticuloSinStock ? 0 : 1, 1 + codigo % 3,
-                  "70000000" + std::to_string(f1), "70800000" + std::to_string(f1), Centimos(f1 == 5 ? 15 : 0),
-                  codigo % 7, Currency::DeDiezmilesimas(2500 + codigo % 50 * 1000), padreVenta,
-                  codigo == kArticuloSinStock ? 1 : 0, compra);
+                  " Control_NSeries, DStock, TipoImpuesto, CtaVentas, CtaDVentas, Bloqueado, MsjAlerta, Envase, RAEE,"
+                  " ECORAEE, FidelizacionPuntos, Control_Caducidad, TipoRep, Control_Lotes, Peso, MotivoBaja,"
+                  " BajoPedido, UnidadesDecimales, PadreVenta, Tipo, PU_Compra",
+                  kEmpresa, f.codigo, f.descripcion, f.familia1, f.familia2, f.familia3, f.codigo % 4 == 0 ? 12 : 1,
+                  10 + f.codigo % 30, 5 + f.codigo % 20, 2 + f.codigo % 15, herramienta, f.codigo != kServicio,
+                  1 + f.codigo % 3, "70000000" + std::to_string(f.familia1), "70800000" + std::to_string(f.familia1),
+                  descatalogado, descatalogado ? "Descatalogado: ofrecer el modelo nuevo" : "",
+                  pintura && f.codigo != kEnvase ? kEnvase : 0, Centimos(electrico ? 15 : 0),
+                  Centimos(electrico ? 5 : 0), f.codigo % 7, pintura, f.codigo % 3, pintura,
+                  Currency::DeDiezmilesimas(2500 + f.codigo % 50 * 1000), descatalogado ? 3 : 0, f.codigo % 50 == 49,
+                  porMetros, f.padreVenta, f.codigo == kServicio, f.compra);
 }
 
-void Almacen(Escritor& escritor, int empresa, int almacen, int codigo, int stock, Currency medio, Currency ultimo,
-             int bloqueo) {
+struct Existencias {
+    int stock;
+    Currency medio;
+    Currency ultimo;
+    bool bloqueo = false;
+};
+
+void Almacen(Escritor& escritor, int empresa, int almacen, int codigo, const Existencias& e) {
+    const Fecha compra = Fecha::DeAmd(2024, 1 + codigo % 6, 1 + codigo % 28);
     escritor.Fila("Almacen_Articulos",
                   "Cod_Empresa, Cod_Almacen, Cod_Articulo, Ubicacion, Stock_Actual, Stock_Minimo, Stock_Optimo,"
-                  " Pend_Recibir, Pend_Servir, PU_Compra, P_Medio, FUlt_Compra, FIni_Existencias, Bloqueo,"
-                  " DF_PU_Compra, DF_P_Medio",
-                  empresa, almacen, codigo, "A-" + std::to_string(codigo % 40 + 1), stock, 2, 20,
-                  codigo % 11 == 0 ? 12 : 0, codigo % 13 == 0 ? 3 : 0, ultimo, medio,
-                  Fecha::DeAmd(2026, 1 + codigo % 6, 1 + codigo % 28),
-                  stock > 0 ? Fecha::DeAmd(2026, 1 + codigo % 6, 1 + codigo % 28) : Fecha::DeAmd(1900, 1, 1), bloqueo,
-                  ultimo, medio);
+                  " Pend_Recibir, Pend_Servir, Stock_MiniCompra, PU_Compra, P_Medio, FUlt_Compra, FIni_Existencias,"
+                  " Bloqueo, BloqueoVenta, ArticuloGenerico, DF_PU_Compra, DF_P_Medio",
+                  empresa, almacen, codigo, "A-" + std::to_string(codigo % 40 + 1), e.stock, 2, 20,
+                  codigo % 11 == 0 ? 12 : 0, codigo % 13 == 0 ? 3 : 0, codigo % 41 == 0 ? 5 : 0, e.ultimo, e.medio,
+                  compra, e.stock > 0 ? compra : Fecha::DeAmd(1900, 1, 1), e.bloqueo, codigo % 43 == 0,
+                  codigo == kServicio, e.ultimo, e.medio);
 }
 
-void Tarifa(Escritor& escritor, int codigo, int tarifa, Currency pvp) {
-    escritor.Fila("Articulos_Tarifas", "Cod_Empresa, Cod_Articulo, Cod_Tarifa, Pvp", kEmpresa, codigo, tarifa, pvp);
+void Muestrario(Escritor& escritor) {
+    for (const Muestra& m : kMuestras) {
+        const Existencias e{m.stock, Currency::DeDiezmilesimas(m.medio), Currency::DeDiezmilesimas(m.ultimo),
+                            m.codigo == kBloqueado};
+        Articulo(escritor, {m.codigo, m.descripcion, m.familia1, m.familia2, m.familia3, e.ultimo, m.padreVenta});
+        Almacen(escritor, 1, 1, m.codigo, e);
+        Almacen(escritor, 2, 1, m.codigo, e);
+        // The second warehouse holds none of the locked article.
+        if (e.bloqueo) Almacen(escritor, 1, 2, m.codigo, {0, e.medio, e.ultimo, true});
+    }
+    Articulo(escritor, {kSinPrecioNiStock, "Expositor de mostrador", 4, 2, 2, Centimos(1500)});
 }
 
-// From the retail price: wholesale, professional and web prices; the promotion tariff only holds every tenth article.
-void TarifasUsuales(Escritor& escritor, int codigo, int centimos) {
-    Tarifa(escritor, codigo, 1, Centimos(centimos));
-    Tarifa(escritor, codigo, 2, Centimos(centimos * 80 / 100));
-    Tarifa(escritor, codigo, 3, Centimos(centimos * 88 / 100));
-    if (codigo % 10 == 0) Tarifa(escritor, codigo, 4, Centimos(centimos * 75 / 100));
-    Tarifa(escritor, codigo, 5, Centimos(centimos * 97 / 100));
+void ExistenciasGenerales(Escritor& escritor, int codigo, int centimos) {
+    const Currency medio = Centimos(centimos * 58 / 100);
+    const Currency ultimo = Centimos(centimos * 59 / 100);
+    for (int almacen = 1; almacen <= 3; ++almacen) {
+        if ((codigo + almacen) % 5 == 0) continue;
+        const int stock = codigo % 17 == 0 ? 0 : (codigo * 7 + almacen * 13) % 60;
+        Almacen(escritor, 1, almacen, codigo, {stock, medio, ultimo, codigo % 29 == 0});
+    }
+    if (codigo % 2 == 0) Almacen(escritor, 2, 1, codigo, {codigo % 40, medio, ultimo});
 }
 
 void CatalogoGeneral(Escritor& escritor) {
     int codigo = kPrimerArticulo;
     for (const Subfamilia& sub : kSubfamilias) {
-        for (std::size_t gama = 0; gama < kGamas.size(); ++gama, ++codigo) {
-            const int centimos = sub.centimos * (100 + 14 * static_cast<int>(gama)) / 100;
-            const Currency coste = Centimos(centimos * 58 / 100);
-            const Currency ultimo = Centimos(centimos * 59 / 100);
-            Articulo(escritor, codigo, std::string(sub.articulo) + " " + kGamas[gama], sub.familia1, sub.familia2,
-                     sub.familia3, ultimo, 0);
-            TarifasUsuales(escritor, codigo, centimos);
-            for (int almacen = 1; almacen <= 3; ++almacen) {
-                const int stock = (codigo * 7 + almacen * 13) % 60;
-                if ((codigo + almacen) % 5 != 0)
-                    Almacen(escritor, 1, almacen, codigo, codigo % 17 == 0 ? 0 : stock, coste, ultimo,
-                            codigo % 29 == 0 ? 1 : 0);
-            }
-            if (codigo % 2 == 0) Almacen(escritor, 2, 1, codigo, codigo % 40, coste, ultimo, 0);
+        int tantoPorCiento = 100;
+        for (const char* gama : kGamas) {
+            const int centimos = sub.centimos * tantoPorCiento / 100;
+            Articulo(escritor, {codigo, std::string(sub.articulo) + " " + gama, sub.familia1, sub.familia2,
+                                sub.familia3, Centimos(centimos * 59 / 100)});
+            EscribirTarifas(escritor, codigo, centimos);
+            ExistenciasGenerales(escritor, codigo, centimos);
+            tantoPorCiento += 14;
+            ++codigo;
         }
     }
 }
 
-void Muestrario(Escritor& escritor) {
-    for (const Muestra& m : kMuestras) {
-        const Currency medio = Currency::DeDiezmilesimas(m.medio);
-        const Currency ultimo = Currency::DeDiezmilesimas(m.ultimo);
-        Articulo(escritor, m.codigo, m.descripcion, m.familia1, m.familia2, m.familia3, ultimo, m.padreVenta);
-        const int bloqueo = m.codigo == 114 ? 1 : 0;
-        Almacen(escritor, 1, 1, m.codigo, m.stock, medio, ultimo, bloqueo);
-        Almacen(escritor, 2, 1, m.codigo, m.stock, medio, ultimo, bloqueo);
-    }
-    struct Precio {
-        int codigo;
-        int tarifa;
-        int centimos;
-    };
-    constexpr auto kPrecios = std::to_array<Precio>({
-        {101, 1, 8995}, {101, 2, 7196}, {101, 5, 8725},  {102, 1, 2450},  {102, 2, 1960},  {103, 1, 5900},
-        {103, 2, 4720}, {104, 1, 995},  {104, 4, 795},   {105, 1, 1240},  {106, 1, 195},   {106, 2, 156},
-        {107, 1, 3490}, {107, 2, 3290}, {108, 1, 8450},  {109, 1, 9990},  {110, 1, 120},   {111, 1, 595},
-        {112, 1, 485},  {113, 1, 2400}, {114, 1, 18900}, {115, 1, 39900}, {116, 1, 28900}, {117, 5, 0},
-        {117, 2, 1800}, {117, 1, 2050}, {118, 1, 890},   {119, 1, 9600},  {120, 1, 4500},
-    });
-    for (const Precio& p : kPrecios) Tarifa(escritor, p.codigo, p.tarifa, Centimos(p.centimos));
-}
-
-// Sizes on the first axis, colours (1 black, 2 brown) on the second. Size 46 is only sold in tariff 3.
-void Variantes(Escritor& escritor) {
-    for (int talla = 38; talla <= 46; ++talla) {
-        const int tarifa = talla == 46 ? 3 : 1;
-        const int centimos = talla == 46 ? 6600 : 5900 + (talla >= 42 ? 500 : 0);
-        escritor.Fila("Articulos_Tarifas_C", "Cod_Empresa, Cod_Articulo, CualidadX, Cod_Tarifa, Pvp", kEmpresa, 103,
-                      talla, tarifa, Centimos(centimos));
+// Sizes on the first axis, colours (1 black, 2 brown) on the second. Size 44 is sold out, size 45 has no cost of its
+// own.
+void TallasEnAlmacen(Escritor& escritor) {
+    for (int talla = 38; talla <= 46; ++talla)
         for (int color = 1; color <= 2; ++color)
             escritor.Fila("Almacen_Articulos_C",
                           "Cod_Empresa, Cod_Almacen, Cod_Articulo, CualidadX, CualidadY, Stock_Actual, PU_Compra,"
                           " P_Medio",
                           kEmpresa, 1, 103, talla, color, talla == 44 ? 0 : talla - 36, Centimos(3250),
                           Centimos(talla == 45 ? 0 : 3175));
-    }
-    for (int articulo = 1109; articulo <= 1117; ++articulo)
-        for (int talla = 1; talla <= 5; ++talla)
-            escritor.Fila("Articulos_Tarifas_C", "Cod_Empresa, Cod_Articulo, CualidadX, Cod_Tarifa, Pvp", kEmpresa,
-                          articulo, talla, 1, Centimos(2590 + talla * 100));
-}
-
-void CambiosProgramados(Escritor& escritor) {
-    struct Cambio {
-        int articulo;
-        int dias;
-        int centimos;
-        int actualizado;
-        int borrado;
-    };
-    // Two changes on the same day: the last one recorded counts. One was withdrawn, another one takes no part.
-    constexpr auto kCambios = std::to_array<Cambio>({
-        {102, -90, 2450, 1, 0},
-        {102, 30, 2690, 1, 0},
-        {102, 60, 2790, 1, 0},
-        {102, 60, 2750, 1, 0},
-        {102, 90, 1990, 1, 1},
-        {102, 90, 2090, 0, 0},
-        {101, 45, 9295, 1, 0},
-        {105, 15, 1290, 1, 0},
-    });
-    int codigo = 1;
-    for (const Cambio& c : kCambios)
-        escritor.Fila("Tarifas_Modificacion",
-                      "Codigo, Cod_Empresa, Cod_Articulo, Cod_Tarifa, Pvp, Fecha_Entrada, Actualizado, Borrado",
-                      codigo++, kEmpresa, c.articulo, 1, Centimos(c.centimos), escritor.Hoy() + c.dias, c.actualizado,
-                      c.borrado);
-    for (int articulo = 1001; articulo <= 1180; articulo += 9)
-        escritor.Fila("Tarifas_Modificacion",
-                      "Codigo, Cod_Empresa, Cod_Articulo, Cod_Tarifa, Pvp, Fecha_Entrada, Actualizado, Borrado",
-                      codigo++, kEmpresa, articulo, 1, Centimos(999 + articulo), escritor.Hoy() + (articulo % 60 - 20),
-                      1, 0);
-    escritor.Fila("Tarifas_Modificacion_C",
-                  "Codigo, Cod_Empresa, Cod_Articulo, CualidadX, Cod_Tarifa, Pvp, Fecha_Entrada, Actualizado, Borrado",
-                  1, kEmpresa, 103, 42, 1, Centimos(6790), escritor.Hoy() + 30, 1, 0);
 }
 
 }  // namespace
 
 void EscribirArticulos(Escritor& escritor) {
-    constexpr auto kTarifas =
-        std::to_array<const char*>({"Venta al público", "Mayorista", "Profesional", "Promoción", "Web"});
-    for (std::size_t i = 0; i < kTarifas.size(); ++i)
-        escritor.Fila("Tarifas", "Cod_Empresa, Codigo, Descripcion", kEmpresa, static_cast<int>(i) + 1, kTarifas[i]);
     constexpr auto kAlmacenes = std::to_array<const char*>({"Central", "Tienda Norte", "Tienda Puerto"});
     for (std::size_t i = 0; i < kAlmacenes.size(); ++i)
         escritor.Fila("Almacenes", "Cod_Empresa, Codigo, Nombre", kEmpresa, static_cast<int>(i) + 1, kAlmacenes[i]);
     escritor.Fila("Almacenes", "Cod_Empresa, Codigo, Nombre", 2, 1, "Web");
     Muestrario(escritor);
     CatalogoGeneral(escritor);
-    Variantes(escritor);
-    CambiosProgramados(escritor);
+    TallasEnAlmacen(escritor);
     escritor.Fila("Almacen_Articulos_Ubic",
                   "Cod_Empresa, Cod_Almacen, Cod_Articulo, Ubic1, Ubic2, Ubic3, Ubic4, Ubic5, Stock_Actual", kEmpresa,
                   1, 101, "P1", "E04", "", "", "", 24);

@@ -78,7 +78,7 @@ void Cliente(Escritor& escritor, int cliente) {
                   TarifaCliente(cliente), cliente == 2 || cliente % 10 == 0 ? 4 : 0, Grupo(cliente),
                   Centimos(cliente % 5 == 0 ? 200 : 0), Centimos(300000 + cliente * 10000), 1 + cliente % 4,
                   Fecha::DeAmd(2020, 1 + cliente % 12, 1 + cliente % 28),
-                  Fecha::DeAmd(2026, 1 + cliente % 9, 1 + cliente % 28), cliente >= kPrimeroInterno ? 1 : 0, cadena[0],
+                  Fecha::DeAmd(2024, 1 + cliente % 9, 1 + cliente % 28), cliente >= kPrimeroInterno ? 1 : 0, cadena[0],
                   cadena[1], cadena[2], cadena[3], cliente == 19 ? 11 : 0, "4300000" + std::to_string(100 + cliente));
     escritor.Fila("Clientes_Telefonos", "Cod_Empresa, Cod_Cliente, Codigo, Numero", kEmpresa, cliente, 1,
                   "976 000 " + std::to_string(100 + cliente));
@@ -91,27 +91,38 @@ void Documentos(Escritor& escritor) {
     for (int codigo = 1; codigo <= 20; ++codigo) {
         const int cliente = 1 + codigo % 15;
         escritor.Fila("Facturas", "Cod_Empresa, Codigo, Cliente, Fecha, Total", kEmpresa, codigo, cliente,
-                      Fecha::DeAmd(2026, 1 + codigo % 9, codigo), Centimos(10000 + codigo * 731));
+                      Fecha::DeAmd(2024, 1 + codigo % 9, codigo), Centimos(10000 + codigo * 731));
         escritor.Fila("Albaranes_F", "Cod_Empresa, Codigo, Cliente, Fecha, Total, Factura_Codigo", kEmpresa, codigo,
-                      cliente, Fecha::DeAmd(2026, 1 + codigo % 9, codigo), Centimos(10000 + codigo * 731),
+                      cliente, Fecha::DeAmd(2024, 1 + codigo % 9, codigo), Centimos(10000 + codigo * 731),
                       codigo % 4 == 0 ? 0 : codigo);
         escritor.Fila("Clientes_Puntos", "Cod_Empresa, Cod_Cliente, Codigo, Fecha, Puntos", kEmpresa, cliente, codigo,
-                      Fecha::DeAmd(2026, 1 + codigo % 9, codigo), codigo % 5 == 0 ? -20 : 15 + codigo);
+                      Fecha::DeAmd(2024, 1 + codigo % 9, codigo), codigo % 5 == 0 ? -20 : 15 + codigo);
     }
-    escritor.Fila("Presup", "Cod_Empresa, Codigo, Cliente, Fecha, Total", kEmpresa, 1, 40, Fecha::DeAmd(2026, 5, 4),
+    escritor.Fila("Presup", "Cod_Empresa, Codigo, Cliente, Fecha, Total", kEmpresa, 1, 40, Fecha::DeAmd(2024, 5, 4),
                   Centimos(129900));
     escritor.Fila("TPV_Tickets", "Cod_Empresa, Codigo, Cliente, Fecha, Total", kEmpresa, 1, 41,
-                  Fecha::DeAmd(2026, 5, 4), Centimos(4590));
+                  Fecha::DeAmd(2024, 5, 4), Centimos(4590));
     escritor.Fila("Clientes_Notas", "Cod_Empresa, Cod_Cliente, Codigo, Texto, Pendiente, Vencimiento", kEmpresa, 1, 1,
                   "Revisar condiciones de pago", 1, escritor.Hoy() + -5);
     escritor.Fila("Clientes_Contactos", "Cod_Empresa, Cod_Cliente, Codigo, Nombre", kEmpresa, 1, 1,
                   "Encargada de compras");
-    for (int dia = 1; dia <= 9; ++dia)
-        escritor.Fila("Clientes_Articulos",
-                      "Cod_Empresa, Cod_Almacen, Cod_Cliente, Cod_Articulo, Fecha, Unidades, Importe_PVP,"
-                      " Importe_Costo",
-                      kEmpresa, 1, dia, 101, Fecha::DeAmd(2026, 6, dia), dia, Centimos(8995 * dia),
-                      Centimos(5235 * dia));
+}
+
+// Sales by day, in the statistics and in their copies for transfer: drills, and boots by size and colour.
+void Estadisticas(Escritor& escritor) {
+    for (const char* tabla : {"Clientes_Articulos", "Clientes_Articulos_Tx"})
+        for (int dia = 1; dia <= 9; ++dia)
+            escritor.Fila(tabla,
+                          "Cod_Empresa, Cod_Almacen, Cod_Cliente, Cod_Articulo, Fecha, Unidades, Importe_PVP,"
+                          " Importe_Costo",
+                          kEmpresa, 1, dia, 101, Fecha::DeAmd(2024, 6, dia), dia, Centimos(8995 * dia),
+                          Centimos(5235 * dia));
+    for (const char* tabla : {"Clientes_Articulos_C", "Clientes_Articulos_C_Tx"})
+        for (int talla = 40; talla <= 43; ++talla)
+            escritor.Fila(tabla,
+                          "Cod_Empresa, Cod_Almacen, Cod_Cliente, Cod_Articulo, CualidadX, CualidadY, Fecha, Unidades,"
+                          " Importe_PVP, Importe_Costo",
+                          kEmpresa, 1, 1, 103, talla, 1, Fecha::DeAmd(2024, 6, 10), 2, Centimos(11800), Centimos(6350));
 }
 
 }  // namespace
@@ -119,6 +130,7 @@ void Documentos(Escritor& escritor) {
 void EscribirClientes(Escritor& escritor) {
     for (int cliente = 1; cliente <= kClientes; ++cliente) Cliente(escritor, cliente);
     Documentos(escritor);
+    Estadisticas(escritor);
 }
 
 }  // namespace kv::demo

@@ -13,8 +13,10 @@ void PreciosCliente(Escritor& escritor) {
     // An expired price, which no longer counts.
     escritor.Fila("Clientes_Art_PVP", kColumnas, kEmpresa, 3, 101, Fecha::DeAmd(2019, 1, 1), Fecha::DeAmd(2019, 12, 31),
                   Centimos(7500));
+    // The base price that the chain agreed counts more than this one.
+    escritor.Fila("Clientes_Art_PVP", kColumnas, kEmpresa, 11, 107, Fecha::DeAmd(2024, 1, 1), kSiempre, Centimos(3300));
     for (int articulo = 1005; articulo <= 1300; articulo += 37)
-        escritor.Fila("Clientes_Art_PVP", kColumnas, kEmpresa, 20 + articulo % 12, articulo, Fecha::DeAmd(2026, 1, 1),
+        escritor.Fila("Clientes_Art_PVP", kColumnas, kEmpresa, 20 + articulo % 12, articulo, Fecha::DeAmd(2024, 1, 1),
                       kSiempre, Centimos(500 + articulo % 90 * 10));
 }
 
@@ -24,6 +26,10 @@ void Convenios(Escritor& escritor) {
     escritor.Fila("Clientes_Convenio_Pvp", kColumnas, kEmpresa, 4, 109, 101, Centimos(500), 0);
     // More off than the base article costs: the convention is ignored.
     escritor.Fila("Clientes_Convenio_Pvp", kColumnas, kEmpresa, 4, 110, 110, 0, Centimos(300));
+    // The base article is not sold in tariff 1: ignored too.
+    escritor.Fila("Clientes_Convenio_Pvp", kColumnas, kEmpresa, 4, 105, 121, Centimos(100), 0);
+    // It counts more than the chain's base price; the chain's discounts follow.
+    escritor.Fila("Clientes_Convenio_Pvp", kColumnas, kEmpresa, 20, 116, 115, 0, Centimos(15000));
 }
 
 void DescuentosGrupo(Escritor& escritor) {
@@ -67,6 +73,9 @@ void DescuentosFamilia(Escritor& escritor) {
     escritor.Fila("Descuentos_Familias", kColumnas, 0, kEmpresa, 5, 2, 6, 2, 0, 0, 6);
     escritor.Fila("Descuentos_Familias", kColumnas, 0, kEmpresa, 5, 3, 6, 2, 1, 0, 8);
     escritor.Fila("Descuentos_Familias", kColumnas, 0, kEmpresa, 5, 4, 6, 2, 3, 112, 12);
+    // A customer with a group: its group has no discount on family 6, and counts more on family 1.
+    escritor.Fila("Descuentos_Familias", kColumnas, 0, kEmpresa, 6, 1, 6, 0, 0, 0, 3);
+    escritor.Fila("Descuentos_Familias", kColumnas, 0, kEmpresa, 6, 1, 1, 0, 0, 0, 15);
     for (int cliente = 36; cliente <= 45; ++cliente)
         escritor.Fila("Descuentos_Familias", kColumnas, 0, kEmpresa, cliente, 1, 1 + cliente % 6, 0, 0, 0,
                       2 + cliente % 5);
@@ -95,7 +104,7 @@ void Acuerdo(Escritor& escritor, int articulo, std::array<int, 4> nodo, Fecha en
 }
 
 void Acuerdos(Escritor& escritor) {
-    const Fecha desde = Fecha::DeAmd(2025, 1, 1);
+    const Fecha desde = Fecha::DeAmd(2024, 1, 1);
     const Dto sinUsar{};
     // Article 107: the base price is agreed two levels above the customer.
     Acuerdo(escritor, 107, {1, 1, 1, 1}, desde, kSiempre, Currency(), 1);
@@ -108,8 +117,8 @@ void Acuerdos(Escritor& escritor) {
     Acuerdo(escritor, 113, {1, 1, 1, 1}, desde, kSiempre, Currency(), 1, {2, Centimos(500), Centimos(100), 0});
     // Article 116: an agreement with a last day wins over an open-ended one, and does not pass on to the chain's head.
     Acuerdo(escritor, 116, {2, 0, 0, 0}, desde, kSiempre, Centimos(27000), 0, {0, Centimos(2000), Currency(), 0});
-    Acuerdo(escritor, 116, {2, 1, 0, 0}, Fecha::DeAmd(2026, 6, 1), kSiempre, Centimos(26500), 1, sinUsar);
-    Acuerdo(escritor, 116, {2, 1, 0, 0}, Fecha::DeAmd(2026, 1, 1), escritor.Hoy() + 60, Centimos(25500), 0,
+    Acuerdo(escritor, 116, {2, 1, 0, 0}, Fecha::DeAmd(2024, 6, 1), kSiempre, Centimos(26500), 1, sinUsar);
+    Acuerdo(escritor, 116, {2, 1, 0, 0}, Fecha::DeAmd(2024, 1, 1), escritor.Hoy() + 60, Centimos(25500), 0,
             {1, Centimos(500), Currency(), 0});
     for (int articulo = 1010; articulo <= 1320; articulo += 31)
         Acuerdo(escritor, articulo, {1 + articulo % 2, 0, 0, 0}, desde, kSiempre, Currency(), 0,
