@@ -96,7 +96,7 @@ caso 0 '"Importe_Costo": 23.7' ventas acumular "${b[@]}" --articulo 106 --client
 caso 0 '"Unidades": 28' ventas acumular "${b[@]}" --articulo 106 --cliente 3 --unidades -2 --importe -3 --json
 caso 0 'Acuerdo puesto' acuerdos poner "${b[@]}" --articulo 106 --nodo 1.1 --dto porcentaje:10 --dto oferta:5+1
 caso 0 'DTOS: 10.00% M5,1' acuerdos ver "${b[@]}" --articulo 106 --nodo 1.1
-caso 0 'Precio                      1.47' cargar "${b[@]}" --articulo 106 --cliente 11
+caso 0 'Precio                      1.46' cargar "${b[@]}" --articulo 106 --cliente 11
 caso 2 '--dto: «regalo:1» no vale' acuerdos poner "${b[@]}" --articulo 106 --nodo 1.1 --dto regalo:1
 caso 0 'Acuerdos quitados' acuerdos quitar "${b[@]}" --articulo 106 --nodo 1.1
 caso 0 'Existencias  -1' stock mover "${b[@]}" --articulo 115 --tipo venta --unidades 1
