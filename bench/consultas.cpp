@@ -6,35 +6,16 @@
 
 #include <benchmark/benchmark.h>
 
-#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
 #include <memory>
-#include <new>
 #include <random>
 
 #include "bench/BaseGrande.h"
 #include "bench/Lectores.h"
-
-namespace {
-
-std::atomic<std::uint64_t> reservas{0};
-
-}  // namespace
-
-void* operator new(std::size_t bytes) {
-    reservas.fetch_add(1, std::memory_order_relaxed);
-    if (void* memoria = std::malloc(bytes)) return memoria;
-    throw std::bad_alloc();
-}
-void operator delete(void* memoria) noexcept {
-    std::free(memoria);
-}
-void operator delete(void* memoria, std::size_t) noexcept {
-    std::free(memoria);
-}
+#include "bench/Reservas.h"
 
 namespace kv::bench {
 namespace {
@@ -68,14 +49,14 @@ void Medir(benchmark::State& estado, Lector& lector, const std::vector<CargaPrep
     Destino destino;
     for (const CargaPreparada& carga : cargas) lector.Recorrer(carga, destino);
     std::size_t siguiente = 0;
-    const std::uint64_t antes = reservas.load();
+    const std::uint64_t antes = Reservas();
     for (auto _ : estado) {
         lector.Recorrer(cargas[siguiente], destino);
         siguiente = (siguiente + 1) % cargas.size();
         benchmark::DoNotOptimize(destino.suma);
     }
     estado.counters["reservas"] =
-        benchmark::Counter(static_cast<double>(reservas.load() - antes), benchmark::Counter::kAvgIterations);
+        benchmark::Counter(static_cast<double>(Reservas() - antes), benchmark::Counter::kAvgIterations);
 }
 
 // Keeps the median of each benchmark, to print the ratios at the end.
@@ -121,6 +102,7 @@ int Contar(const std::string& quien, const std::string& ruta, int veces) {
 }
 
 int Principal(int argc, char** argv) {
+    EstabilizarMonton();
     if (argc == 5 && std::string(argv[1]) == "--cuenta") return Contar(argv[2], argv[3], std::atoi(argv[4]));
     if (argc == 4 && std::string(argv[1]) == "--base") {
         CrearBaseGrande(argv[2], std::atoi(argv[3]));

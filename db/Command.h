@@ -23,7 +23,11 @@ struct Parameter {
 /// The parameters of a command in the order in which they were appended.
 class Parameters {
   public:
-    void Append(Parameter parametro) { lista_.push_back(std::move(parametro)); }
+    void Append(Parameter parametro) {
+        // Both discount procedures take fewer.
+        if (lista_.empty()) lista_.reserve(16);
+        lista_.push_back(std::move(parametro));
+    }
     /// By name, without regard to letter case. Error 3265 when there is none.
     Parameter& Item(std::string_view nombre);
 

@@ -11,6 +11,9 @@ rm -f ./*.kv
 echo "== Consultas de una carga, por el adaptador y a mano"
 ../release/bench/kv_bench_consultas --benchmark_enable_random_interleaving=true | tee consultas.txt
 
+echo "== Cargas enteras, en la base, a mano y desde la memoria"
+../release/bench/kv_bench_cargas --benchmark_enable_random_interleaving=true | tee cargas.txt
+
 echo "== Instrucciones por carga (callgrind), adaptador y piso"
 ../release/bench/kv_bench_consultas --base instrucciones.kv 1000
 instrucciones() {
