@@ -67,6 +67,11 @@ std::size_t FinLiteral(std::string_view texto, std::size_t pos, bool cadena) {
         return fin == std::string_view::npos ? pos : fin;
     }
     const std::size_t cifras = texto[pos] == '-' || texto[pos] == '+' ? pos + 1 : pos;
+    // Most are short codes.
+    std::size_t corto = cifras;
+    while (corto < texto.size() && texto[corto] >= '0' && texto[corto] <= '9') ++corto;
+    if (corto != cifras && (corto == texto.size() || (texto[corto] != '.' && (texto[corto] | 0x20) != 'e')))
+        return corto;
     const std::size_t fin = FinNumero(texto, cifras);
     return fin == cifras ? pos : fin;
 }

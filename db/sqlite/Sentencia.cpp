@@ -100,7 +100,7 @@ Sentencia::Sentencia(sqlite3* base, const std::string& texto, std::string origin
         columnas_.push_back({sqlite3_column_name(nueva, i),
                              declarado == nullptr ? TipoColumna::SinDeclarar : LeerTipoColumna(declarado), Nulo{}});
     }
-    textos_.resize(static_cast<std::size_t>(sqlite3_bind_parameter_count(nueva)));
+    enlazados_.resize(static_cast<std::size_t>(sqlite3_bind_parameter_count(nueva)));
 }
 
 void Sentencia::Comprobar(int resultado) const {
@@ -110,21 +110,28 @@ void Sentencia::Comprobar(int resultado) const {
 void Sentencia::Soltar() {
     sqlite3_reset(sentencia_.get());
     lectura_ = 0;
+    enlace_ = 0;
     enUso_ = false;
 }
 
 void Sentencia::Enlazar(const std::vector<Literal>& literales, const std::vector<TipoColumna>& destinos) {
     for (std::size_t i = 0; i < literales.size(); ++i) {
+        Enlazado& enlazado = enlazados_[i];
+        const Literal& literal = literales[i];
+        if (enlazado.literal == literal.texto) continue;
+        // Forgotten first: a literal that cannot be bound must not count as bound.
+        enlazado.literal.clear();
         const int indice = static_cast<int>(i) + 1;
-        if (literales[i].cadena)
-            EnlazarCadena(indice, literales[i].texto, destinos[i]);
+        if (literal.cadena)
+            EnlazarCadena(indice, literal.texto, destinos[i]);
         else
-            EnlazarNumero(indice, literales[i].texto, destinos[i]);
+            EnlazarNumero(indice, literal.texto, destinos[i]);
+        enlazado.literal.assign(literal.texto);
     }
 }
 
 void Sentencia::EnlazarCadena(int indice, std::string_view literal, TipoColumna destino) {
-    Texto& texto = textos_[static_cast<std::size_t>(indice) - 1];
+    Enlazado& texto = enlazados_[static_cast<std::size_t>(indice) - 1];
     QuitarComillas(literal, texto.cadena);
     std::string_view enlazado = texto.cadena;
     if (destino == TipoColumna::Fecha) {
@@ -157,8 +164,17 @@ void Sentencia::EnlazarNumero(int indice, std::string_view literal, TipoColumna 
     Comprobar(sqlite3_bind_double(sentencia_.get(), indice, real));
 }
 
+// SQLite compares the names one by one; the same procedure is called with the same parameters in the same order.
+int Sentencia::IndiceNombrado(const std::string& nombre) {
+    const std::size_t esta = enlace_++;
+    if (esta < nombrados_.size() && nombrados_[esta].first == nombre) return nombrados_[esta].second;
+    nombrados_.resize(esta);
+    nombrados_.emplace_back(nombre, sqlite3_bind_parameter_index(sentencia_.get(), nombre.c_str()));
+    return nombrados_.back().second;
+}
+
 void Sentencia::EnlazarNombrado(const std::string& nombre, const Valor& valor) {
-    const int indice = sqlite3_bind_parameter_index(sentencia_.get(), nombre.c_str());
+    const int indice = IndiceNombrado(nombre);
     if (indice == 0) return;
     sqlite3_stmt* s = sentencia_.get();
     if (EsNulo(valor)) {

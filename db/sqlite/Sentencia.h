@@ -28,7 +28,8 @@ class Sentencia {
     /// Forgets the current row and lets go of the database.
     void Soltar();
 
-    /// Binds the literals in order; `destinos` tells what each one meets. Text is kept until the next binding.
+    /// Binds the literals in order; `destinos` tells what each one meets. A parameter that holds the same literal since
+    /// the last time, as codes of the company and dates mostly do, is left as it is.
     void Enlazar(const std::vector<Literal>& literales, const std::vector<TipoColumna>& destinos);
     /// Binds a named parameter ("@Cliente"); nothing when the statement does not use it.
     void EnlazarNombrado(const std::string& nombre, const Valor& valor);
@@ -51,14 +52,16 @@ class Sentencia {
         TipoColumna tipo;
         Valor valor;
     };
-    /// Text bound to a parameter, kept while the statement may step.
-    struct Texto {
+    /// What a parameter holds: the literal that it was bound from, and the text that must outlive the steps.
+    struct Enlazado {
+        std::string literal;
         std::string cadena;
         std::array<char, 10> fecha;
     };
 
     void EnlazarCadena(int indice, std::string_view literal, TipoColumna destino);
     void EnlazarNumero(int indice, std::string_view literal, TipoColumna destino);
+    int IndiceNombrado(const std::string& nombre);
     std::size_t Buscar(std::string_view nombre);
     void Comprobar(int resultado) const;
 
@@ -66,10 +69,13 @@ class Sentencia {
     std::unique_ptr<sqlite3_stmt, Finalizar> sentencia_;
     std::string original_;
     std::vector<Columna> columnas_;
-    std::vector<Texto> textos_;
+    std::vector<Enlazado> enlazados_;
     // Columns in the order in which they were read last time, since every reader reads them in its own fixed order.
     std::vector<std::size_t> orden_;
     std::size_t lectura_ = 0;
+    // Named parameters in the order in which they were bound last time, with their positions.
+    std::vector<std::pair<std::string, int>> nombrados_;
+    std::size_t enlace_ = 0;
     bool enUso_ = false;
 };
 
