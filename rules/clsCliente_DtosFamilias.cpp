@@ -143,7 +143,7 @@ double clsCliente_DtosFamilias::Dev_Descuento_Activo() {
         comando->Parameters.Append({"@Dto", DataType::adCurrency, ParameterDirection::adParamOutput, 0, Nulo{}});
         comando->Execute(CommandType::adOptionUnspecified);
         descuento = ADouble(comando->Parameters.Item("@Dto").Value);
-    } catch (const RuntimeError&) {
+    } catch (...) {
         // A sale is not stopped by a discount that cannot be found out.
     }
     return descuento;

@@ -188,7 +188,7 @@ Currency clsCliente_Grp_Dtos::Dev_Descuento_Activo(std::int32_t lngCliente, cons
         comando->Parameters.Append({"@Dto", DataType::adCurrency, ParameterDirection::adParamOutput, 0, Nulo{}});
         comando->Execute(CommandType::adOptionUnspecified);
         descuento = ACurrency(comando->Parameters.Item("@Dto").Value);
-    } catch (const RuntimeError&) {
+    } catch (...) {
         // A sale is not stopped by a discount that cannot be found out.
     }
     return descuento;

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "rules/NivelesFamilia.h"
 #include "rules/clsCliente_DtosFamilias.h"
 #include "rules/clsCliente_Grp_Dtos.h"
@@ -153,6 +155,25 @@ TEST_F(Familias, DescuentoActivo_CallaLosFallos) {
     parametros.push_back(Salida(Nulo{}));
     guion->EsperaProcedimiento("KVP_DevDtoDescuentosFamilias", parametros, {});
     EXPECT_EQ(0, objeto.Dev_Descuento_Activo());
+}
+
+// A context of the host's own, whose failures are none of the component's.
+class EmpresaQueFalla : public EmpresaFija {
+  public:
+    std::string CaptionFamilia(std::int16_t) const override { throw std::runtime_error("sin títulos"); }
+};
+
+TEST_F(Familias, DescuentoActivo_CallaLosFallosAjenos) {
+    objeto.cEmpresa(std::make_shared<EmpresaQueFalla>());
+    EXPECT_EQ(0, objeto.Dev_Descuento_Activo());
+}
+
+TEST_F(Grupos, DescuentoActivo_CallaLosFallos) {
+    guion->EsperaProcedimiento("KVP_DevDtoClientesGrupos", {}, {});
+    guion->YFalla(2812, "no existe");
+    EXPECT_EQ(Currency(), objeto.Dev_Descuento_Activo(31, Currency::DeEntero(1)));
+    objeto.cEmpresa(std::make_shared<EmpresaQueFalla>());
+    EXPECT_EQ(Currency(), objeto.Dev_Descuento_Activo(31, Currency::DeEntero(1)));
 }
 
 TEST_F(Familias, Fallos_LlevanSuOrigen) {
