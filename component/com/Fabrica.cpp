@@ -1,0 +1,48 @@
+#include "component/com/Fabrica.h"
+
+#include <mutex>
+
+#include "component/com/AHresult.h"
+#include "component/com/BibliotecaWindows.h"
+#include "component/com/Modulo.h"
+#include "component/com/ObjetoDatosArt.h"
+
+namespace kv {
+
+HRESULT Fabrica::QueryInterface(REFIID iid, void** objeto) {
+    if (objeto == nullptr) return E_POINTER;
+    *objeto = iid == IID_IUnknown || iid == IID_IClassFactory ? this : nullptr;
+    if (*objeto == nullptr) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+}
+
+ULONG Fabrica::AddRef() {
+    Modulo::Retener();
+    return 2;
+}
+ULONG Fabrica::Release() {
+    Modulo::Soltar();
+    return 1;
+}
+
+HRESULT Fabrica::CreateInstance(IUnknown* exterior, REFIID iid, void** objeto) try {
+    if (objeto == nullptr) return E_POINTER;
+    *objeto = nullptr;
+    if (exterior != nullptr) return CLASS_E_NOAGGREGATION;
+    static std::once_flag biblioteca;
+    std::call_once(biblioteca, [] { CambiarBiblioteca(std::make_shared<BibliotecaWindows>()); });
+    auto* nuevo = new ObjetoDatosArt(std::make_shared<clsDatosArt>());
+    const HRESULT hr = nuevo->QueryInterface(iid, objeto);
+    nuevo->Release();
+    return hr;
+} catch (...) {
+    return AHresult();
+}
+
+HRESULT Fabrica::LockServer(BOOL retener) {
+    retener ? Modulo::Retener() : Modulo::Soltar();
+    return S_OK;
+}
+
+}  // namespace kv

@@ -1,0 +1,45 @@
+#include "db/ado/ConexionAdo.h"
+
+#include "base/RuntimeError.h"
+#include "db/Tokens.h"
+#include "db/ado/CommandAdo.h"
+#include "db/ado/ErrorCom.h"
+#include "db/ado/RecordsetAdo.h"
+#include "db/ado/Variante.h"
+
+namespace kv {
+
+ConexionAdo::ConexionAdo(IUnknown* objeto) {
+    for (const GUID& generacion : ado::kConnection)
+        if (objeto->QueryInterface(generacion, conexion_.RecibirVoid()) == S_OK) return;
+    LanzarError(kErrTipo, "Conexion no es una conexión ADO");
+}
+
+void ConexionAdo::Execute(std::string_view texto, std::int32_t* afectados, CommandType opciones) {
+    ExigirUnaSentencia(texto);
+    const Cadena sql(texto);
+    Variante cuantos;
+    PunteroCom<ado::Recordset> rs;
+    Comprobar(conexion_->Execute(sql.Get(), cuantos.Recibir(), static_cast<long>(opciones), rs.Recibir()), "ADODB");
+    if (afectados != nullptr) *afectados = ALong(cuantos.AValor());
+}
+
+void ConexionAdo::BeginTrans() {
+    long nivel = 0;
+    Comprobar(conexion_->BeginTrans(&nivel), "ADODB");
+}
+void ConexionAdo::CommitTrans() {
+    Comprobar(conexion_->CommitTrans(), "ADODB");
+}
+void ConexionAdo::RollbackTrans() {
+    Comprobar(conexion_->RollbackTrans(), "ADODB");
+}
+
+std::unique_ptr<Recordset> ConexionAdo::CrearRecordset() {
+    return std::make_unique<RecordsetAdo>();
+}
+std::unique_ptr<Command> ConexionAdo::CrearCommand() {
+    return std::make_unique<CommandAdo>(conexion_);
+}
+
+}  // namespace kv

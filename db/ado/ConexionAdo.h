@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string_view>
+
+#include "db/Connection.h"
+#include "db/ado/InterfacesAdo.h"
+#include "db/ado/PunteroCom.h"
+
+namespace kv {
+
+/// The host's ADO connection. Errors of ADO keep their HRESULT, source and text.
+class ConexionAdo : public Connection {
+  public:
+    /// Takes a reference of its own. Error 13 when the object is no ADO connection.
+    explicit ConexionAdo(IUnknown* objeto);
+
+    void Execute(std::string_view texto, std::int32_t* afectados, CommandType opciones) override;
+    void BeginTrans() override;
+    void CommitTrans() override;
+    void RollbackTrans() override;
+    std::unique_ptr<Recordset> CrearRecordset() override;
+    std::unique_ptr<Command> CrearCommand() override;
+
+    ado::Connection* Nativa() const { return conexion_.Get(); }
+
+  private:
+    PunteroCom<ado::Connection> conexion_;
+};
+
+}  // namespace kv

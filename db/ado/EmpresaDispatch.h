@@ -1,0 +1,45 @@
+#pragma once
+
+#include <oaidl.h>
+#include <windows.h>
+
+#include <array>
+
+#include "db/ado/PunteroCom.h"
+#include "db/cEmpresa.h"
+
+namespace kv {
+
+/// The host's company object, called by name. Each member's identifier is asked for once, on first use.
+/// A member that the object lacks is error 438 with the member's name; its own failures pass unchanged.
+class EmpresaDispatch : public cEmpresa {
+  public:
+    /// Takes a reference of its own.
+    explicit EmpresaDispatch(IDispatch* objeto) : objeto_(objeto) {}
+
+    std::int16_t CodEmpresa() const override { return Entero(0); }
+    std::int16_t CodEmpresaArticulos() const override { return Entero(1); }
+    std::int16_t CodEmpresaClientes() const override { return Entero(2); }
+    std::int16_t CodEmpresaExtra() const override { return Entero(3); }
+    std::int16_t TarifaEmpresa() const override { return Entero(4); }
+    bool VenderSinStock() const override { return ABoolean(Pedir(5, nullptr)); }
+    bool CosteUltimaCompra() const override { return ABoolean(Pedir(6, nullptr)); }
+    std::int16_t DecPrecios() const override { return Entero(7); }
+    std::int16_t DecImportes() const override { return Entero(8); }
+    std::int16_t DecCostes() const override { return Entero(9); }
+    Valor Parametro(std::int16_t numero) const override { return Pedir(10, &numero); }
+    std::string CaptionFamilia(std::int16_t indice) const override;
+
+  private:
+    static constexpr std::size_t kMiembros = 12;
+
+    std::int16_t Entero(std::size_t miembro) const { return AInteger(Pedir(miembro, nullptr)); }
+    Valor Pedir(std::size_t miembro, const std::int16_t* argumento) const;
+    DISPID Identificador(std::size_t miembro) const;
+
+    PunteroCom<IDispatch> objeto_;
+    mutable std::array<DISPID, kMiembros> identificadores_{};
+    mutable std::array<bool, kMiembros> resueltos_{};
+};
+
+}  // namespace kv

@@ -1,0 +1,37 @@
+#include "db/ado/ErrorCom.h"
+
+#include <oaidl.h>
+
+#include <array>
+#include <cstdio>
+#include <string>
+
+#include "base/RuntimeError.h"
+#include "db/ado/PunteroCom.h"
+#include "db/ado/Variante.h"
+
+namespace kv {
+namespace {
+
+std::string TextoDelCodigo(HRESULT hr) {
+    std::array<char, 32> codigo{};
+    std::snprintf(codigo.data(), codigo.size(), "Error 0x%08lX", static_cast<unsigned long>(hr));
+    return codigo.data();
+}
+
+}  // namespace
+
+void LanzarErrorCom(HRESULT hr, const char* origen) {
+    PunteroCom<IErrorInfo> info;
+    Cadena fuente;
+    Cadena texto;
+    if (GetErrorInfo(0, info.Recibir()) == S_OK) {
+        info->GetSource(fuente.Recibir());
+        info->GetDescription(texto.Recibir());
+    }
+    std::string descripcion = Utf8(texto.Get());
+    std::string deQuien = Utf8(fuente.Get());
+    throw RuntimeError(hr, deQuien.empty() ? origen : deQuien, descripcion.empty() ? TextoDelCodigo(hr) : descripcion);
+}
+
+}  // namespace kv
