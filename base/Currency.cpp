@@ -37,7 +37,7 @@ std::int64_t EscalarAlPar(double valor) {
     auto entero = static_cast<std::int64_t>(suelo);
     if (resto == 0.0) {
         const auto unidades = static_cast<std::int64_t>(std::nearbyint(sobrante));
-        if (unidades > 0 && entero > kMaximo - unidades) LanzarError(kErrDesbordamiento);
+        if (unidades > 0 ? entero > kMaximo - unidades : entero < kMinimo - unidades) LanzarError(kErrDesbordamiento);
         return entero + unidades;
     }
     const bool mitad = resto == 0.5 && sobrante == 0.0;

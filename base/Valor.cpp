@@ -21,8 +21,12 @@ double DoubleDeTexto(const std::string& texto) {
     const auto primero = punto.find_first_not_of(' ');
     const auto ultimo = punto.find_last_not_of(' ');
     if (primero == std::string::npos) LanzarError(kErrTipo, "un texto vacío no es un número");
-    const char* inicio = punto.data() + primero + (punto[primero] == '+' ? 1 : 0);
+    const bool conMas = punto[primero] == '+';
+    const char* inicio = punto.data() + primero + (conMas ? 1 : 0);
     const char* fin = punto.data() + ultimo + 1;
+    // The library would also read a second sign, "inf" and "nan".
+    const bool otraCosa = punto.find_first_not_of("0123456789.+-eE ") != std::string::npos;
+    if (otraCosa || (conMas && *inicio == '-')) LanzarError(kErrTipo, "«" + texto + "» no es un número");
     double valor = 0;
     const auto leido = std::from_chars(inicio, fin, valor);
     if (leido.ec == std::errc::result_out_of_range) LanzarError(kErrDesbordamiento);

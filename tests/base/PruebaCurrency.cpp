@@ -42,6 +42,8 @@ TEST(Currency, DeDouble_RedondeaAlParEnLaCuartaCifra) {
 TEST(Currency, FueraDeRango_Error6EnCadaOperacion) {
     const std::function<void()> kCasos[] = {[] { Currency::DeDouble(922337203685478.0); },
                                             [] { Currency::DeDouble(-922337203685478.0); },
+                                            // The double nearest to the lowest amount lies below it.
+                                            [] { Currency::DeDouble(-922337203685477.5808); },
                                             [] { Currency::DeDouble(std::nan("")); },
                                             [] { Currency::DeDouble(std::numeric_limits<double>::infinity()); },
                                             [] { Currency::DeEntero(922337203685478); },
