@@ -37,7 +37,8 @@ std::shared_ptr<ConexionSqlite> ConexionSqlite::Abrir(const std::string& ruta, c
     try {
         aplicacion = interior->Pragma("application_id");
     } catch (const RuntimeError& fallo) {
-        if (fallo.numero != SQLITE_NOTADB) throw;
+        // A read-only file in a folder that cannot be written, among others.
+        if (fallo.numero != SQLITE_NOTADB) NoSirve(fallo.numero, ruta, "no se puede leer: " + fallo.descripcion);
         NoSirve(SQLITE_NOTADB, ruta, "no es una base de datos");
     }
     if (aplicacion != identidad.aplicacion) NoSirve(SQLITE_NOTADB, ruta, "no es una base de datos de KVDatosArt");

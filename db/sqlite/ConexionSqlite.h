@@ -56,7 +56,7 @@ class ConexionSqlite : public Connection {
 
     explicit ConexionSqlite(std::shared_ptr<Interior> interior);
 
-    // Recordsets and commands share it, so that one that outlives its connection finds it closed, not gone.
+    // Recordsets and commands share it, so that one that outlives its connection still has the file open.
     std::shared_ptr<Interior> interior_;
 };
 
