@@ -81,8 +81,10 @@ void clsCliente::Cargar_Telefonos() try {
         " ORDER BY Codigo"));
     // clang-format on
     numeroTelefonos_ = 0;
-    for (; !rs->Eof() && numeroTelefonos_ < telefonos_.size(); rs->MoveNext())
-        Asignar(telefonos_[numeroTelefonos_++], rs->Fields("Numero").Value());
+    for (; !rs->Eof() && numeroTelefonos_ < telefonos_.size(); rs->MoveNext()) {
+        Asignar(telefonos_[numeroTelefonos_], rs->Fields("Numero").Value());
+        ++numeroTelefonos_;
+    }
     rs->Close();
     const auto primero = [&](std::size_t i) { return i < numeroTelefonos_ ? telefonos_[i] : std::string(); };
     TelefonoP = primero(0);
