@@ -1,0 +1,12 @@
+#pragma once
+
+#include "db/odbc/InteriorOdbc.h"
+
+namespace kv {
+
+/// Brings a new session to what the component's texts count on: day/month/year dates, the ANSI settings of the suite's
+/// own connections and texts of any length; then reads two date literals and a text with wide characters back. Error
+/// kErrSesionInservible when the server refuses a setting or reads them otherwise.
+void PrepararSesionTransactSql(ConexionOdbc::Interior& interior);
+
+}  // namespace kv
