@@ -70,7 +70,8 @@ class CargaArticulo : public Inyectado {
     std::string TextoCambio(const DatosArticulo& objPadre, std::int16_t tarifa, Fecha dteFecha, bool porCualidad) const;
 
     Currency LeerAlmacen(DatosArticulo& objPadre, std::int16_t intCod_Almacen);
-    void LeerAlmacenCualidades(DatosArticulo& objPadre, std::int16_t intCod_Almacen, Currency& coste);
+    void LeerAlmacenCualidades(DatosArticulo& objPadre, std::int16_t intCod_Almacen, const char* columnaCoste,
+                               Currency& coste);
     void LeerNivelesCadena(clsClientes_Cadenas_ConvArt& cadena, std::int32_t lngCod_Cliente);
     std::uint8_t NivelArticulo() const;
     Currency BuscarDescuento(const DatosArticulo& objPadre, Currency curUnidades);

@@ -24,11 +24,12 @@ void PonerArticulo(Descuentos& descuentos, const DatosArticulo& articulo, std::u
 }  // namespace
 
 Currency CargaArticulo::LeerAlmacen(DatosArticulo& objPadre, std::int16_t intCod_Almacen) {
+    const char* columnaCoste = Emp().CosteUltimaCompra() ? "PU_Compra" : "P_Medio";
     std::unique_ptr<Recordset> rs;
     // clang-format off
     AbrirLectura(rs, Cnx(), TextoSql(
         "SELECT Bloqueo, BloqueoVenta, (Stock_Actual + Stock_MiniCompra) AS Stock, Pend_Servir, Pend_Recibir, ",
-        Emp().CosteUltimaCompra() ? "PU_Compra" : "P_Medio",
+        columnaCoste,
         " AS Costo",
         " FROM Almacen_Articulos WHERE Cod_Empresa =", SqlEntero(Emp().CodEmpresa()),
         " AND Cod_Almacen =", SqlEntero(intCod_Almacen),
@@ -45,16 +46,18 @@ Currency CargaArticulo::LeerAlmacen(DatosArticulo& objPadre, std::int16_t intCod
     }
     rs->Close();
     // A variant with one quality only uses the article's figures.
-    if (objPadre.CualidadX > 0 && objPadre.CualidadY > 0) LeerAlmacenCualidades(objPadre, intCod_Almacen, coste);
+    if (objPadre.CualidadX > 0 && objPadre.CualidadY > 0)
+        LeerAlmacenCualidades(objPadre, intCod_Almacen, columnaCoste, coste);
     return coste;
 }
 
-void CargaArticulo::LeerAlmacenCualidades(DatosArticulo& objPadre, std::int16_t intCod_Almacen, Currency& coste) {
+void CargaArticulo::LeerAlmacenCualidades(DatosArticulo& objPadre, std::int16_t intCod_Almacen,
+                                          const char* columnaCoste, Currency& coste) {
     std::unique_ptr<Recordset> rs;
     // clang-format off
     AbrirLectura(rs, Cnx(), TextoSql(
         "SELECT (Stock_Actual + Stock_MiniCompra) AS Stock, ",
-        Emp().CosteUltimaCompra() ? "PU_Compra" : "P_Medio",
+        columnaCoste,
         " AS Costo",
         " FROM Almacen_Articulos_C WHERE Cod_Empresa =", SqlEntero(Emp().CodEmpresa()),
         " AND Cod_Almacen =", SqlEntero(intCod_Almacen),
