@@ -26,132 +26,37 @@ const BaseDePrueba& Base() {
     return base;
 }
 
-// One line of the demonstration's table: every way in which a price or a state is reached.
+// What the demonstration's own table does not tell: decimals, and the base price that each source leaves behind.
 struct Linea {
     const char* nombre;
     int articulo;
     int cliente;
     int tarifa;
+    int decimales;
     double pvp;
-    int estado = 0;
-    int tarifaPvp = 0;
-    double unidades = 1;
-    double descuento = 0;
-    int dias = 0;
-    int cualidadX = 0;
-    int cualidadY = 0;
-    int decimales = 2;
-    double pvpBase = -1;
+    int tarifaPvp;
+    double pvpBase;
     const char* convenio = "";
 };
 
 const Linea kLineas[] = {
-    {.nombre = "tarifa pedida", .articulo = 101, .cliente = 1, .tarifa = 1, .pvp = 89.95, .tarifaPvp = 1},
-    {.nombre = "cambio futuro", .articulo = 102, .cliente = 1, .tarifa = 1, .pvp = 26.9, .tarifaPvp = 1, .dias = 30},
-    {.nombre = "víspera del cambio",
-     .articulo = 102,
-     .cliente = 1,
-     .tarifa = 1,
-     .pvp = 24.5,
-     .tarifaPvp = 1,
-     .dias = 29},
-    {.nombre = "dos cambios el mismo día",
-     .articulo = 102,
-     .cliente = 1,
-     .tarifa = 1,
-     .pvp = 27.5,
-     .tarifaPvp = 1,
-     .dias = 60},
-    {.nombre = "cambios retirados",
-     .articulo = 102,
-     .cliente = 1,
-     .tarifa = 1,
-     .pvp = 27.5,
-     .tarifaPvp = 1,
-     .dias = 95},
-    {.nombre = "futuro sin cambios", .articulo = 106, .cliente = 1, .tarifa = 1, .pvp = 0, .dias = 5},
-    {.nombre = "variante",
-     .articulo = 103,
-     .cliente = 1,
-     .tarifa = 1,
-     .pvp = 64,
-     .tarifaPvp = 1,
-     .cualidadX = 42,
-     .cualidadY = 1},
-    {.nombre = "variante en la tarifa del cliente",
-     .articulo = 103,
-     .cliente = 7,
-     .tarifa = 1,
-     .pvp = 66,
-     .tarifaPvp = 3,
-     .cualidadX = 46},
-    {.nombre = "promoción del cliente", .articulo = 104, .cliente = 2, .tarifa = 5, .pvp = 7.95, .tarifaPvp = 4},
-    {.nombre = "tarifa de la empresa", .articulo = 105, .cliente = 8, .tarifa = 5, .pvp = 12.4, .tarifaPvp = 1},
-    {.nombre = "precio 0 y sigue", .articulo = 117, .cliente = 1, .tarifa = 5, .pvp = 18, .tarifaPvp = 2},
-    {.nombre = "cliente a coste, sin redondear", .articulo = 101, .cliente = 50, .tarifa = 1, .pvp = 52.3456},
-    {.nombre = "venta a coste", .articulo = 101, .cliente = 1, .tarifa = -1, .pvp = 52.35},
-    {.nombre = "precio del cliente", .articulo = 106, .cliente = 3, .tarifa = 1, .pvp = 1.57},
-    {.nombre = "precio del cliente caducado", .articulo = 101, .cliente = 3, .tarifa = 1, .pvp = 89.95, .tarifaPvp = 1},
-    {.nombre = "precio base dos niveles arriba",
-     .articulo = 107,
-     .cliente = 11,
-     .tarifa = 1,
-     .pvp = 30.26,
-     .pvpBase = 31.2,
-     .convenio = "PB: 31.2  DTOS: 3.00%"},
-    {.nombre = "convenio por importe", .articulo = 108, .cliente = 4, .tarifa = 1, .pvp = 87.95},
-    {.nombre = "convenio sobre la compra", .articulo = 109, .cliente = 4, .tarifa = 1, .pvp = 56},
-    {.nombre = "convenio bajo cero", .articulo = 110, .cliente = 4, .tarifa = 1, .pvp = 1.2, .tarifaPvp = 1},
-    {.nombre = "grupo, 1 unidad",
-     .articulo = 111,
-     .cliente = 6,
-     .tarifa = 1,
-     .pvp = 5.95,
-     .tarifaPvp = 1,
-     .unidades = 1,
-     .descuento = 7},
-    {.nombre = "grupo, 10 unidades",
-     .articulo = 111,
-     .cliente = 6,
-     .tarifa = 1,
-     .pvp = 5.95,
-     .tarifaPvp = 1,
-     .unidades = 10,
-     .descuento = 9},
-    {.nombre = "grupo, media unidad",
-     .articulo = 111,
-     .cliente = 6,
-     .tarifa = 1,
-     .pvp = 5.95,
-     .tarifaPvp = 1,
-     .unidades = 0.5,
-     .descuento = 5},
-    {.nombre = "descuento del artículo",
-     .articulo = 112,
-     .cliente = 5,
-     .tarifa = 1,
-     .pvp = 4.85,
-     .tarifaPvp = 1,
-     .descuento = 12},
-    {.nombre = "cadena con todas las clases",
-     .articulo = 113,
-     .cliente = 11,
-     .tarifa = 1,
-     .pvp = 15.51,
-     .pvpBase = 24,
-     .convenio = "PB: 24  DTOS: 10.00% E1.50 5.00% 2.00% M5,1"},
-    {.nombre = "acuerdo con fin gana al abierto",
-     .articulo = 116,
-     .cliente = 16,
-     .tarifa = 1,
-     .pvp = 250,
-     .pvpBase = 255,
-     .convenio = "PB: 255  DTOS: E5.00"},
-    {.nombre = "bloqueado", .articulo = 114, .cliente = 1, .tarifa = 1, .pvp = 189, .estado = 3, .tarifaPvp = 1},
-    {.nombre = "sin existencias", .articulo = 115, .cliente = 1, .tarifa = 1, .pvp = 399, .estado = 2, .tarifaPvp = 1},
+    {"tarifa pedida", 101, 1, 1, 2, 89.95, 1, 89.95},
+    {"sin decimales", 101, 1, 1, 0, 90, 1, 89.95},
+    {"coste con tres decimales", 101, 1, -1, 3, 52.346, 0, 52.3456},
+    {"coste con cuatro decimales", 101, 1, -1, 4, 52.3456, 0, 52.3456},
+    {"cliente a coste, sin redondear", 101, 50, 1, 2, 52.3456, 0, 0},
+    {"precio del cliente", 106, 3, 1, 2, 1.57, 0, 1.57},
+    {"convenio por importe", 108, 4, 1, 2, 87.95, 0, 84.5},
+    {"convenio sobre la compra", 109, 4, 1, 2, 56, 0, 99.9},
+    {"convenio bajo cero", 110, 4, 1, 2, 1.2, 1, 1.2},
+    {"convenio en una cadena", 116, 20, 1, 2, 244, 0, 249, "PB: 249  DTOS: E5.00"},
+    {"precio base dos niveles arriba", 107, 11, 1, 2, 30.26, 0, 31.2, "PB: 31.2  DTOS: 3.00%"},
+    {"cadena con todas las clases", 113, 11, 1, 2, 15.51, 0, 24, "PB: 24  DTOS: 10.00% E1.50 5.00% 2.00% M5,1"},
+    {"cadena sin acuerdos", 101, 15, 1, 1, 90, 0, 89.95, "PB: 89.95"},
+    {"grupo", 111, 6, 1, 2, 5.95, 1, 5.95},
 };
 
-TEST(Demostracion, CadaLineaDeSuTabla) {
+TEST(Demostracion, CadaLinea_DaPrecioYPrecioBase) {
     const BibliotecaDePrueba biblioteca(kHoy, '.');
     const auto empresa = Ribera();
     const auto conexion = Base().Abrir();
@@ -160,21 +65,13 @@ TEST(Demostracion, CadaLineaDeSuTabla) {
         clsDatosArt a;
         a.Conexion(conexion);
         a.cEmpresa(empresa);
-        a.CualidadX = static_cast<std::uint8_t>(l.cualidadX);
-        a.CualidadY = static_cast<std::uint8_t>(l.cualidadY);
-        EXPECT_EQ(l.estado, a.Cargar(l.articulo, l.cliente, kHoy + l.dias, static_cast<std::int16_t>(l.tarifa), 1,
-                                     static_cast<std::int16_t>(l.decimales), Currency::DeDouble(l.unidades)));
+        EXPECT_EQ(0, a.Cargar(l.articulo, l.cliente, kHoy, static_cast<std::int16_t>(l.tarifa), 1,
+                              static_cast<std::int16_t>(l.decimales)));
         EXPECT_DOUBLE_EQ(l.pvp, a.Pvp);
         EXPECT_DOUBLE_EQ(l.pvp, a.PvpOriginal);
         EXPECT_EQ(l.tarifaPvp, a.TarifaPVP);
-        EXPECT_FLOAT_EQ(static_cast<float>(l.descuento), a.PDescuento);
-        // Whether the customer's chain wrote the text and the base price.
-        if (l.pvpBase >= 0) {
-            EXPECT_EQ(l.convenio, a.Convenio);
-            EXPECT_EQ(Currency::DeDouble(l.pvpBase), a.PvpBase);
-        } else {
-            EXPECT_EQ("", a.Convenio);
-        }
+        EXPECT_EQ(Currency::DeDouble(l.pvpBase), a.PvpBase);
+        EXPECT_EQ(l.convenio, a.Convenio);
     }
 }
 
@@ -224,6 +121,88 @@ TEST_F(CargaReal, Almacen_VarianteYFilaQueFalta) {
     EXPECT_EQ(0, a.PCosto);
     empresa->venderSinStock = true;
     EXPECT_EQ(3, a.Cargar(103, 1, kHoy, 1, 9, 2));
+}
+
+// Rows that the demonstration does not have, each in place of one of its own.
+TEST_F(CargaReal, ValoresEnElBorde) {
+    struct Caso {
+        const char* nombre;
+        const char* sql;
+        int articulo;
+        int cliente;
+        std::uint8_t x;
+        std::uint8_t y;
+        bool ultimaCompra;
+        int estado;
+        double pvp;
+        double coste;
+    };
+    const Caso kCasos[] = {
+        {"stock negativo", "UPDATE Almacen_Articulos SET Stock_Actual =-1", 101, 1, 0, 0, false, 2, 89.95, 52.3456},
+        {"tipo negativo", "UPDATE Clientes SET TipoCliente =-1", 101, 1, 0, 0, false, 0, 52.3456, 52.3456},
+        {"a coste, bloqueado", "UPDATE Almacen_Articulos SET Bloqueo =1", 101, 50, 0, 0, false, 0, 52.3456, 52.3456},
+        {"a coste, sin stock", "UPDATE Almacen_Articulos SET Stock_Actual =0", 101, 50, 0, 0, false, 2, 52.3456,
+         52.3456},
+        {"convenio a 0", "UPDATE Clientes_Convenio_Pvp SET Pvp =89.95", 108, 4, 0, 0, false, 0, 84.5, 48.3},
+        {"variante, coste negativo", "UPDATE Almacen_Articulos_C SET P_Medio =-1", 103, 1, 40, 1, false, 0, 59, 31.25},
+        {"variante, última compra", "UPDATE Almacen_Articulos_C SET PU_Compra =9", 103, 1, 40, 1, true, 0, 59, 9},
+        {"sin talla", "UPDATE Almacen_Articulos_C SET CualidadX =0 WHERE CualidadX =40", 103, 1, 0, 1, false, 0, 59,
+         31.25},
+        {"sin color", "UPDATE Almacen_Articulos_C SET CualidadY =0 WHERE CualidadY =1", 103, 1, 40, 0, false, 0, 59,
+         31.25},
+    };
+    for (const Caso& caso : kCasos) {
+        SCOPED_TRACE(caso.nombre);
+        conexion->BeginTrans();
+        conexion->Ejecutar(caso.sql);
+        clsDatosArt a;
+        Conectar(a);
+        a.CualidadX = caso.x;
+        a.CualidadY = caso.y;
+        empresa->costeUltimaCompra = caso.ultimaCompra;
+        EXPECT_EQ(caso.estado, a.Cargar(caso.articulo, caso.cliente, kHoy, 1, 1, 4));
+        conexion->RollbackTrans();
+        EXPECT_DOUBLE_EQ(caso.pvp, a.Pvp);
+        EXPECT_DOUBLE_EQ(caso.coste, a.PCosto);
+    }
+}
+
+TEST_F(CargaReal, FinTemprano_SueltaAlClienteYNoTocaLoQueSigue) {
+    for (const auto& [articulo, cliente] : {std::pair{999999, 1}, {101, 50}}) {
+        clsDatosArt a;
+        Conectar(a);
+        a.PDescuento = 7;
+        a.PvpBase = Currency::DeEntero(8);
+        a.Cargar(articulo, cliente, kHoy, 1, 1, 2);
+        EXPECT_EQ(7, a.PDescuento);
+        EXPECT_EQ(Currency::DeEntero(8), a.PvpBase);
+        EsperarError(kErrObjetoNoEstablecido, "KVDatosArt", [&] { a.DevPvp(0, kHoy); });
+    }
+}
+
+class EmpresaAnotada : public EmpresaFija {
+  public:
+    mutable std::vector<int> pedidos;
+    Valor Parametro(std::int16_t numero) const override {
+        pedidos.push_back(numero);
+        return EmpresaFija::Parametro(numero);
+    }
+};
+
+// The level of the article: the second parameter decides, and the first one only when it holds nothing.
+TEST_F(CargaReal, NivelDelArticulo_PorLosParametros) {
+    const std::pair<Valor, std::vector<int>> kCasos[] = {
+        {std::string("x"), {2}}, {std::int16_t{0}, {2}}, {std::string(), {2, 1}}, {Nulo{}, {2, 1}}};
+    for (const auto& [segundo, pedidos] : kCasos) {
+        const auto anotada = std::make_shared<EmpresaAnotada>();
+        static_cast<EmpresaFija&>(*anotada) = *Ribera();
+        anotada->parametros[2] = segundo;
+        clsDatosArt a;
+        a.Conexion(conexion);
+        a.cEmpresa(anotada);
+        a.Cargar(101, 1, kHoy, 1, 1, 2);
+        EXPECT_EQ(pedidos, anotada->pedidos);
+    }
 }
 
 TEST_F(CargaReal, Padre_SeCargaUnaVezAlLeerlo) {
@@ -299,11 +278,12 @@ TEST_F(CargaReal, TrasUnFallo_ElClienteSigueAhi) {
 class Callado : public ObservadorCarga {
   public:
     int avisos = 0;
+    int nodos = 0;
     void Tarifa(const TarifaProbada&) override { ++avisos; }
     void Paso(const PasoPrecio&) override { ++avisos; }
     void DescuentoLinea(FuenteDescuento, Currency) override { ++avisos; }
     void NodoBase(const NivelesCadena&, bool, Currency) override { ++avisos; }
-    void NodoDescuentos(const NivelesCadena&, bool, int) override { ++avisos; }
+    void NodoDescuentos(const NivelesCadena&, bool, int) override { ++nodos; }
     void DescuentoCadena(const DescuentoAplicado&) override { ++avisos; }
 };
 
@@ -318,13 +298,17 @@ TEST_F(CargaReal, ConObservador_MismasSentenciasYMismoResultado) {
             conexion->textos.clear();
             Conectar(a);
             if (con == 1) a.Observador(&observador);
-            a.Cargar(l.articulo, l.cliente, kHoy + l.dias, static_cast<std::int16_t>(l.tarifa), 1, 2);
+            a.Cargar(l.articulo, l.cliente, kHoy, static_cast<std::int16_t>(l.tarifa), 1, 2);
             textos[con] = conexion->textos;
             pvp[con] = a.Pvp;
         }
         EXPECT_EQ(textos[0], textos[1]);
         EXPECT_EQ(pvp[0], pvp[1]);
         EXPECT_GT(observador.avisos, 1);
+        // The text walks the chain once more, and unheard.
+        if (l.articulo == 113) {
+            EXPECT_EQ(4, observador.nodos);
+        }
     }
 }
 

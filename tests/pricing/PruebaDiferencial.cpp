@@ -202,24 +202,24 @@ rc::Gen<std::optional<int>> Quizas(int desde, int hasta) {
 RC_GTEST_PROP(Diferencial, CargarIgualQueUnResolutorIngenuo, ()) {
     const BibliotecaDePrueba biblioteca(kHoy, *rc::gen::element('.', ','));
     Mundo m;
-    m.tarifa = *Quizas(0, 5000);
-    m.promocion = *Quizas(0, 5000);
-    m.delCliente = *Quizas(0, 5000);
-    m.deEmpresa = *Quizas(0, 5000);
-    m.tipoCliente = *rc::gen::element(0, 0, 0, 0, 1);
+    m.tarifa = *Quizas(-50, 5000);
+    m.promocion = *Quizas(-50, 5000);
+    m.delCliente = *Quizas(-50, 5000);
+    m.deEmpresa = *Quizas(-50, 5000);
+    m.tipoCliente = *rc::gen::element(0, 0, 0, 0, 1, -1);
     m.aCoste = *rc::gen::element(false, false, false, true);
-    m.propio = *Quizas(1, 5000);
+    m.propio = *Quizas(-50, 5000);
     m.diasPropio = *rc::gen::inRange(-1, 2);
     m.conCadena = *rc::gen::arbitrary<bool>();
-    m.baseNodo = *Quizas(0, 5000);
-    m.basePadre = *Quizas(0, 5000);
+    m.baseNodo = *Quizas(-50, 5000);
+    m.basePadre = *Quizas(-50, 5000);
     m.convenioMenos = *Quizas(-200, 1200);
     m.porcentajeNodo = *Quizas(1, 60);
     m.cascadaNodo = *rc::gen::arbitrary<bool>();
     m.dtoPadre = *rc::gen::arbitrary<bool>();
     m.importePadre = *Quizas(1, 900);
-    m.grupo = *Quizas(0, 40);
-    m.familia = *Quizas(0, 40);
+    m.grupo = *Quizas(-5, 40);
+    m.familia = *Quizas(-5, 40);
     Comparar(m);
 }
 

@@ -71,6 +71,7 @@ TEST_F(Demostracion, CadaCargaDelDocumento_DaLoQueDice) {
                                             Corto(f[6]), 2, Currency::DeDouble(std::stod(f[7])));
         EXPECT_EQ(Corto(f[9]), estado);
         EXPECT_DOUBLE_EQ(std::stod(f[10]), articulo.Pvp);
+        EXPECT_DOUBLE_EQ(std::stod(f[10]), articulo.PvpOriginal);
         EXPECT_DOUBLE_EQ(std::stod(f[11]), articulo.PDescuento);
         EXPECT_EQ(Corto(f[12]), articulo.TarifaPVP);
         EXPECT_DOUBLE_EQ(std::stod(f[13]), articulo.PCosto);
