@@ -55,12 +55,6 @@ const char* NombreFuente(FuentePrecio fuente) {
     return "";
 }
 
-bool Hay(Sesion& sesion, std::string_view sql) {
-    std::unique_ptr<Recordset> rs;
-    AbrirLectura(rs, sesion.Cnx(), sql);
-    return !rs->Eof();
-}
-
 std::string CondicionNodo(const NivelesCadena& nodo) {
     std::string sql;
     for (std::size_t i = 0; i < nodo.size(); ++i)
@@ -159,7 +153,7 @@ std::string Explicacion::MotivoTarifa(Sesion& sesion, const Renglon& r) const {
         TextoSql("SELECT Pvp FROM ", tabla, " WHERE Cod_Empresa =", SqlEntero(sesion.Emp().CodEmpresaArticulos()),
                  " AND Cod_Articulo =", SqlEntero(asunto_.articulo), " AND Cod_Tarifa =", SqlEntero(r.tarifa));
     if (r.porCualidad) Agregar(sql, " AND CualidadX =", SqlEntero(asunto_.cualidadX));
-    return Hay(sesion, sql) ? "precio 0" : "sin fila";
+    return sesion.Hay(sql) ? "precio 0" : "sin fila";
 }
 
 std::string Explicacion::MotivoCambio(Sesion& sesion, const Renglon& r) const {
@@ -168,11 +162,11 @@ std::string Explicacion::MotivoCambio(Sesion& sesion, const Renglon& r) const {
         TextoSql("SELECT Pvp FROM ", tabla, " WHERE Cod_Empresa =", SqlEntero(sesion.Emp().CodEmpresaArticulos()),
                  " AND Cod_Articulo =", SqlEntero(asunto_.articulo), " AND Cod_Tarifa =", SqlEntero(r.tarifa));
     if (r.porCualidad) Agregar(sql, " AND CualidadX =", SqlEntero(asunto_.cualidadX));
-    if (!Hay(sesion, sql)) return "sin cambios programados";
+    if (!sesion.Hay(sql)) return "sin cambios programados";
     Agregar(sql, " AND Actualizado =1 AND Borrado =0");
-    if (!Hay(sesion, sql)) return "los cambios están retirados o no toman parte";
+    if (!sesion.Hay(sql)) return "los cambios están retirados o no toman parte";
     Agregar(sql, " AND Fecha_Entrada <='", SqlFecha(asunto_.fecha), "'");
-    return Hay(sesion, sql) ? "precio 0" : "los cambios entran después de la fecha";
+    return sesion.Hay(sql) ? "precio 0" : "los cambios entran después de la fecha";
 }
 
 std::string Explicacion::Motivo(Sesion& sesion, const Renglon& r) const {
@@ -185,18 +179,18 @@ std::string Explicacion::Motivo(Sesion& sesion, const Renglon& r) const {
         case Duda::Cambio:
             return MotivoCambio(sesion, r);
         case Duda::PrecioCliente:
-            return Hay(sesion, TextoSql("SELECT PVP FROM Clientes_Art_PVP WHERE Cod_Empresa =", empresa,
-                                        " AND Cod_Cliente =", cliente, " AND Cod_Articulo =", articulo))
+            return sesion.Hay(TextoSql("SELECT PVP FROM Clientes_Art_PVP WHERE Cod_Empresa =", empresa,
+                                       " AND Cod_Cliente =", cliente, " AND Cod_Articulo =", articulo))
                        ? "fuera de sus fechas"
                        : "sin precio propio";
         case Duda::Nodo:
-            return Hay(sesion, TextoSql("SELECT PBase FROM Clientes_Cadenas_ConvArt WHERE Cod_Empresa =", empresa,
-                                        " AND Cod_Articulo =", articulo, CondicionNodo(r.nodo)))
+            return sesion.Hay(TextoSql("SELECT PBase FROM Clientes_Cadenas_ConvArt WHERE Cod_Empresa =", empresa,
+                                       " AND Cod_Articulo =", articulo, CondicionNodo(r.nodo)))
                        ? "acuerdo fuera de sus fechas"
                        : "sin acuerdo";
         case Duda::Convenio:
-            return Hay(sesion, TextoSql("SELECT Pvp FROM Clientes_Convenio_Pvp WHERE Cod_Empresa =", empresa,
-                                        " AND Cod_Cliente =", cliente, " AND Cod_Articulo =", articulo))
+            return sesion.Hay(TextoSql("SELECT Pvp FROM Clientes_Convenio_Pvp WHERE Cod_Empresa =", empresa,
+                                       " AND Cod_Cliente =", cliente, " AND Cod_Articulo =", articulo))
                        ? "el artículo base no está o no tiene tarifa 1"
                        : "sin convenio";
         case Duda::Ninguna:

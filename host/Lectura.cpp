@@ -45,7 +45,7 @@ Currency LeerImporte(const std::string& opcion, const std::string& texto) {
     } catch (const RuntimeError&) {
         // Told below, together with what is expected.
     }
-    Rechazar(opcion, texto, "un número con cuatro decimales como mucho");
+    Rechazar(opcion, texto, "un número de 15 cifras y cuatro decimales como mucho");
 }
 
 }  // namespace kv::host

@@ -91,8 +91,10 @@ void EscribirMaestro(Respuesta& r, const clsDatosArt& a) {
 
 void EscribirPadre(Respuesta& r, clsDatosArt& articulo) {
     const auto padre = articulo.padre();
-    if (!padre) {
+    // A parent that was not found in the catalogue has nothing to show.
+    if (!padre || padre->Codigo == 0) {
         r.Dato("padre", "Padre de venta", Nulo{});
+        if (padre) r.Dato("padreEstado", "Estado del padre", std::string("no existe"));
         return;
     }
     r.Dato("padre", "Padre de venta", padre->Codigo);
@@ -101,7 +103,8 @@ void EscribirPadre(Respuesta& r, clsDatosArt& articulo) {
     r.Dato("padreStock", "Existencias del padre", padre->Stock);
 }
 
-// A load takes an unknown customer for one without terms; a person who names one has made a mistake.
+// A load takes an unknown customer for one without terms, and an unknown warehouse for an empty one; a person who
+// names one has made a mistake.
 void ExigirCliente(const Sesion& sesion, std::int32_t codigo) {
     clsCliente cliente;
     sesion.Inyectar(cliente);
@@ -121,6 +124,7 @@ void Cargar(const OpcionesCargar& o) {
                                ? sesion.Emp().DecPrecios()
                                : static_cast<std::int16_t>(LeerEntero("--decimales", o.decimales, 0, 4));
     ExigirCliente(sesion, cliente);
+    sesion.ExigirAlmacen(almacen);
     clsDatosArt articulo;
     sesion.Inyectar(articulo);
     articulo.CualidadX = static_cast<std::uint8_t>(LeerEntero("--cualidad-x", o.cualidadX, 0, 255));
@@ -136,6 +140,8 @@ void Cargar(const OpcionesCargar& o) {
     r.Dato("estado", "Código de estado", estado);
     r.Dato("Codigo", "Artículo", articulo.Codigo);
     r.Dato("Descripcion", "Descripción", articulo.Descripcion);
+    r.Dato("CualidadX", "Cualidad X", articulo.CualidadX);
+    r.Dato("CualidadY", "Cualidad Y", articulo.CualidadY);
     EscribirPrecio(r, articulo);
     EscribirAlmacen(r, articulo);
     EscribirMaestro(r, articulo);

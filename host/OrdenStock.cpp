@@ -51,21 +51,13 @@ Clave LeerClave(const OpcionesStock& o) {
     return clave;
 }
 
-bool Hay(Sesion& sesion, std::string_view sql) {
-    std::unique_ptr<Recordset> rs;
-    AbrirLectura(rs, sesion.Cnx(), sql);
-    return !rs->Eof();
-}
-
 // What a posting to a code that does not exist would quietly create.
 void ExigirClave(Sesion& sesion, const Clave& clave) {
-    if (!Hay(sesion,
-             TextoSql("SELECT Codigo FROM Articulos WHERE Cod_Empresa =", SqlEntero(sesion.Emp().CodEmpresaArticulos()),
-                      " AND Codigo =", SqlEntero(clave.articulo))))
+    if (!sesion.Hay(
+            TextoSql("SELECT Codigo FROM Articulos WHERE Cod_Empresa =", SqlEntero(sesion.Emp().CodEmpresaArticulos()),
+                     " AND Codigo =", SqlEntero(clave.articulo))))
         throw Fallo(kNegativo, "no existe el artículo " + std::to_string(clave.articulo));
-    if (!Hay(sesion, TextoSql("SELECT Codigo FROM Almacenes WHERE Cod_Empresa =", SqlEntero(sesion.Emp().CodEmpresa()),
-                              " AND Codigo =", SqlEntero(clave.almacen))))
-        throw Fallo(kNegativo, "no existe el almacén " + std::to_string(clave.almacen));
+    sesion.ExigirAlmacen(clave.almacen);
 }
 
 void Tabla(Sesion& sesion, const char* nombre, const std::string& sql) {
@@ -95,8 +87,8 @@ void EscribirExistencias(Sesion& sesion, std::int32_t articulo) {
 void Ver(const OpcionesStock& o) {
     const std::int32_t articulo = LeerEntero("--articulo", o.articulo, 1, INT32_MAX);
     Sesion sesion(o.comunes, true);
-    if (!Hay(sesion, TextoSql("SELECT Cod_Almacen FROM Almacen_Articulos WHERE Cod_Empresa =",
-                              SqlEntero(sesion.Emp().CodEmpresa()), " AND Cod_Articulo =", SqlEntero(articulo))))
+    if (!sesion.Hay(TextoSql("SELECT Cod_Almacen FROM Almacen_Articulos WHERE Cod_Empresa =",
+                             SqlEntero(sesion.Emp().CodEmpresa()), " AND Cod_Articulo =", SqlEntero(articulo))))
         throw Fallo(kNegativo, "el artículo " + o.articulo + " no está en ningún almacén");
     EscribirExistencias(sesion, articulo);
     sesion.Escribir(std::cout);

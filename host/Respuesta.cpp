@@ -92,7 +92,8 @@ std::size_t Respuesta::TablaDe(const std::string& nombre, Recordset& rs) {
 
 void Respuesta::Escribir(std::ostream& salida, bool json) const {
     if (json)
-        salida << json_.dump(2) << '\n';
+        // A text that is not UTF-8 shows a replacement sign; it must not spoil the rest.
+        salida << json_.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';
     else
         EscribirTexto(salida);
 }

@@ -6,6 +6,7 @@
 
 #include "base/RuntimeError.h"
 #include "db/ConexionTrazada.h"
+#include "db/ValoresSql.h"
 #include "db/sqlite/ConexionSqlite.h"
 #include "host/EmpresaTabla.h"
 #include "host/Fallo.h"
@@ -73,6 +74,18 @@ Sesion::Sesion(const OpcionesComunes& opciones, bool soloLectura) : json_(opcion
 }
 
 Sesion::~Sesion() = default;
+
+bool Sesion::Hay(std::string_view sql) const {
+    std::unique_ptr<Recordset> rs;
+    AbrirLectura(rs, Cnx(), sql);
+    return !rs->Eof();
+}
+
+void Sesion::ExigirAlmacen(std::int16_t codigo) const {
+    if (!Hay(TextoSql("SELECT Codigo FROM Almacenes WHERE Cod_Empresa =", SqlEntero(Emp().CodEmpresa()),
+                      " AND Codigo =", SqlEntero(codigo))))
+        throw Fallo(kNegativo, "no existe el almacén " + std::to_string(codigo));
+}
 
 void Sesion::Deshacer() noexcept {
     try {

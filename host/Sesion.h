@@ -4,6 +4,7 @@
 #include <iosfwd>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "component/clsDatosArt.h"
 #include "db/Connection.h"
@@ -59,6 +60,11 @@ class Sesion {
             throw;
         }
     }
+
+    /// Whether a query has a row.
+    bool Hay(std::string_view sql) const;
+    /// Fallo kNegativo when the company has no such warehouse.
+    void ExigirAlmacen(std::int16_t codigo) const;
 
     Respuesta respuesta;
 

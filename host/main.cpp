@@ -20,6 +20,7 @@ std::string EnCastellano(const CLI::ParseError& error) {
     }
     if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr)
         return "argumento desconocido" + texto.substr(std::min(texto.find(':'), texto.size()));
+    if (texto.find("At Most") != std::string::npos) return "repetido " + texto.substr(0, texto.find(':'));
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr)
         return "falta el valor de " + texto.substr(0, texto.find(':'));
     return "orden mal escrita: " + texto;

@@ -55,6 +55,9 @@ caso 0 'Padre de venta              119' cargar "${b[@]}" --articulo 118 --clien
 caso 0 'bloqueado en el almacén' cargar "${b[@]}" --articulo 114 --cliente 1
 caso 0 '"estado": 2' cargar "${b[@]}" --articulo 115 --cliente 1 --json
 caso 1 'no existe el artículo 5555' cargar "${b[@]}" --articulo 5555 --cliente 1
+caso 1 'no existe el almacén 77' cargar "${b[@]}" --articulo 101 --cliente 1 --almacen 77
+caso 0 '"CualidadX": 42,' cargar "${b[@]}" --articulo 103 --cliente 1 --cualidad-x 42 --json
+caso 2 'repetido --articulo' cargar "${b[@]}" --articulo 101 --articulo 102 --cliente 1
 caso 1 'no existe el cliente 999' cargar "${b[@]}" --articulo 101 --cliente 999
 caso 2 '--unidades: «1,23456» no vale' cargar "${b[@]}" --articulo 101 --cliente 1 --unidades 1,23456
 caso 0 'Instalaciones Duero' cliente ver "${b[@]}" --codigo 4
@@ -91,6 +94,7 @@ caso 0 'Bloqueo' stock bloquear "${b[@]}" --articulo 106
 caso 0 'bloqueado en el almacén' cargar "${b[@]}" --articulo 106 --cliente 1
 caso 0 'Bloqueo' stock desbloquear "${b[@]}" --articulo 106
 caso 0 '"Pend_Servir": 4' stock pendiente "${b[@]}" --articulo 106 --servir 4 --json
+caso 0 '"Ubic1": "�"' stock ubicacion "${b[@]}" --articulo 106 --unidades 1 --ubic1 $'\xe9' --json
 caso 0 'P1' stock ubicacion "${b[@]}" --articulo 106 --unidades 5 --ubic1 P1
 caso 0 '"Importe_Costo": 23.7' ventas acumular "${b[@]}" --articulo 106 --cliente 3 --unidades 30 --importe 47,1 --json
 caso 0 '"Unidades": 28' ventas acumular "${b[@]}" --articulo 106 --cliente 3 --unidades -2 --importe -3 --json
