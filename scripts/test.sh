@@ -3,6 +3,6 @@
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/comun.sh"
 
-scripts/instalar.sh nativo
+scripts/instalar.sh nativo odbc
 construir dev
 ctest --preset dev -j "$(nproc)"

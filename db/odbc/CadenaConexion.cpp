@@ -14,7 +14,7 @@ std::string Minusculas(std::string_view texto) {
 }
 
 bool EsSecreta(std::string_view clave) {
-    constexpr auto kPalabras = std::to_array<std::string_view>({"pwd", "password", "secret", "token", "pqopt"});
+    constexpr auto kPalabras = std::to_array<std::string_view>({"pwd", "password", "secret", "token"});
     const std::string minusculas = Minusculas(clave);
     return std::any_of(kPalabras.begin(), kPalabras.end(),
                        [&](std::string_view palabra) { return minusculas.find(palabra) != std::string::npos; });
@@ -71,13 +71,15 @@ std::vector<std::string> Secretos(std::string_view cadena) {
     return secretos;
 }
 
-std::string Tapar(std::string texto, const std::vector<std::string>& secretos) {
-    constexpr std::string_view kTapado = "***";
-    for (const std::string& secreto : secretos)
-        for (std::size_t pos = texto.find(secreto); pos != std::string::npos;
-             pos = texto.find(secreto, pos + kTapado.size()))
-            texto.replace(pos, secreto.size(), kTapado);
-    return texto;
+std::string Tapar(std::string_view texto, const std::vector<std::string>& secretos) {
+    std::string tapado;
+    while (!texto.empty()) {
+        const auto secreto =
+            std::find_if(secretos.begin(), secretos.end(), [&](const std::string& s) { return texto.starts_with(s); });
+        tapado += secreto != secretos.end() ? std::string_view("***") : texto.substr(0, 1);
+        texto.remove_prefix(secreto != secretos.end() ? secreto->size() : 1);
+    }
+    return tapado;
 }
 
 }  // namespace kv

@@ -11,6 +11,6 @@ namespace kv {
 std::vector<std::string> Secretos(std::string_view cadena);
 
 /// `texto` with every secret replaced by asterisks.
-std::string Tapar(std::string texto, const std::vector<std::string>& secretos);
+std::string Tapar(std::string_view texto, const std::vector<std::string>& secretos);
 
 }  // namespace kv

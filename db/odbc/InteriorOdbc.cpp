@@ -9,6 +9,9 @@
 namespace kv {
 namespace {
 
+// ODBC 3.8, which older headers do not name.
+constexpr std::uintptr_t kVersion = 380;
+
 // What the suite's own connections wait for a server that does not answer.
 constexpr std::uintptr_t kEsperaConexion = 15;
 
@@ -23,7 +26,7 @@ SQLPOINTER ComoAtributo(std::uintptr_t valor) {
 
 Asidero CrearEntorno() {
     Asidero entorno(SQL_HANDLE_ENV, nullptr, SQL_HANDLE_ENV);
-    ComprobarOdbc(SQLSetEnvAttr(entorno.Get(), SQL_ATTR_ODBC_VERSION, ComoAtributo(SQL_OV_ODBC3_80), 0), entorno, {});
+    ComprobarOdbc(SQLSetEnvAttr(entorno.Get(), SQL_ATTR_ODBC_VERSION, ComoAtributo(kVersion), 0), entorno, {});
     return entorno;
 }
 

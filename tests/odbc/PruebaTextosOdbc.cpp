@@ -1,0 +1,57 @@
+#include <gtest/gtest.h>
+
+#include "base/RuntimeError.h"
+#include "db/odbc/CadenaConexion.h"
+#include "db/odbc/TextoAncho.h"
+#include "tests/comun/Errores.h"
+
+namespace kv::prueba {
+namespace {
+
+TEST(CadenaConexion, LasClavesSeTapanEscritasDeCualquierModo) {
+    const struct {
+        const char* cadena;
+        const char* texto;
+        const char* tapado;
+    } casos[] = {
+        {"Server=s;PWD=abc;UID=u", "falla abc de u", "falla *** de u"},
+        {"Server=s; password = abc ", "abc", "***"},
+        {"PWD={a;b}c}}d};UID=u", "a;b", "a;b"},
+        {"PWD={a;b}}d};UID=u", "a;b}d, {a;b}}d}, a;b}}d; u", "***, ***, ***; u"},
+        {"PWD={abierta", "abierta", "***"},
+        {"PWD=;UID=u", "sin clave", "sin clave"},
+        {"UID=PWD;Database=abc", "PWD abc", "PWD abc"},
+        {"PWD=*;AccessToken=ab;Secret=abab", "abab ab *", "*** *** ***"},
+        {"sin igual", "igual", "igual"},
+    };
+    for (const auto& caso : casos) EXPECT_EQ(caso.tapado, Tapar(caso.texto, Secretos(caso.cadena))) << caso.cadena;
+}
+
+TEST(TextoAncho, VaYVuelve) {
+    for (const char* texto :
+         {"", "abc", "ñ", "€ x ", "a😀b", "\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF4\x8F\xBF\xBF"}) {
+        TextoAncho ancho;
+        std::string vuelta;
+        AAncho(texto, ancho);
+        DeAncho(ancho.data(), ancho.size(), vuelta);
+        EXPECT_EQ(texto, vuelta);
+    }
+    TextoAncho ancho;
+    AAncho("€😀", ancho);
+    EXPECT_EQ((TextoAncho{0x20AC, 0xD83D, 0xDE00}), ancho);
+    const TextoAncho suelta = {'a', 0xD83D, 'b', 0xDE00};
+    std::string texto;
+    DeAncho(suelta.data(), suelta.size(), texto);
+    EXPECT_EQ("a\uFFFDb\uFFFD", texto);
+}
+
+TEST(TextoAncho, LoQueNoEsUtf8SeRechaza) {
+    for (const char* malo : {"\xFF", "\xC3", "a\xE2\x82", "\xC0\x80", "\xE0\x80\x80", "\xED\xA0\x80",
+                             "\xF5\x80\x80\x80", "\xE2(\xA1", "\xF4\x90\x80\x80"}) {
+        TextoAncho ancho;
+        EsperarError(kErrTipo, "", [&] { AAncho(malo, ancho); });
+    }
+}
+
+}  // namespace
+}  // namespace kv::prueba
