@@ -18,21 +18,17 @@ struct Registro {
     std::string texto;
 };
 
+// Room for the longest text that a record can have.
+constexpr SQLSMALLINT kSitio = 32767;
+
 // The record at `posicion`, from 1, with its text uncut; false past the last one.
-bool LeerRegistro(SQLSMALLINT tipo, SQLHANDLE asidero, SQLSMALLINT posicion, TextoAncho& hueco, Registro& registro) {
-    for (;;) {
-        SQLSMALLINT unidades = 0;
-        const SQLRETURN resultado = SQLGetDiagRecW(tipo, asidero, posicion, registro.estado.data(), &registro.numero,
-                                                   hueco.data(), static_cast<SQLSMALLINT>(hueco.size()), &unidades);
-        if (!SQL_SUCCEEDED(resultado)) return false;
-        const auto largo = static_cast<std::size_t>(std::max<SQLSMALLINT>(unidades, 0));
-        constexpr std::size_t kTope = 32767;
-        if (largo < hueco.size() || hueco.size() == kTope) {
-            DeAncho(hueco.data(), std::min(largo, hueco.size() - 1), registro.texto);
-            return true;
-        }
-        hueco.resize(std::min(largo + 1, kTope));
-    }
+bool LeerRegistro(SQLSMALLINT tipo, SQLHANDLE asidero, SQLSMALLINT posicion, TextoAncho& sitio, Registro& registro) {
+    SQLSMALLINT unidades = 0;
+    const SQLRETURN resultado = SQLGetDiagRecW(tipo, asidero, posicion, registro.estado.data(), &registro.numero,
+                                               sitio.data(), kSitio, &unidades);
+    if (!SQL_SUCCEEDED(resultado)) return false;
+    DeAncho(sitio.data(), static_cast<std::size_t>(std::clamp<int>(unidades, 0, kSitio - 1)), registro.texto);
+    return true;
 }
 
 std::string Estado(const Registro& registro) {
@@ -44,11 +40,11 @@ std::string Estado(const Registro& registro) {
 }  // namespace
 
 void LanzarErrorOdbc(SQLSMALLINT tipo, SQLHANDLE asidero, std::string_view sentencia) {
-    TextoAncho hueco(1024);
+    TextoAncho sitio(kSitio);
     Registro registro;
     std::int32_t numero = 0;
     std::string descripcion;
-    for (SQLSMALLINT i = 1; LeerRegistro(tipo, asidero, i, hueco, registro); ++i) {
+    for (SQLSMALLINT i = 1; LeerRegistro(tipo, asidero, i, sitio, registro); ++i) {
         if (numero == 0) numero = registro.numero;
         if (!descripcion.empty()) descripcion += "; ";
         descripcion += "[" + Estado(registro) + "] (" + std::to_string(registro.numero) + ") " + registro.texto;
@@ -63,9 +59,9 @@ void ComprobarOdbc(SQLRETURN resultado, const Asidero& asidero, std::string_view
 }
 
 std::string PrimerEstado(const Asidero& asidero) {
-    TextoAncho hueco(16);
+    TextoAncho sitio(kSitio);
     Registro registro;
-    return LeerRegistro(asidero.Tipo(), asidero.Get(), 1, hueco, registro) ? Estado(registro) : std::string();
+    return LeerRegistro(asidero.Tipo(), asidero.Get(), 1, sitio, registro) ? Estado(registro) : std::string();
 }
 
 }  // namespace kv

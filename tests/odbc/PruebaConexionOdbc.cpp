@@ -143,7 +143,7 @@ TEST_F(ConexionOdbcPostgres, Procedimiento_ValorDevueltoTiempoYNombre) {
 }
 
 TEST_F(ConexionOdbcPostgres, DiagnosticoEntero_YLoteQueFallaAlFinal) {
-    const std::string nombre(1500, 'n');
+    const std::string nombre(3000, 'n');
     conexion->EjecutarLote("CREATE OR REPLACE FUNCTION Falla() RETURNS int AS $$ BEGIN RAISE EXCEPTION '" + nombre +
                            " ñ€ fin'; END $$ LANGUAGE plpgsql");
     const std::string descripcion = Descripcion([&] { conexion->Ejecutar("SELECT Falla() AS v"); });
