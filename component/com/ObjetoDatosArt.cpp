@@ -81,6 +81,7 @@ HRESULT ObjetoDatosArt::InterfaceSupportsErrorInfo(REFIID iid) {
 #define KV_PROPIEDAD(nombre, tipo)                          \
     HRESULT ObjetoDatosArt::get_##nombre(tipo* valor) try { \
         if (valor == nullptr) return E_POINTER;             \
+        *valor = {};                                        \
         Dar(*valor, nativo_->nombre);                       \
         return S_OK;                                        \
     } catch (...) {                                         \
@@ -111,6 +112,7 @@ HRESULT ObjetoDatosArt::putref_cEmpresa(IDispatch* nueva) try {
 
 HRESULT ObjetoDatosArt::DevPvp(short intTarifa, DATE dteFecha, VARIANT_BOOL blnForzarAnterior, CURRENCY* precio) try {
     if (precio == nullptr) return E_POINTER;
+    precio->int64 = 0;
     Dar(*precio, nativo_->DevPvp(intTarifa, Fecha::DeOle(dteFecha), blnForzarAnterior != VARIANT_FALSE));
     return S_OK;
 } catch (...) {
@@ -120,6 +122,7 @@ HRESULT ObjetoDatosArt::DevPvp(short intTarifa, DATE dteFecha, VARIANT_BOOL blnF
 HRESULT ObjetoDatosArt::Cargar(LONG lngCod_Articulo, LONG lngCod_Cliente, DATE dteFecha, short intTarifa,
                                short intCod_Almacen, short intDec_Pvp, CURRENCY curUnidades, short* estado) try {
     if (estado == nullptr) return E_POINTER;
+    *estado = 0;
     const Fecha fecha = Fecha::DeOle(dteFecha);
     padre_ = {};
     *estado = nativo_->Cargar(lngCod_Articulo, lngCod_Cliente, fecha, intTarifa, intCod_Almacen, intDec_Pvp,

@@ -1,5 +1,6 @@
-#include <array>
+#include <climits>
 
+#include "component/com/ArgumentosCompletos.h"
 #include "component/com/Modulo.h"
 #include "component/com/ObjetoDatosArt.h"
 
@@ -8,9 +9,9 @@ namespace {
 
 constexpr DISPID kConexion = 30;
 constexpr DISPID kEmpresa = 31;
+constexpr DISPID kDevPvp = 32;
 constexpr DISPID kCargar = 33;
 constexpr DISPID kPadre = 48;
-constexpr UINT kArgumentosCargar = 7;
 
 bool EsReferencia(DISPID miembro) {
     return miembro == kConexion || miembro == kEmpresa || miembro == kPadre;
@@ -36,6 +37,7 @@ HRESULT ObjetoDatosArt::GetTypeInfo(UINT indice, LCID, ITypeInfo** info) {
 
 HRESULT ObjetoDatosArt::GetIDsOfNames(REFIID iid, LPOLESTR* nombres, UINT cuantos, LCID, DISPID* ids) {
     if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
+    if (nombres == nullptr || ids == nullptr) return E_POINTER;
     HRESULT hr = S_OK;
     ITypeInfo* info = Modulo::Interfaz(hr);
     return info != nullptr ? info->GetIDsOfNames(nombres, cuantos, ids) : hr;
@@ -50,18 +52,18 @@ HRESULT ObjetoDatosArt::Invoke(DISPID miembro, REFIID iid, LCID, WORD clase, DIS
     if (info == nullptr) return hr;
     // Script hosts without Set assign an object as a value.
     if (EsReferencia(miembro) && (clase & DISPATCH_PROPERTYPUT) != 0) clase = DISPATCH_PROPERTYPUTREF;
-    DISPPARAMS pasados = *argumentos;
-    std::array<VARIANT, kArgumentosCargar> completos;
-    // The type library cannot hold a Currency default, so the quantity that was left out is put here.
-    if (miembro == kCargar && pasados.cArgs == kArgumentosCargar - 1 && pasados.cNamedArgs == 0) {
-        completos[0].vt = VT_CY;
-        completos[0].cyVal.int64 = 0;
-        for (UINT i = 1; i < kArgumentosCargar; ++i) completos[i] = pasados.rgvarg[i - 1];
-        pasados.rgvarg = completos.data();
-        pasados.cArgs = kArgumentosCargar;
-    }
     SetErrorInfo(0, nullptr);
-    return info->Invoke(static_cast<::_clsDatosArt*>(this), miembro, clase, &pasados, resultado, excepcion, erroneo);
+    const auto invocar = [&](DISPPARAMS* pasados, UINT* cual) {
+        return info->Invoke(static_cast<::_clsDatosArt*>(this), miembro, clase, pasados, resultado, excepcion, cual);
+    };
+    if (miembro != kCargar && miembro != kDevPvp) return invocar(argumentos, erroneo);
+    VARIANT valor{};
+    valor.vt = miembro == kCargar ? VT_CY : VT_BOOL;
+    ArgumentosCompletos completos(*argumentos, miembro == kCargar ? 6 : 2, valor);
+    UINT cual = UINT_MAX;
+    hr = invocar(completos.Get(), &cual);
+    if (erroneo != nullptr && cual != UINT_MAX) *erroneo = completos.Situar(cual);
+    return hr;
 }
 
 }  // namespace kv
