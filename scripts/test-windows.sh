@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Records native loads and replays them through the registered DLL under Wine, without a display. After build-windows.sh.
+# Records native loads and tests both DLLs under Wine with them, without a display. After build-windows.sh.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/comun.sh"
 
@@ -8,28 +8,92 @@ cmake --preset dev --log-level=WARNING >/dev/null
 cmake --build --preset dev --target grabar
 
 trabajo=$(mktemp -d)
-export WINEPREFIX=$trabajo/wine WINEDLLOVERRIDES="mscoree,mshtml=" WINEDEBUG=-all
+export WINEDLLOVERRIDES="mscoree,mshtml=" WINEDEBUG=-all
 unset DISPLAY
-trap 'timeout 30 wineserver -k || true; rm -rf "$trabajo"' EXIT
-dll=$raiz/build/mingw-x86_64/component/com/KVDatosArt.dll
-clase='HKLM\Software\Classes\KVDatosArt.clsDatosArt'
+trap 'parar_wine; rm -rf "$trabajo"' EXIT
 
-echo "Importaciones y exportaciones"
-tabla=$(x86_64-w64-mingw32-objdump -p "$dll")
-ajenas=$(sed -n 's/.*DLL Name: //p' <<<"$tabla" | grep -viE '^(advapi32|kernel32|msvcrt|ole32|oleaut32|user32)\.dll$' || true)
-[ -z "$ajenas" ] || { echo "importa $ajenas"; exit 1; }
-[ "$(grep -cE '\] Dll(CanUnloadNow|GetClassObject|RegisterServer|UnregisterServer)$' <<<"$tabla")" -eq 4 ]
+etapa() { echo "== $1"; }
 
-echo "Registro, repetición y retirada"
-timeout 180 wineboot -i </dev/null >/dev/null 2>&1
+# vino SEGUNDOS PROGRAMA...: runs a Windows program within a time limit.
+vino() { timeout "$1" "$WINELOADER" "${@:2}" </dev/null 2> >(grep -viE 'freetype|TrueType|2\.0\.5' >&2 || true); }
+
+# de_bits BITS: the paths of that build.
+de_bits() {
+    if [ "$1" -eq 64 ]; then triple=x86_64; else triple=i686; fi
+    construido=$raiz/build/mingw-$triple
+    dll=$construido/component/com/KVDatosArt.dll
+}
+
+# comprobar_dll BITS: what it imports and exports, and the type library inside it.
+comprobar_dll() {
+    local tabla ajenas tipos desde sistema
+    tabla=$("$triple-w64-mingw32-objdump" -p "$dll")
+    ajenas=$(sed -n 's/.*DLL Name: //p' <<<"$tabla" | grep -viE '^(advapi32|kernel32|msvcrt|ole32|oleaut32|user32)\.dll$' || true)
+    [ -z "$ajenas" ] || { echo "importa $ajenas"; return 1; }
+    [ "$(grep -cE '^\s+\[ *[0-9]+\] ' <<<"$(sed -n '/Ordinal\/Name Pointer/,/^$/p' <<<"$tabla")")" -eq 4 ]
+    [ "$(grep -cE '\] Dll(CanUnloadNow|GetClassObject|RegisterServer|UnregisterServer)$' <<<"$tabla")" -eq 4 ]
+    tipos=$construido/component/com/KVDatosArt.tlb
+    desde=$(grep -obUaP 'MSFT\x02\x00' "$dll" | head -n 1 | cut -d: -f1)
+    cmp -n "$(stat -c %s "$tipos")" -i "$desde:0" "$dll" "$tipos"
+    # The kind of system in the library's header: 1 is Windows of 32 bits, 3 of 64.
+    sistema=$(od -An -tu1 -j20 -N1 "$tipos")
+    [ $((sistema & 15)) -eq "$([ "$1" -eq 64 ] && echo 3 || echo 1)" ] || { echo "biblioteca de tipos de otro sistema"; return 1; }
+}
+
+# arrancar_wine BITS: an empty Wine; fails, saying why, when there is none for those bits.
+arrancar_wine() {
+    export WINEPREFIX=$trabajo/wine$1 WINEARCH=win$1
+    if [ "$1" -eq 64 ]; then
+        export WINELOADER=/usr/lib/wine/wine64 WINESERVER=/usr/lib/wine/wineserver64
+    else
+        WINELOADER=$(scripts/wine32.sh) || return 1
+        export WINELOADER WINESERVER=${WINELOADER}server32
+        # Debian's Wine of 32 bits takes this one from beside the compiler.
+        mkdir -p "$WINEPREFIX/drive_c/windows/system32"
+        cp /usr/i686-w64-mingw32/lib/zlib1.dll "$WINEPREFIX/drive_c/windows/system32"
+    fi
+    vino 180 wineboot -i >/dev/null 2>&1
+    esperar_wine
+}
+
+esperar_wine() { timeout 60 "$WINESERVER" -w || true; }
+parar_wine() { [ -z "${WINESERVER:-}" ] || timeout 30 "$WINESERVER" -k || true; }
+
+registrar() {
+    vino 60 regsvr32 /s "Z:$dll"
+    vino 60 reg query 'HKLM\Software\Classes\KVDatosArt.clsDatosArt' >/dev/null
+}
+
+retirar() {
+    vino 60 regsvr32 /s /u "Z:$dll"
+    esperar_wine
+    if grep -i '1fa74086-df09-486c-a741-27a97c598ef0\|002eef61-6083-45a8-a783-8e77d15e2010\|KVDatosArt.clsDatosArt' "$WINEPREFIX"/*.reg; then
+        echo "quedan claves"
+        return 1
+    fi
+}
+
+repetir() { vino 300 "$construido/tests/com/prueba_com.exe" "Z:$trabajo/cargas.txt"; }
+servidor() { vino 300 "$construido/tests/com/prueba_servidor.exe" registrado "Z:$trabajo/cargas.txt"; }
+sin_registro() { vino 60 "$construido/tests/com/prueba_servidor.exe" manifiesto "Z:$construido/component/com/KVDatosArt.manifest"; }
+
 "$raiz/build/dev/tests/com/grabar" "$trabajo/cargas.txt"
-timeout 60 wine regsvr32 /s "Z:$dll" </dev/null
-timeout 60 wine reg query "$clase" </dev/null >/dev/null
-timeout 300 wine "$raiz/build/mingw-x86_64/tests/com/prueba_com.exe" "Z:$trabajo/cargas.txt" </dev/null
-timeout 60 wine regsvr32 /s /u "Z:$dll" </dev/null
-timeout 60 wineserver -w || true
-if timeout 60 wine reg query "$clase" </dev/null >/dev/null 2>&1; then echo "queda registrada"; exit 1; fi
-if grep -qi '1fa74086-df09-486c-a741-27a97c598ef0\|002eef61-6083-45a8-a783-8e77d15e2010' "$WINEPREFIX"/*.reg; then
-    echo "quedan claves"; exit 1
-fi
+for bits in 64 32; do
+    de_bits "$bits"
+    etapa "$bits bits: importaciones, exportaciones y biblioteca de tipos"
+    comprobar_dll "$bits"
+    if ! arrancar_wine "$bits"; then
+        [ "$bits" -eq 32 ] || exit 1
+        echo "OMITIDO: los 32 bits no se ejecutan, no hay un Wine para ellos"
+        continue
+    fi
+    etapa "$bits bits: registro, repetición y retirada"
+    registrar
+    repetir
+    servidor
+    retirar
+    etapa "$bits bits: uso sin registro"
+    sin_registro
+    parar_wine
+done
 echo "Correcto"

@@ -1,26 +1,16 @@
 #pragma once
 
 #include <deque>
-#include <map>
 #include <string>
 #include <vector>
 
 #include "db/ado/InterfacesAdo.h"
 #include "db/ado/PunteroCom.h"
 #include "db/ado/Variante.h"
-#include "tests/com/Guion.h"
+#include "tests/com/Grabacion.h"
 
 // COM objects with ADO's interfaces that replay a recording, strictly: any other text, order or parameter fails.
 namespace kv::prueba {
-
-/// One recorded query or procedure.
-struct Paso {
-    char clase = 'O';
-    std::string texto;
-    std::vector<std::pair<std::string, Valor>> fila;
-    std::vector<std::string> parametros;
-    std::vector<Valor> salidas;
-};
 
 /// What is left of the recording, and how many objects of these are alive.
 struct Estado {

@@ -14,6 +14,7 @@
 //   P procedure           parameters follow: p name type direction size value, then s position value
 //   R status              result         V name value       a property after it
 //   D price or X number   result of DevPvp or a failure
+//   H                     padre is read           H article price  what it is, when there is one
 namespace kv::prueba {
 
 inline std::vector<std::string> Partir(const std::string& linea) {

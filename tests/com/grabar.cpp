@@ -39,22 +39,33 @@ void EscribirEmpresa(std::ostream& salida, const kv::cEmpresa& e) {
 
 struct Caso {
     int articulo, cliente, tarifa, unidades, cualidadX;
+    bool forzar;
 };
 
-void Grabar(std::ostream& salida, clsDatosArt& a, const Caso& c, Fecha dia) {
-    salida << "C\t" << c.articulo << '\t' << c.cliente << '\t' << static_cast<long>(dia.AOle()) << '\t' << c.tarifa
-           << '\t' << c.unidades << '\t' << c.cualidadX << '\n';
-    a.CualidadX = static_cast<std::uint8_t>(c.cualidadX);
-    const auto tarifa = static_cast<std::int16_t>(c.tarifa);
-    const std::int16_t estado = a.Cargar(c.articulo, c.cliente, dia, tarifa, 1, 2, Currency::DeEntero(c.unidades));
-    salida << "R\t" << estado << '\n';
-    EscribirPropiedades(salida, a);
+void GrabarPrecio(std::ostream& salida, clsDatosArt& a, const Caso& c, Fecha dia) {
     try {
-        const Currency precio = a.DevPvp(tarifa, dia, true);
+        const Currency precio = a.DevPvp(static_cast<std::int16_t>(c.tarifa), dia, c.forzar);
         salida << "D\t" << precio.Diezmilesimas() << '\n';
     } catch (const RuntimeError& error) {
         salida << "X\t" << error.numero << '\n';
     }
+}
+
+void GrabarPadre(std::ostream& salida, clsDatosArt& a) {
+    salida << "H\n";
+    if (const auto padre = a.padre()) salida << "H\t" << padre->Codigo << '\t' << Codificar(padre->Pvp) << '\n';
+}
+
+void Grabar(std::ostream& salida, clsDatosArt& a, const Caso& c, Fecha dia) {
+    salida << "C\t" << c.articulo << '\t' << c.cliente << '\t' << static_cast<long>(dia.AOle()) << '\t' << c.tarifa
+           << '\t' << c.unidades << '\t' << c.cualidadX << '\t' << c.forzar << '\n';
+    a.CualidadX = static_cast<std::uint8_t>(c.cualidadX);
+    const std::int16_t estado =
+        a.Cargar(c.articulo, c.cliente, dia, static_cast<std::int16_t>(c.tarifa), 1, 2, Currency::DeEntero(c.unidades));
+    salida << "R\t" << estado << '\n';
+    EscribirPropiedades(salida, a);
+    GrabarPrecio(salida, a, c, dia);
+    GrabarPadre(salida, a);
 }
 
 }  // namespace
@@ -75,7 +86,7 @@ int main(int argc, char** argv) try {
             a.Conexion(std::make_shared<prueba::ConexionGrabadora>(real, salida));
             a.cEmpresa(empresa);
             const int vuelta = articulo + cliente;
-            prueba::Grabar(salida, a, {articulo, cliente, vuelta % 4 - 1, vuelta % 15 + 1, vuelta % 3},
+            prueba::Grabar(salida, a, {articulo, cliente, vuelta % 4 - 1, vuelta % 15, vuelta % 3, articulo % 2 == 0},
                            hoy + vuelta % 40);
         }
     return salida.flush() ? 0 : 1;

@@ -2,45 +2,13 @@
 
 #include <windows.h>
 
-#include <fstream>
 #include <iostream>
 
-#include "KVDatosArt_h.h"
 #include "tests/com/ComandoFalso.h"
+#include "tests/com/Comprobaciones.h"
 
 namespace kv::prueba {
 namespace {
-
-int pasadas = 0;
-int fallidas = 0;
-
-void Exigir(bool bien, const std::string& que) {
-    ++(bien ? pasadas : fallidas);
-    if (!bien && fallidas < 20) std::cout << "FALLA: " << que << " " << Global().queja << std::endl;
-}
-
-PunteroCom<::_clsDatosArt> Crear() {
-    CLSID clase;
-    PunteroCom<::_clsDatosArt> objeto;
-    HRESULT hr = CLSIDFromProgID(L"KVDatosArt.clsDatosArt", &clase);
-    if (SUCCEEDED(hr))
-        hr = CoCreateInstance(clase, nullptr, CLSCTX_INPROC_SERVER, IID__clsDatosArt, objeto.RecibirVoid());
-    Exigir(hr == S_OK, "creación por ProgID");
-    if (FAILED(hr)) throw std::runtime_error("no se crea el objeto");
-    return objeto;
-}
-
-Valor Leer(::_clsDatosArt& o, const std::string& nombre) {
-    const Cadena ancho(nombre);
-    OLECHAR* pedido = ancho.Get();
-    DISPID id = 0;
-    DISPPARAMS sin{};
-    Variante valor;
-    if (FAILED(o.GetIDsOfNames(IID_NULL, &pedido, 1, LOCALE_USER_DEFAULT, &id))) return std::string("sin nombre");
-    if (FAILED(o.Invoke(id, IID_NULL, 0, DISPATCH_PROPERTYGET, &sin, valor.Recibir(), nullptr, nullptr)))
-        return std::string("sin valor");
-    return valor.AValor();
-}
 
 void Liberar(BSTR texto) {
     SysFreeString(texto);
@@ -65,66 +33,22 @@ void CompararPropiedad(::_clsDatosArt& o, const std::string& nombre, const std::
 #undef KV_PROPIEDAD
 }
 
-std::string TextoError() {
-    PunteroCom<IErrorInfo> info;
-    Cadena texto;
-    if (GetErrorInfo(0, info.Recibir()) == S_OK) info->GetDescription(texto.Recibir());
-    return Utf8(texto.Get());
-}
-
-struct Caso {
-    std::vector<std::string> argumentos;
-    std::deque<Paso> pasos;
-    std::deque<Paso> pasosPrecio;
-    int estado = 0;
-    std::vector<std::pair<std::string, std::string>> propiedades;
-    std::string precio;
-    long error = 0;
-};
-
-std::vector<Caso> LeerGrabacion(const char* ruta, std::map<std::string, Valor>& empresa) {
-    std::ifstream entrada(ruta, std::ios::binary);
-    std::vector<Caso> casos;
-    bool cargado = false;
-    for (std::string linea; std::getline(entrada, linea);) {
-        const auto c = Partir(linea);
-        const char clase = c[0][0];
-        if (clase == 'E') empresa[c[1]] = Decodificar(c[2]);
-        if (clase == 'C') casos.emplace_back().argumentos = c, cargado = false;
-        if (casos.empty()) continue;
-        Caso& caso = casos.back();
-        auto& pasos = cargado ? caso.pasosPrecio : caso.pasos;
-        if (clase == 'O' || clase == 'P') pasos.emplace_back().clase = clase, pasos.back().texto = c[1];
-        if (clase == 'F')
-            for (std::size_t i = 1; i + 1 < c.size(); i += 2)
-                pasos.back().fila.emplace_back(c[i], Decodificar(c[i + 1]));
-        if (clase == 'p') pasos.back().parametros.push_back(linea.substr(2));
-        if (clase == 's') pasos.back().salidas.push_back(Decodificar(c[2]));
-        if (clase == 'R') caso.estado = std::stoi(c[1]), cargado = true;
-        if (clase == 'V') caso.propiedades.emplace_back(c[1], c[2]);
-        if (clase == 'D') caso.precio = c[1];
-        if (clase == 'X') caso.error = std::stol(c[1]);
-    }
-    return casos;
-}
-
 void Repetir(::_clsDatosArt& o, const Caso& caso) {
-    const auto numero = [&](std::size_t i) { return std::stol(caso.argumentos[i]); };
-    const auto tarifa = static_cast<short>(numero(4));
-    const auto dia = static_cast<DATE>(numero(3));
+    const auto tarifa = static_cast<short>(caso.Numero(4));
+    const auto dia = static_cast<DATE>(caso.Numero(3));
     CURRENCY unidades;
-    unidades.int64 = numero(5) * 10000LL;
+    unidades.int64 = caso.Numero(5) * 10000LL;
     short estado = -1;
     Global().pasos = caso.pasos;
     Global().queja.clear();
-    o.put_CualidadX(static_cast<unsigned char>(numero(6)));
-    const HRESULT hr = o.Cargar(numero(1), numero(2), dia, tarifa, 1, 2, unidades, &estado);
+    o.put_CualidadX(static_cast<unsigned char>(caso.Numero(6)));
+    const HRESULT hr = o.Cargar(caso.Numero(1), caso.Numero(2), dia, tarifa, 1, 2, unidades, &estado);
     Exigir(hr == S_OK, "Cargar " + caso.argumentos[1] + "," + caso.argumentos[2]);
     Exigir(estado == caso.estado && Global().pasos.empty(), "estado y guion agotado");
     for (const auto& [nombre, valor] : caso.propiedades) CompararPropiedad(o, nombre, valor);
     Global().pasos = caso.pasosPrecio;
     CURRENCY precio{};
-    const HRESULT hrPrecio = o.DevPvp(tarifa, dia, VARIANT_TRUE, &precio);
+    const HRESULT hrPrecio = o.DevPvp(tarifa, dia, caso.Numero(7) != 0 ? VARIANT_TRUE : VARIANT_FALSE, &precio);
     if (caso.error != 0)
         Exigir(hrPrecio == static_cast<HRESULT>(0x800A0000L + caso.error), "error de DevPvp");
     else
@@ -205,8 +129,8 @@ int Todo(const char* ruta) {
     Exigir(Global().vivos == antes, "las referencias vuelven a cero");
     CoFreeUnusedLibrariesEx(0, 0);
     Exigir(GetModuleHandleW(L"KVDatosArt.dll") == nullptr, "la DLL se descarga");
-    std::cout << casos.size() << " cargas; " << pasadas << " passed, " << fallidas << " failed" << std::endl;
-    return fallidas == 0 ? 0 : 1;
+    std::cout << casos.size() << " cargas; ";
+    return Resumen();
 }
 
 }  // namespace
