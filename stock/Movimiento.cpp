@@ -3,39 +3,50 @@
 #include "db/ValoresSql.h"
 
 namespace kv {
+namespace {
 
-bool EsSalida(std::int16_t intOp) {
-    return intOp == kOpVenta || intOp == kOpSalida8 || intOp == kOpSalida13;
+double ConSigno(std::int16_t op, double cantidad) {
+    return op == kOpVenta || op == kOpSalida8 || op == kOpSalida13 ? -cantidad : cantidad;
 }
 
-bool EsEntradaConCoste(std::int16_t intOp) {
-    return intOp == kOpCompra || intOp == kOpEntradaConPrecio;
+}  // namespace
+
+Movimiento::Movimiento(std::int16_t intOp, double dblUnidades, double dblPeso, double dblNeto, Fecha dteFecha)
+    : op(intOp),
+      unidades(ConSigno(intOp, dblUnidades)),
+      peso(ConSigno(intOp, dblPeso)),
+      neto(dblNeto),
+      fecha(dteFecha) {}
+
+std::string Movimiento::FragmentoPrecio() const {
+    return neto > 0 ? TextoSql(", PU_Compra =", SqlDoble(neto)) : std::string();
 }
 
-PeriodoExistencias CambioDePeriodo(double stockAnterior, double unidades, Fecha dteFecha) {
-    if (stockAnterior <= 0 && stockAnterior + unidades > 0)
-        return {TextoSql(", FIni_Existencias ='", SqlFecha(dteFecha), "'"), ", FFin_Existencias =''"};
-    if (stockAnterior > 0 && stockAnterior + unidades <= 0)
-        return {", FIni_Existencias =''", TextoSql(", FFin_Existencias ='", SqlFecha(dteFecha), "'")};
-    return {};
-}
-
-FilaNueva PrepararFilaNueva(std::int16_t intOp, double unidades, double neto, Fecha dteFecha) {
-    const std::string fecha = SqlFecha(dteFecha).Cadena();
-    FilaNueva fila;
-    (unidades > 0 ? fila.inicio : fila.fin) = fecha;
-    if (intOp == kOpVenta && unidades < 0) fila.venta = fecha;
-    if (intOp == kOpEntradaConPrecio && neto > 0) fila.PMedio = fila.PUC = neto;
-    if (intOp == kOpCompra && unidades > 0 && neto > 0) {
-        fila.compra = fecha;
-        fila.PMedio = fila.PUC = neto;
+Fragmentos::Fragmentos(const Movimiento& movimiento, const FilaStock& fila) {
+    const TextoNumero fecha = SqlFecha(movimiento.fecha);
+    if (movimiento.EsEntradaConCoste()) medio = TextoSql(", P_Medio =", SqlDoble(fila.PMedio));
+    if (movimiento.EsVenta()) venta = TextoSql(", FUlt_Venta ='", fecha, "'");
+    const bool habia = fila.stock > 0;
+    const bool queda = fila.stock + movimiento.unidades > 0;
+    if (!habia && queda) {
+        inicio = TextoSql(", FIni_Existencias ='", fecha, "'");
+        fin = ", FFin_Existencias =''";
+    } else if (habia && !queda) {
+        inicio = ", FIni_Existencias =''";
+        fin = TextoSql(", FFin_Existencias ='", fecha, "'");
     }
-    return fila;
 }
 
-std::string FragmentoVenta(std::int16_t intOp, double unidades, Fecha dteFecha) {
-    if (intOp != kOpVenta || unidades >= 0) return {};
-    return TextoSql(", FUlt_Venta ='", SqlFecha(dteFecha), "'");
+FechasNuevas::FechasNuevas(const Movimiento& movimiento) {
+    const std::string fecha = SqlFecha(movimiento.fecha).Cadena();
+    (movimiento.unidades > 0 ? inicio : fin) = fecha;
+    if (movimiento.EsVenta()) venta = fecha;
+    if (movimiento.EsRecepcionConPrecio()) compra = fecha;
+}
+
+double CosteNuevo(const Movimiento& movimiento) {
+    const bool entrada = movimiento.op == kOpEntradaConPrecio && movimiento.neto > 0;
+    return entrada || movimiento.EsRecepcionConPrecio() ? movimiento.neto : 0;
 }
 
 }  // namespace kv

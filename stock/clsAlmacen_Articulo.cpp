@@ -6,42 +6,6 @@
 namespace kv {
 
 // clang-format off
-bool clsAlmacen_Articulo::ArticuloSinStock(std::int32_t lngArticulo) {
-    std::unique_ptr<Recordset> rs;
-    AbrirLectura(rs, Cnx(), TextoSql(
-        "SELECT Tipo FROM Articulos WHERE Cod_Empresa =", SqlEntero(Emp().CodEmpresaArticulos()),
-        " AND Codigo =", SqlEntero(lngArticulo)));
-    const bool sinStock = !rs->Eof() && ABoolean(rs->Fields("Tipo").Value());
-    rs->Close();
-    return sinStock;
-}
-
-// Quirk: no guard on the date; a sale always sets it, even to an earlier day.
-void clsAlmacen_Articulo::PropagarVenta(std::int16_t intAlmacen, std::int32_t lngArticulo, Fecha dteFecha) {
-    Cnx().Ejecutar(TextoSql(
-        "UPDATE Articulos SET FUVenta ='", SqlFecha(dteFecha), "'",
-        " WHERE Cod_Empresa = ", SqlEntero(Emp().CodEmpresaArticulos()),
-        " AND Codigo =", SqlEntero(lngArticulo)));
-    Cnx().Ejecutar(TextoSql(
-        "UPDATE Almacenes SET FUVenta ='", SqlFecha(dteFecha), "'",
-        " WHERE Cod_Empresa = ", SqlEntero(Emp().CodEmpresa()),
-        " AND Codigo =", SqlEntero(intAlmacen)));
-}
-
-void clsAlmacen_Articulo::PropagarCompra(std::int16_t intAlmacen, std::int32_t lngArticulo, Fecha dteFecha,
-                                         std::string_view precioCompra) {
-    Cnx().Ejecutar(TextoSql(
-        "UPDATE Articulos SET FUCompra ='", SqlFecha(dteFecha), "'", precioCompra,
-        " WHERE Cod_Empresa = ", SqlEntero(Emp().CodEmpresaArticulos()),
-        " AND Codigo =", SqlEntero(lngArticulo),
-        " AND FUCompra<='", SqlFecha(dteFecha), "'"));
-    Cnx().Ejecutar(TextoSql(
-        "UPDATE Almacenes SET FUCompra ='", SqlFecha(dteFecha), "'",
-        " WHERE Cod_Empresa = ", SqlEntero(Emp().CodEmpresa()),
-        " AND Codigo =", SqlEntero(intAlmacen),
-        " AND FUCompra<='", SqlFecha(dteFecha), "'"));
-}
-
 Currency clsAlmacen_Articulo::Dev_Costo(std::int16_t intAlmacen, std::int32_t lngArticulo, std::uint8_t bytCualidadX,
                                         std::uint8_t bytCualidadY) {
     return LeerCoste(Emp().CosteUltimaCompra() ? "PU_Compra" : "P_Medio", intAlmacen, lngArticulo, bytCualidadX,

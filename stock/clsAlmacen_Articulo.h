@@ -9,6 +9,9 @@
 
 namespace kv {
 
+class Movimiento;
+struct FilaStock;
+
 /// Stock, costs, locks and pending quantities of articles in the warehouses of a company (tables
 /// `Almacen_Articulos`, `Almacen_Articulos_C` for variants, `Almacen_Articulos_Ubic` for locations). No transaction is
 /// opened here and no failure is trapped: what a failing call had already written stays written.
@@ -98,12 +101,17 @@ class clsAlmacen_Articulo : public Inyectado {
   private:
     Currency LeerCoste(std::string_view columna, std::int16_t intAlmacen, std::int32_t lngArticulo,
                        std::uint8_t bytCualidadX, std::uint8_t bytCualidadY);
+    void PonerEnFila(std::string_view actualizar, std::string_view insertar, std::string_view valores);
+    void SumarEnVariante(std::string_view sumar, std::string_view insertar, std::int16_t intCualidadX,
+                         std::int16_t intCualidadY, Currency curIncremento);
     void MarcarArticulo();
-    void PropagarVenta(std::int16_t intAlmacen, std::int32_t lngArticulo, Fecha dteFecha);
-    void PropagarCompra(std::int16_t intAlmacen, std::int32_t lngArticulo, Fecha dteFecha,
-                        std::string_view precioCompra);
     bool ArticuloSinStock(std::int32_t lngArticulo);
+    bool LeerFila(std::string_view consulta, const Movimiento& movimiento, FilaStock& fila);
+    double MediaDeArticulo(const Movimiento& movimiento, const FilaStock& fila) const;
+    double MediaDeVariante(const Movimiento& movimiento, const FilaStock& fila) const;
     double MediaPonderada(double media, double stock, double unidades, double neto) const;
+    void Propagar(std::int16_t intAlmacen, std::int32_t lngArticulo, const Movimiento& movimiento,
+                  std::string_view precioCompra);
 };
 
 }  // namespace kv

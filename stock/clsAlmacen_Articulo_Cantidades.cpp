@@ -3,98 +3,79 @@
 #include "stock/clsAlmacen_Articulo.h"
 
 namespace kv {
-namespace {
-
-// A row that the update does not find is made with its key and the one value.
-void ActualizarOInsertar(Connection& conexion, std::string_view actualizar, std::string_view insertar) {
-    if (conexion.EjecutarContando(actualizar) == 0) conexion.Ejecutar(insertar);
-}
-
-}  // namespace
 
 // clang-format off
-void clsAlmacen_Articulo::Act_PendRecibir(Currency curIncremento) {
+// Completes and runs an update of the row of `Almacen` and `Articulo`; where it finds none, the insertion, which gives
+// the key and the same values.
+void clsAlmacen_Articulo::PonerEnFila(std::string_view actualizar, std::string_view insertar,
+                                      std::string_view valores) {
+    const TextoNumero empresa = SqlEntero(Emp().CodEmpresa());
+    const std::int32_t afectados = Cnx().EjecutarContando(TextoSql(
+        actualizar,
+        " WHERE Cod_Empresa = ", empresa,
+        " AND Cod_Articulo = ", SqlEntero(Articulo),
+        " AND Cod_Almacen = ", SqlEntero(Almacen)));
+    if (afectados == 0)
+        Cnx().Ejecutar(TextoSql(
+            insertar, empresa, ", ", SqlEntero(Almacen), ", ", SqlEntero(Articulo), ", ", valores, ")"));
+}
+
+// The same for a variant's row and a quantity.
+void clsAlmacen_Articulo::SumarEnVariante(std::string_view sumar, std::string_view insertar, std::int16_t intCualidadX,
+                                          std::int16_t intCualidadY, Currency curIncremento) {
+    if (intCualidadX == 0 || intCualidadY == 0) return;
     const TextoNumero empresa = SqlEntero(Emp().CodEmpresa());
     const TextoNumero incremento = SqlNumero(curIncremento);
-    ActualizarOInsertar(Cnx(),
-        TextoSql(
-            " UPDATE Almacen_Articulos SET Pend_Recibir = Pend_Recibir + ", incremento,
-            " WHERE Cod_Empresa = ", empresa,
-            " AND Cod_Articulo = ", SqlEntero(Articulo),
-            " AND Cod_Almacen = ", SqlEntero(Almacen)),
-        TextoSql(
-            "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo,",
-            " Pend_Recibir) VALUES (",
-            empresa, ", ", SqlEntero(Almacen), ", ", SqlEntero(Articulo), ", ", incremento, ")"));
+    const std::int32_t afectados = Cnx().EjecutarContando(TextoSql(
+        sumar, incremento,
+        " WHERE Cod_Empresa = ", empresa,
+        " AND Cod_Articulo = ", SqlEntero(Articulo),
+        " AND CualidadX=", SqlEntero(intCualidadX),
+        " AND CualidadY=", SqlEntero(intCualidadY),
+        " AND Cod_Almacen = ", SqlEntero(Almacen)));
+    if (afectados == 0)
+        Cnx().Ejecutar(TextoSql(
+            insertar, empresa, ", ", SqlEntero(Almacen), ", ", SqlEntero(Articulo), ", ", SqlEntero(intCualidadX), ", ",
+            SqlEntero(intCualidadY), ", ", incremento, ")"));
+}
+
+void clsAlmacen_Articulo::Act_PendRecibir(Currency curIncremento) {
+    const TextoNumero incremento = SqlNumero(curIncremento);
+    PonerEnFila(
+        TextoSql(" UPDATE Almacen_Articulos SET Pend_Recibir = Pend_Recibir + ", incremento),
+        "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo,"
+        " Pend_Recibir) VALUES (", incremento);
 }
 
 void clsAlmacen_Articulo::Act_PendServir(Currency curIncremento) {
-    const TextoNumero empresa = SqlEntero(Emp().CodEmpresa());
     const TextoNumero incremento = SqlNumero(curIncremento);
-    ActualizarOInsertar(Cnx(),
-        TextoSql(
-            " UPDATE Almacen_Articulos SET Pend_Servir = Pend_Servir + ", incremento,
-            " WHERE Cod_Empresa = ", empresa,
-            " AND Cod_Articulo = ", SqlEntero(Articulo),
-            " AND Cod_Almacen = ", SqlEntero(Almacen)),
-        TextoSql(
-            "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo,",
-            " Pend_Servir) VALUES (",
-            empresa, ", ", SqlEntero(Almacen), ", ", SqlEntero(Articulo), ", ", incremento, ")"));
+    PonerEnFila(
+        TextoSql(" UPDATE Almacen_Articulos SET Pend_Servir = Pend_Servir + ", incremento),
+        "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo,"
+        " Pend_Servir) VALUES (", incremento);
 }
 
 void clsAlmacen_Articulo::Act_PendRecibir_Cualidades(std::int16_t intCualidadX, std::int16_t intCualidadY,
                                                      Currency curIncremento) {
-    if (intCualidadX == 0 || intCualidadY == 0) return;
-    const TextoNumero empresa = SqlEntero(Emp().CodEmpresa());
-    const TextoNumero incremento = SqlNumero(curIncremento);
-    ActualizarOInsertar(Cnx(),
-        TextoSql(
-            " UPDATE Almacen_Articulos_C SET Pend_Recibir = Pend_Recibir + ", incremento,
-            " WHERE Cod_Empresa = ", empresa,
-            " AND Cod_Articulo = ", SqlEntero(Articulo),
-            " AND CualidadX=", SqlEntero(intCualidadX),
-            " AND CualidadY=", SqlEntero(intCualidadY),
-            " AND Cod_Almacen = ", SqlEntero(Almacen)),
-        TextoSql(
-            "INSERT INTO Almacen_Articulos_C (Cod_Empresa, Cod_Almacen, Cod_Articulo,",
-            " CualidadX, CualidadY, Pend_Recibir) VALUES (",
-            empresa, ", ", SqlEntero(Almacen), ", ", SqlEntero(Articulo), ", ", SqlEntero(intCualidadX), ", ",
-            SqlEntero(intCualidadY), ", ", incremento, ")"));
+    SumarEnVariante(
+        " UPDATE Almacen_Articulos_C SET Pend_Recibir = Pend_Recibir + ",
+        "INSERT INTO Almacen_Articulos_C (Cod_Empresa, Cod_Almacen, Cod_Articulo,"
+        " CualidadX, CualidadY, Pend_Recibir) VALUES (", intCualidadX, intCualidadY, curIncremento);
 }
 
 void clsAlmacen_Articulo::Act_PendServir_Cualidades(std::int16_t intCualidadX, std::int16_t intCualidadY,
                                                     Currency curIncremento) {
-    if (intCualidadX == 0 || intCualidadY == 0) return;
-    const TextoNumero empresa = SqlEntero(Emp().CodEmpresa());
-    const TextoNumero incremento = SqlNumero(curIncremento);
-    ActualizarOInsertar(Cnx(),
-        TextoSql(
-            " UPDATE Almacen_Articulos_C SET Pend_Servir = Pend_Servir + ", incremento,
-            " WHERE Cod_Empresa = ", empresa,
-            " AND Cod_Articulo = ", SqlEntero(Articulo),
-            " AND CualidadX=", SqlEntero(intCualidadX),
-            " AND CualidadY=", SqlEntero(intCualidadY),
-            " AND Cod_Almacen = ", SqlEntero(Almacen)),
-        TextoSql(
-            "INSERT INTO Almacen_Articulos_C (Cod_Empresa, Cod_Almacen, Cod_Articulo,",
-            " CualidadX, CualidadY, Pend_Servir) VALUES (",
-            empresa, ", ", SqlEntero(Almacen), ", ", SqlEntero(Articulo), ", ", SqlEntero(intCualidadX), ", ",
-            SqlEntero(intCualidadY), ", ", incremento, ")"));
+    SumarEnVariante(
+        " UPDATE Almacen_Articulos_C SET Pend_Servir = Pend_Servir + ",
+        "INSERT INTO Almacen_Articulos_C (Cod_Empresa, Cod_Almacen, Cod_Articulo,"
+        " CualidadX, CualidadY, Pend_Servir) VALUES (", intCualidadX, intCualidadY, curIncremento);
 }
 
 void clsAlmacen_Articulo::Act_StockMiniCompras(Currency curIncremento) {
-    const TextoNumero empresa = SqlEntero(Emp().CodEmpresa());
     const TextoNumero incremento = SqlNumero(curIncremento);
-    ActualizarOInsertar(Cnx(),
-        TextoSql(
-            " UPDATE Almacen_Articulos SET Stock_MiniCompra = Stock_MiniCompra + ", incremento,
-            " WHERE Cod_Empresa = ", empresa,
-            " AND Cod_Articulo = ", SqlEntero(Articulo),
-            " AND Cod_Almacen = ", SqlEntero(Almacen)),
-        TextoSql(
-            "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo, Stock_MiniCompra) VALUES (",
-            empresa, ", ", SqlEntero(Almacen), ", ", SqlEntero(Articulo), ", ", incremento, ")"));
+    PonerEnFila(
+        TextoSql(" UPDATE Almacen_Articulos SET Stock_MiniCompra = Stock_MiniCompra + ", incremento),
+        "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo, Stock_MiniCompra) VALUES (", incremento);
 }
 
 void clsAlmacen_Articulo::Act_Stock_Ubicaciones(std::int16_t intAlmacen, std::int32_t lngArticulo,
@@ -103,15 +84,15 @@ void clsAlmacen_Articulo::Act_Stock_Ubicaciones(std::int16_t intAlmacen, std::in
                                                 const std::string& strUbic5, Currency curIncremento) {
     const TextoNumero empresa = SqlEntero(Emp().CodEmpresa());
     const TextoNumero incremento = SqlNumero(curIncremento);
-    ActualizarOInsertar(Cnx(),
-        TextoSql(
-            "UPDATE Almacen_Articulos_Ubic SET Stock_Actual=Stock_Actual+", incremento,
-            " WHERE Cod_Empresa=", empresa,
-            " AND Cod_Almacen=", SqlEntero(intAlmacen),
-            " AND Cod_Articulo=", SqlEntero(lngArticulo),
-            " AND Ubic1='", strUbic1, "' AND Ubic2='", strUbic2, "' AND Ubic3='", strUbic3,
-            "' AND Ubic4='", strUbic4, "' AND Ubic5='", strUbic5, "'"),
-        TextoSql(
+    const std::int32_t afectados = Cnx().EjecutarContando(TextoSql(
+        "UPDATE Almacen_Articulos_Ubic SET Stock_Actual=Stock_Actual+", incremento,
+        " WHERE Cod_Empresa=", empresa,
+        " AND Cod_Almacen=", SqlEntero(intAlmacen),
+        " AND Cod_Articulo=", SqlEntero(lngArticulo),
+        " AND Ubic1='", strUbic1, "' AND Ubic2='", strUbic2, "' AND Ubic3='", strUbic3,
+        "' AND Ubic4='", strUbic4, "' AND Ubic5='", strUbic5, "'"));
+    if (afectados == 0)
+        Cnx().Ejecutar(TextoSql(
             "INSERT INTO Almacen_Articulos_Ubic ",
             " (Cod_Empresa, Cod_Almacen, Cod_Articulo, Ubic1, Ubic2, Ubic3, Ubic4, Ubic5, Stock_Actual) VALUES (",
             empresa, ", ", SqlEntero(intAlmacen), ", ", SqlEntero(lngArticulo), ", '", strUbic1, "', '", strUbic2,
@@ -119,50 +100,28 @@ void clsAlmacen_Articulo::Act_Stock_Ubicaciones(std::int16_t intAlmacen, std::in
 }
 
 void clsAlmacen_Articulo::Act_Costo(Currency curCosto) {
-    const TextoNumero empresa = SqlEntero(Emp().CodEmpresa());
     const TextoNumero coste = SqlNumero(curCosto);
-    ActualizarOInsertar(Cnx(),
-        TextoSql(
-            "UPDATE Almacen_Articulos SET PU_Compra =", coste,
-            ", P_Medio =", coste,
-            " WHERE Cod_Empresa = ", empresa,
-            " AND Cod_Articulo = ", SqlEntero(Articulo),
-            " AND Cod_Almacen = ", SqlEntero(Almacen)),
-        TextoSql(
-            "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo,",
-            " PU_Compra, P_Medio) VALUES (",
-            empresa, ", ", SqlEntero(Almacen), ", ", SqlEntero(Articulo), ", ", coste, ", ", coste, ")"));
+    PonerEnFila(
+        TextoSql("UPDATE Almacen_Articulos SET PU_Compra =", coste, ", P_Medio =", coste),
+        "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo,"
+        " PU_Compra, P_Medio) VALUES (", TextoSql(coste, ", ", coste));
 }
 
 void clsAlmacen_Articulo::Act_Bloqueo() {
-    const TextoNumero empresa = SqlEntero(Emp().CodEmpresa());
     const TextoNumero bloqueo = SqlBooleanoAbsoluto(Bloqueado);
     const TextoNumero dormido = Bloqueado ? SqlFecha(Biblioteca().Hoy()) : TextoNumero("01/01/1900");
-    ActualizarOInsertar(Cnx(),
-        TextoSql(
-            "UPDATE Almacen_Articulos SET Bloqueo =", bloqueo,
-            ", F_Dormido ='", dormido, "'",
-            " WHERE Cod_Empresa = ", empresa,
-            " AND Cod_Articulo = ", SqlEntero(Articulo),
-            " AND Cod_Almacen = ", SqlEntero(Almacen)),
-        TextoSql(
-            "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo, Bloqueo, F_Dormido) VALUES (",
-            empresa, ", ", SqlEntero(Almacen), ", ", SqlEntero(Articulo), ", ", bloqueo, ", '", dormido, "')"));
+    PonerEnFila(
+        TextoSql("UPDATE Almacen_Articulos SET Bloqueo =", bloqueo, ", F_Dormido ='", dormido, "'"),
+        "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo, Bloqueo, F_Dormido) VALUES (",
+        TextoSql(bloqueo, ", '", dormido, "'"));
     MarcarArticulo();
 }
 
 void clsAlmacen_Articulo::Act_Desglosa_Pack() {
-    const TextoNumero empresa = SqlEntero(Emp().CodEmpresa());
     const TextoNumero desglosa = SqlBooleanoAbsoluto(Desglosa_Pack);
-    ActualizarOInsertar(Cnx(),
-        TextoSql(
-            "UPDATE Almacen_Articulos SET Desglosa_Pack =", desglosa,
-            " WHERE Cod_Empresa = ", empresa,
-            " AND Cod_Articulo = ", SqlEntero(Articulo),
-            " AND Cod_Almacen = ", SqlEntero(Almacen)),
-        TextoSql(
-            "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo, Desglosa_Pack) VALUES (",
-            empresa, ", ", SqlEntero(Almacen), ", ", SqlEntero(Articulo), ", ", desglosa, ")"));
+    PonerEnFila(
+        TextoSql("UPDATE Almacen_Articulos SET Desglosa_Pack =", desglosa),
+        "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo, Desglosa_Pack) VALUES (", desglosa);
     MarcarArticulo();
 }
 

@@ -2,188 +2,214 @@
 #include "stock/Movimiento.h"
 #include "stock/clsAlmacen_Articulo.h"
 
+// A movement on the plain article's row and on a variant's: the same steps, in the same order, each with statements and
+// guards of its own. What stands here twice differs; what does not stands once.
+
 namespace kv {
+namespace {
+
+/// The key of a row as texts.
+struct Clave {
+    Clave(std::int16_t codEmpresa, std::int16_t intAlmacen, std::int32_t lngArticulo)
+        : empresa(SqlEntero(codEmpresa)), almacen(SqlEntero(intAlmacen)), articulo(SqlEntero(lngArticulo)) {}
+
+    TextoNumero empresa;
+    TextoNumero almacen;
+    TextoNumero articulo;
+};
+
+struct ClaveVariante : Clave {
+    ClaveVariante(const Clave& clave, std::uint8_t bytCualidadX, std::uint8_t bytCualidadY)
+        : Clave(clave), x(SqlEntero(bytCualidadX)), y(SqlEntero(bytCualidadY)) {}
+
+    TextoNumero x;
+    TextoNumero y;
+};
 
 // clang-format off
-void clsAlmacen_Articulo::Act_Stock(std::int16_t intAlmacen, std::int32_t lngArticulo, double dblUnidades,
-                                    double dblPeso, double dblNeto, std::int16_t intOp, Fecha dteFecha,
-                                    double& dblPUC, double& dblPMedio, double& dblStock, bool bolModFichaArt) {
-    const TextoNumero empresa = SqlEntero(Emp().CodEmpresa());
-    const TextoNumero almacen = SqlEntero(intAlmacen);
-    const TextoNumero articulo = SqlEntero(lngArticulo);
-    const TextoNumero fecha = SqlFecha(dteFecha);
-    const bool sinStock = ArticuloSinStock(lngArticulo);
-    if (EsSalida(intOp)) {
-        dblUnidades = -dblUnidades;
-        dblPeso = -dblPeso;
-    }
-    const bool conCoste = dblUnidades > 0 && EsEntradaConCoste(intOp) && dblNeto > 0;
-    if (conCoste) dblPMedio = dblNeto;
-    dblPUC = 0;
-    dblStock = 0;
-    double peso = 0;
-
-    std::unique_ptr<Recordset> rs;
-    AbrirLectura(rs, Cnx(), TextoSql(
+std::string LeerArticulo(const Clave& clave) {
+    return TextoSql(
         "SELECT Stock_Actual, Stock_Peso, P_Medio, PU_Compra FROM Almacen_Articulos",
-        " WHERE Cod_Empresa =", empresa,
-        " And Cod_Almacen =", almacen,
-        " And Cod_Articulo =", articulo));
-    if (!rs->Eof()) {
-        dblStock = ADouble(rs->Fields("Stock_Actual").Value());
-        peso = ADouble(rs->Fields("Stock_Peso").Value());
-        dblPUC = ADouble(rs->Fields("PU_Compra").Value());
-        dblPMedio = ADouble(rs->Fields("P_Medio").Value());
-        // Only positive stock with a positive average is weighed; anything else starts the average afresh.
-        if (conCoste)
-            dblPMedio = dblPMedio > 0 && dblStock > 0 ? MediaPonderada(dblPMedio, dblStock, dblUnidades, dblNeto)
-                                                      : dblNeto;
+        " WHERE Cod_Empresa =", clave.empresa,
+        " And Cod_Almacen =", clave.almacen,
+        " And Cod_Articulo =", clave.articulo);
+}
+
+std::string LeerVariante(const ClaveVariante& clave) {
+    return TextoSql(
+        "SELECT Stock_Actual, Stock_Peso, P_Medio, PU_Compra FROM Almacen_Articulos_C",
+        " WHERE Cod_Empresa =", clave.empresa,
+        " AND Cod_Almacen =", clave.almacen,
+        " AND Cod_Articulo =", clave.articulo,
+        " AND CualidadX =", clave.x,
+        " AND CualidadY =", clave.y);
+}
+
+std::string ActualizarArticulo(const Clave& clave, const Movimiento& m, const Fragmentos& cambios) {
+    const std::string compra = m.op == kOpEntradaConPrecio ? m.FragmentoPrecio() : std::string();
+    return TextoSql(
+        "UPDATE Almacen_Articulos SET",
+        " Stock_Actual = Stock_Actual + ", SqlDoble(m.unidades),
+        ", Stock_Peso = Stock_Peso + ", SqlDoble(m.peso),
+        cambios.medio, compra, cambios.venta, cambios.inicio, cambios.fin,
+        " WHERE Cod_Empresa =", clave.empresa,
+        " AND Cod_Almacen =", clave.almacen,
+        " AND Cod_Articulo =", clave.articulo);
+}
+
+// The 0 keeps the list valid when there is no sale date to write.
+std::string ActualizarSinStock(const Clave& clave, const Fragmentos& cambios) {
+    return TextoSql(
+        "UPDATE Almacen_Articulos SET ",
+        " Stock_Actual = Stock_Actual + 0", cambios.venta,
+        " WHERE Cod_Empresa =", clave.empresa,
+        " AND Cod_Almacen =", clave.almacen,
+        " AND Cod_Articulo =", clave.articulo);
+}
+
+// Quirk: no purchase price here, not even for a priced entry.
+std::string ActualizarVariante(const ClaveVariante& clave, const Movimiento& m, const Fragmentos& cambios) {
+    return TextoSql(
+        "UPDATE Almacen_Articulos_C SET",
+        " Stock_Actual = Stock_Actual + ", SqlDoble(m.unidades),
+        ", Stock_Peso = Stock_Peso + ", SqlDoble(m.peso),
+        cambios.medio, cambios.venta, cambios.inicio, cambios.fin,
+        " WHERE Cod_Empresa =", clave.empresa,
+        " AND Cod_Almacen =", clave.almacen,
+        " AND Cod_Articulo =", clave.articulo,
+        " AND CualidadX =", clave.x,
+        " AND CualidadY =", clave.y);
+}
+
+std::string InsertarArticulo(const Clave& clave, const FilaStock& fila, const FechasNuevas& fechas) {
+    return TextoSql(
+        "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo,",
+        " Stock_Actual, Stock_Peso, PU_Compra, P_Medio, FUlt_Compra, FUlt_Venta,",
+        " FIni_Existencias, FFin_Existencias) VALUES (",
+        clave.empresa, ", ", clave.almacen, ", ", clave.articulo, ", ",
+        SqlDoble(fila.stock), ", ", SqlDoble(fila.peso), ", ", SqlDoble(fila.PUC), ", ", SqlDoble(fila.PMedio), ", '",
+        fechas.compra, "', '", fechas.venta, "', '", fechas.inicio, "', '", fechas.fin, "')");
+}
+
+std::string InsertarSinStock(const Clave& clave, const FechasNuevas& fechas) {
+    return TextoSql(
+        "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo,",
+        " FUlt_Compra, FUlt_Venta) VALUES (",
+        clave.empresa, ", ", clave.almacen, ", ", clave.articulo, ", '", fechas.compra, "', '", fechas.venta, "')");
+}
+
+std::string InsertarVariante(const ClaveVariante& clave, const FilaStock& fila, const FechasNuevas& fechas) {
+    return TextoSql(
+        "INSERT INTO Almacen_Articulos_C (Cod_Empresa, Cod_Almacen, Cod_Articulo,",
+        " CualidadX, CualidadY, Stock_Actual, Stock_Peso, PU_Compra, P_Medio, ",
+        " FUlt_Compra, FUlt_Venta, FIni_Existencias, FFin_Existencias) VALUES (",
+        clave.empresa, ", ", clave.almacen, ", ", clave.articulo, ", ", clave.x, ", ", clave.y, ", ",
+        SqlDoble(fila.stock), ", ", SqlDoble(fila.peso), ", ", SqlDoble(fila.PUC), ", ", SqlDoble(fila.PMedio), ", '",
+        fechas.compra, "', '", fechas.venta, "', '", fechas.inicio, "', '", fechas.fin, "')");
+}
+
+std::string ComprarArticulo(const Clave& clave, const TextoNumero& fecha, std::string_view precio) {
+    return TextoSql(
+        "UPDATE Almacen_Articulos SET FUlt_Compra ='", fecha, "'", precio,
+        " WHERE Cod_Empresa =", clave.empresa,
+        " And Cod_Almacen =", clave.almacen,
+        " And Cod_Articulo =", clave.articulo,
+        " AND FUlt_Compra<='", fecha, "'");
+}
+
+std::string ComprarVariante(const ClaveVariante& clave, const TextoNumero& fecha, double neto, double media) {
+    return TextoSql(
+        "UPDATE Almacen_Articulos_C SET",
+        " PU_Compra=", SqlDoble(neto),
+        ",P_Medio=", SqlDoble(media),
+        ",FUlt_Compra='", fecha, "'",
+        " WHERE Cod_Empresa =", clave.empresa,
+        " And Cod_Almacen =", clave.almacen,
+        " And Cod_Articulo =", clave.articulo,
+        " AND CualidadX =", clave.x,
+        " AND CualidadY =", clave.y,
+        " AND FUlt_Compra<='", fecha, "'");
+}
+// clang-format on
+
+}  // namespace
+
+void clsAlmacen_Articulo::Act_Stock(std::int16_t intAlmacen, std::int32_t lngArticulo, double dblUnidades,
+                                    double dblPeso, double dblNeto, std::int16_t intOp, Fecha dteFecha, double& dblPUC,
+                                    double& dblPMedio, double& dblStock, bool bolModFichaArt) {
+    const Clave clave(Emp().CodEmpresa(), intAlmacen, lngArticulo);
+    const Movimiento movimiento(intOp, dblUnidades, dblPeso, dblNeto, dteFecha);
+    const bool sinStock = ArticuloSinStock(lngArticulo);
+    FilaStock fila{dblPUC, dblPMedio, dblStock};
+    if (LeerFila(LeerArticulo(clave), movimiento, fila)) fila.PMedio = MediaDeArticulo(movimiento, fila);
+    const Fragmentos cambios(movimiento, fila);
+    fila.Mover(movimiento);
+    if (Cnx().EjecutarContando(sinStock ? ActualizarSinStock(clave, cambios)
+                                        : ActualizarArticulo(clave, movimiento, cambios)) == 0) {
+        fila.PUC = fila.PMedio = CosteNuevo(movimiento);
+        const FechasNuevas fechas(movimiento);
+        Cnx().Ejecutar(sinStock ? InsertarSinStock(clave, fechas) : InsertarArticulo(clave, fila, fechas));
     }
-    rs->Close();
-
-    const std::string venta = FragmentoVenta(intOp, dblUnidades, dteFecha);
-    std::string medio;
-    std::string compra;
-    if (EsEntradaConCoste(intOp)) Agregar(medio, ", P_Medio =", SqlDoble(dblPMedio));
-    if (intOp == kOpEntradaConPrecio && dblNeto > 0) Agregar(compra, ", PU_Compra =", SqlDoble(dblNeto));
-    const PeriodoExistencias periodo = CambioDePeriodo(dblStock, dblUnidades, dteFecha);
-    dblStock += dblUnidades;
-    peso += dblPeso;
-
-    const std::string donde = TextoSql(
-        " WHERE Cod_Empresa =", empresa,
-        " AND Cod_Almacen =", almacen,
-        " AND Cod_Articulo =", articulo);
-    const std::int32_t afectados = Cnx().EjecutarContando(sinStock
-        // The 0 keeps the list valid when there is no sale date to write.
-        ? TextoSql("UPDATE Almacen_Articulos SET ", " Stock_Actual = Stock_Actual + 0", venta, donde)
-        : TextoSql(
-            "UPDATE Almacen_Articulos SET",
-            " Stock_Actual = Stock_Actual + ", SqlDoble(dblUnidades),
-            ", Stock_Peso = Stock_Peso + ", SqlDoble(dblPeso),
-            medio, compra, venta, periodo.inicio, periodo.fin, donde));
-    if (afectados == 0) {
-        const FilaNueva fila = PrepararFilaNueva(intOp, dblUnidades, dblNeto, dteFecha);
-        dblPUC = fila.PUC;
-        dblPMedio = fila.PMedio;
-        Cnx().Ejecutar(sinStock
-            ? TextoSql(
-                "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo,",
-                " FUlt_Compra, FUlt_Venta) VALUES (",
-                empresa, ", ", almacen, ", ", articulo, ", '", fila.compra, "', '", fila.venta, "')")
-            : TextoSql(
-                "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo,",
-                " Stock_Actual, Stock_Peso, PU_Compra, P_Medio, FUlt_Compra, FUlt_Venta,",
-                " FIni_Existencias, FFin_Existencias) VALUES (",
-                empresa, ", ", almacen, ", ", articulo, ", ", SqlDoble(dblStock), ", ", SqlDoble(peso), ", ",
-                SqlDoble(dblPUC), ", ", SqlDoble(dblPMedio), ", '", fila.compra, "', '", fila.venta, "', '",
-                fila.inicio, "', '", fila.fin, "')"));
-    }
-
-    // Guarded here and in the masters by >= 0, not > 0: a receipt without a price is a receipt all the same.
-    const bool recepcion = intOp == kOpCompra && dblUnidades > 0 && dblNeto >= 0;
-    std::string precioCompra;
-    if (dblNeto > 0 && !sinStock) Agregar(precioCompra, ", PU_Compra =", SqlDoble(dblNeto));
-    if (recepcion)
-        Cnx().Ejecutar(TextoSql(
-            "UPDATE Almacen_Articulos SET FUlt_Compra ='", fecha, "'", precioCompra,
-            " WHERE Cod_Empresa =", empresa,
-            " And Cod_Almacen =", almacen,
-            " And Cod_Articulo =", articulo,
-            " AND FUlt_Compra<='", fecha, "'"));
-    if (!bolModFichaArt) return;
-    if (intOp == kOpVenta && dblUnidades < 0) PropagarVenta(intAlmacen, lngArticulo, dteFecha);
-    if (recepcion) PropagarCompra(intAlmacen, lngArticulo, dteFecha, precioCompra);
+    const std::string precio = sinStock ? std::string() : movimiento.FragmentoPrecio();
+    // A receipt without a price is a receipt all the same.
+    if (movimiento.EsRecepcion()) Cnx().Ejecutar(ComprarArticulo(clave, SqlFecha(dteFecha), precio));
+    if (bolModFichaArt) Propagar(intAlmacen, lngArticulo, movimiento, precio);
 }
 
 void clsAlmacen_Articulo::Act_Stock_Cualidades(std::int16_t intAlmacen, std::int32_t lngArticulo,
-                                               std::uint8_t bytCualidadX, std::uint8_t bytCualidadY,
-                                               double dblUnidades, double dblPeso, double dblNeto, std::int16_t intOp,
-                                               Fecha dteFecha, double& dblPUC, double& dblPMedio, double& dblStock,
+                                               std::uint8_t bytCualidadX, std::uint8_t bytCualidadY, double dblUnidades,
+                                               double dblPeso, double dblNeto, std::int16_t intOp, Fecha dteFecha,
+                                               double& dblPUC, double& dblPMedio, double& dblStock,
                                                bool bolModFichaArt) {
-    const TextoNumero empresa = SqlEntero(Emp().CodEmpresa());
-    const TextoNumero almacen = SqlEntero(intAlmacen);
-    const TextoNumero articulo = SqlEntero(lngArticulo);
-    const TextoNumero fecha = SqlFecha(dteFecha);
-    const std::string cualidades = TextoSql(
-        " AND CualidadX =", SqlEntero(bytCualidadX),
-        " AND CualidadY =", SqlEntero(bytCualidadY));
-    if (EsSalida(intOp)) {
-        dblUnidades = -dblUnidades;
-        dblPeso = -dblPeso;
+    const ClaveVariante clave({Emp().CodEmpresa(), intAlmacen, lngArticulo}, bytCualidadX, bytCualidadY);
+    const Movimiento movimiento(intOp, dblUnidades, dblPeso, dblNeto, dteFecha);
+    FilaStock fila{dblPUC, dblPMedio, dblStock};
+    if (LeerFila(LeerVariante(clave), movimiento, fila)) fila.PMedio = MediaDeVariante(movimiento, fila);
+    const Fragmentos cambios(movimiento, fila);
+    fila.Mover(movimiento);
+    if (Cnx().EjecutarContando(ActualizarVariante(clave, movimiento, cambios)) == 0) {
+        fila.PUC = fila.PMedio = CosteNuevo(movimiento);
+        Cnx().Ejecutar(InsertarVariante(clave, fila, FechasNuevas(movimiento)));
     }
-    const bool conCoste = dblUnidades > 0 && EsEntradaConCoste(intOp) && dblNeto > 0;
-    if (conCoste) dblPMedio = dblNeto;
-    dblPUC = 0;
-    dblStock = 0;
-    double peso = 0;
+    // Quirk: only with a price, although the masters hear of the purchase without one.
+    if (movimiento.EsRecepcionConPrecio())
+        Cnx().Ejecutar(ComprarVariante(clave, SqlFecha(dteFecha), dblNeto, fila.PMedio));
+    if (bolModFichaArt) Propagar(intAlmacen, lngArticulo, movimiento, movimiento.FragmentoPrecio());
+}
 
+// Only positive stock with a positive average is weighed; anything else starts the average afresh.
+double clsAlmacen_Articulo::MediaDeArticulo(const Movimiento& movimiento, const FilaStock& fila) const {
+    if (!movimiento.TraeCoste()) return fila.PMedio;
+    if (fila.PMedio > 0 && fila.stock > 0)
+        return MediaPonderada(fila.PMedio, fila.stock, movimiento.unidades, movimiento.neto);
+    return movimiento.neto;
+}
+
+// Quirk: unlike the plain article's, what counts is the stock after the movement, an average of 0 and a negative stock
+// are weighed as they are, and a negative average gives way whatever the kind.
+double clsAlmacen_Articulo::MediaDeVariante(const Movimiento& movimiento, const FilaStock& fila) const {
+    if (fila.PMedio < 0) return movimiento.neto;
+    if (movimiento.TraeCoste() && fila.stock + movimiento.unidades > 0)
+        return MediaPonderada(fila.PMedio, fila.stock, movimiento.unidades, movimiento.neto);
+    return fila.PMedio;
+}
+
+/// False when there is no row; then the average is the movement's cost when it brings one, else the caller's.
+bool clsAlmacen_Articulo::LeerFila(std::string_view consulta, const Movimiento& movimiento, FilaStock& fila) {
+    if (movimiento.TraeCoste()) fila.PMedio = movimiento.neto;
+    fila.PUC = 0;
+    fila.stock = 0;
     std::unique_ptr<Recordset> rs;
-    AbrirLectura(rs, Cnx(), TextoSql(
-        "SELECT Stock_Actual, Stock_Peso, P_Medio, PU_Compra FROM Almacen_Articulos_C",
-        " WHERE Cod_Empresa =", empresa,
-        " AND Cod_Almacen =", almacen,
-        " AND Cod_Articulo =", articulo, cualidades));
-    if (!rs->Eof()) {
-        dblStock = ADouble(rs->Fields("Stock_Actual").Value());
-        peso = ADouble(rs->Fields("Stock_Peso").Value());
-        dblPUC = ADouble(rs->Fields("PU_Compra").Value());
-        dblPMedio = ADouble(rs->Fields("P_Medio").Value());
-        // Quirk: unlike the plain article's, what counts is the stock after the movement, an average of 0 and a
-        // negative stock are weighed as they are, and a negative average gives way whatever the kind.
-        if (dblPMedio < 0)
-            dblPMedio = dblNeto;
-        else if (dblStock + dblUnidades > 0 && conCoste)
-            dblPMedio = MediaPonderada(dblPMedio, dblStock, dblUnidades, dblNeto);
+    AbrirLectura(rs, Cnx(), consulta);
+    const bool hayFila = !rs->Eof();
+    if (hayFila) {
+        fila.stock = ADouble(rs->Fields("Stock_Actual").Value());
+        fila.peso = ADouble(rs->Fields("Stock_Peso").Value());
+        fila.PUC = ADouble(rs->Fields("PU_Compra").Value());
+        fila.PMedio = ADouble(rs->Fields("P_Medio").Value());
     }
     rs->Close();
-
-    const std::string venta = FragmentoVenta(intOp, dblUnidades, dteFecha);
-    std::string medio;
-    if (EsEntradaConCoste(intOp)) Agregar(medio, ", P_Medio =", SqlDoble(dblPMedio));
-    const PeriodoExistencias periodo = CambioDePeriodo(dblStock, dblUnidades, dteFecha);
-    dblStock += dblUnidades;
-    peso += dblPeso;
-
-    // Quirk: no purchase price here, not even for a priced entry.
-    const std::int32_t afectados = Cnx().EjecutarContando(TextoSql(
-        "UPDATE Almacen_Articulos_C SET",
-        " Stock_Actual = Stock_Actual + ", SqlDoble(dblUnidades),
-        ", Stock_Peso = Stock_Peso + ", SqlDoble(dblPeso),
-        medio, venta, periodo.inicio, periodo.fin,
-        " WHERE Cod_Empresa =", empresa,
-        " AND Cod_Almacen =", almacen,
-        " AND Cod_Articulo =", articulo, cualidades));
-    if (afectados == 0) {
-        const FilaNueva fila = PrepararFilaNueva(intOp, dblUnidades, dblNeto, dteFecha);
-        dblPUC = fila.PUC;
-        dblPMedio = fila.PMedio;
-        Cnx().Ejecutar(TextoSql(
-            "INSERT INTO Almacen_Articulos_C (Cod_Empresa, Cod_Almacen, Cod_Articulo,",
-            " CualidadX, CualidadY, Stock_Actual, Stock_Peso, PU_Compra, P_Medio, ",
-            " FUlt_Compra, FUlt_Venta, FIni_Existencias, FFin_Existencias) VALUES (",
-            empresa, ", ", almacen, ", ", articulo, ", ", SqlEntero(bytCualidadX), ", ", SqlEntero(bytCualidadY), ", ",
-            SqlDoble(dblStock), ", ", SqlDoble(peso), ", ", SqlDoble(dblPUC), ", ", SqlDoble(dblPMedio), ", '",
-            fila.compra, "', '", fila.venta, "', '", fila.inicio, "', '", fila.fin, "')"));
-    }
-
-    if (intOp == kOpCompra && dblUnidades > 0 && dblNeto > 0)
-        Cnx().Ejecutar(TextoSql(
-            "UPDATE Almacen_Articulos_C SET",
-            " PU_Compra=", SqlDoble(dblNeto),
-            ",P_Medio=", SqlDoble(dblPMedio),
-            ",FUlt_Compra='", fecha, "'",
-            " WHERE Cod_Empresa =", empresa,
-            " And Cod_Almacen =", almacen,
-            " And Cod_Articulo =", articulo, cualidades,
-            " AND FUlt_Compra<='", fecha, "'"));
-    if (!bolModFichaArt) return;
-    if (intOp == kOpVenta && dblUnidades < 0) PropagarVenta(intAlmacen, lngArticulo, dteFecha);
-    // The masters keep >= 0.
-    if (intOp == kOpCompra && dblUnidades > 0 && dblNeto >= 0)
-        PropagarCompra(intAlmacen, lngArticulo, dteFecha,
-                       dblNeto > 0 ? TextoSql(", PU_Compra =", SqlDoble(dblNeto)) : std::string());
+    return hayFila;
 }
-// clang-format on
 
 }  // namespace kv
