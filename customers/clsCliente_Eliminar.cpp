@@ -58,8 +58,8 @@ class Transaccion {
         if (!abierta_) return;
         try {
             conexion_.RollbackTrans();
-        } catch (const RuntimeError&) {
-            // The failure that brought us here is the one to report.
+        } catch (...) {
+            // Whatever it is, a destructor lets nothing out; the failure that brought us here is the one to report.
         }
     }
     Transaccion(const Transaccion&) = delete;
