@@ -31,6 +31,7 @@ void CrearBaseGrande(const std::string& ruta, int articulos) {
         base,
         "INSERT INTO Empresas (Codigo, Nombre, Cod_EmpresaArticulos, Cod_EmpresaClientes, Cod_EmpresaExtra,"
         " Tarifa, CaptionFamilia1, CaptionFamilia2, CaptionFamilia3) VALUES (1, 'Grande', 1, 1, 1, 1, 'a', 'b', 'c')");
+    Ejecutar(base, "INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre) VALUES (1, 1, 'Central')");
     Ejecutar(base, serie +
                        "INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion, Familia_1, Familia_2, Familia_3,"
                        " CtaVentas, CtaDVentas, PU_Compra, Peso) SELECT 1, i, 'Artículo de catálogo número ' || i,"

@@ -52,8 +52,9 @@ class Grabadora::Orden : public Command {
     std::unique_ptr<Command> orden_;
 };
 
-void Grabadora::Execute(std::string_view, std::int32_t*, CommandType) {
-    throw std::logic_error("una carga no escribe");
+void Grabadora::Execute(std::string_view texto, std::int32_t* afectados, CommandType opciones) {
+    interior_->Execute(texto, afectados, opciones);
+    carga.push_back({std::string(texto), false, false, {}, {}});
 }
 std::unique_ptr<Recordset> Grabadora::CrearRecordset() {
     return std::make_unique<Filas>(*this);

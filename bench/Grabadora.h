@@ -9,8 +9,8 @@
 
 namespace kv::bench {
 
-/// What one load sent and read: each statement with the columns that were read of its row, or the procedure with its
-/// parameters. A missing row has no columns.
+/// What one load or posting sent and read: each statement with the columns that were read of its row, or the procedure
+/// with its parameters. A missing row and a write have no columns.
 struct OperacionGrabada {
     std::string texto;
     bool procedimiento = false;

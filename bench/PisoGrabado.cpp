@@ -1,4 +1,4 @@
-#include "bench/PisoCargas.h"
+#include "bench/PisoGrabado.h"
 
 #include <sqlite3.h>
 
@@ -12,10 +12,16 @@ namespace kv::bench {
 namespace {
 
 Valor ValorDe(const Literal& literal) {
-    if (literal.cadena) return Fecha::DeTexto(literal.texto.substr(1, literal.texto.size() - 2)).AIso().Cadena();
+    if (literal.cadena) {
+        const std::string_view texto = literal.texto.substr(1, literal.texto.size() - 2);
+        return texto.empty() ? std::string("1900-01-01") : Fecha::DeTexto(texto).AIso().Cadena();
+    }
+    const char* fin = literal.texto.data() + literal.texto.size();
     std::int64_t entero = 0;
-    std::from_chars(literal.texto.data(), literal.texto.data() + literal.texto.size(), entero);
-    return entero;
+    if (std::from_chars(literal.texto.data(), fin, entero).ptr == fin) return entero;
+    double real = 0;
+    std::from_chars(literal.texto.data(), fin, real);
+    return real;
 }
 
 void Enlazar(sqlite3_stmt* s, int indice, const Valor& valor) {
@@ -23,6 +29,8 @@ void Enlazar(sqlite3_stmt* s, int indice, const Valor& valor) {
         sqlite3_bind_text(s, indice, texto->data(), static_cast<int>(texto->size()), SQLITE_STATIC);
     else if (std::holds_alternative<Currency>(valor))
         sqlite3_bind_double(s, indice, std::get<Currency>(valor).ADouble());
+    else if (const double* real = std::get_if<double>(&valor))
+        sqlite3_bind_double(s, indice, *real);
     else
         sqlite3_bind_int64(s, indice, std::get<std::int64_t>(valor));
 }
@@ -55,18 +63,18 @@ void Leer(sqlite3_stmt* s, int i, const Valor& como, std::int64_t& suma, std::st
 
 }  // namespace
 
-PisoCargas::PisoCargas(const std::string& ruta) {
+PisoGrabado::PisoGrabado(const std::string& ruta) {
     if (sqlite3_open_v2(ruta.c_str(), &base_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr) != SQLITE_OK)
         throw std::runtime_error("no se abre " + ruta);
     sqlite3_exec(base_, "PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL;", nullptr, nullptr, nullptr);
 }
 
-PisoCargas::~PisoCargas() {
+PisoGrabado::~PisoGrabado() {
     for (const auto& [sql, sentencia] : sentencias_) sqlite3_finalize(sentencia);
     sqlite3_close(base_);
 }
 
-sqlite3_stmt* PisoCargas::Sentencia(const std::string& sql) {
+sqlite3_stmt* PisoGrabado::Sentencia(const std::string& sql) {
     sqlite3_stmt*& sentencia = sentencias_[sql];
     if (sentencia == nullptr &&
         sqlite3_prepare_v3(base_, sql.c_str(), -1, SQLITE_PREPARE_PERSISTENT, &sentencia, nullptr) != SQLITE_OK)
@@ -74,7 +82,13 @@ sqlite3_stmt* PisoCargas::Sentencia(const std::string& sql) {
     return sentencia;
 }
 
-std::vector<PisoCargas::Paso> PisoCargas::Preparar(const CargaGrabada& carga) {
+void PisoGrabado::Ejecutar(const std::string& sql) {
+    sqlite3_stmt* sentencia = Sentencia(sql);
+    if (sqlite3_step(sentencia) != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(base_));
+    sqlite3_reset(sentencia);
+}
+
+std::vector<PisoGrabado::Paso> PisoGrabado::Preparar(const CargaGrabada& carga) {
     std::vector<Paso> pasos;
     for (const OperacionGrabada& operacion : carga) {
         Paso paso{};
@@ -107,11 +121,16 @@ std::vector<PisoCargas::Paso> PisoCargas::Preparar(const CargaGrabada& carga) {
     return pasos;
 }
 
-void PisoCargas::Recorrer(const std::vector<Paso>& carga, std::int64_t& suma, std::string& texto) {
+void PisoGrabado::Recorrer(const std::vector<Paso>& carga, std::int64_t& suma, std::string& texto) {
     for (const Paso& paso : carga) {
         for (const auto& [indice, valor] : paso.enlaces) Enlazar(paso.sentencia, indice, valor);
-        if (sqlite3_step(paso.sentencia) == SQLITE_ROW)
+        const int resultado = sqlite3_step(paso.sentencia);
+        if (resultado == SQLITE_ROW)
             for (const auto& [columna, como] : paso.columnas) Leer(paso.sentencia, columna, como, suma, texto);
+        else if (resultado != SQLITE_DONE)
+            throw std::runtime_error(sqlite3_errmsg(base_));
+        else
+            suma += sqlite3_changes(base_);
         sqlite3_reset(paso.sentencia);
     }
 }

@@ -12,14 +12,14 @@ struct sqlite3_stmt;
 
 namespace kv::bench {
 
-/// The floor of a whole load: its statements prepared by hand once on SQLite, their values bound, the same columns
-/// read into variables of the same types.
-class PisoCargas {
+/// The floor of a whole load or posting: its statements prepared by hand once on SQLite, their values bound, the same
+/// columns read into variables of the same types, the rows that a write changed counted.
+class PisoGrabado {
   public:
-    explicit PisoCargas(const std::string& ruta);
-    ~PisoCargas();
-    PisoCargas(const PisoCargas&) = delete;
-    PisoCargas& operator=(const PisoCargas&) = delete;
+    explicit PisoGrabado(const std::string& ruta);
+    ~PisoGrabado();
+    PisoGrabado(const PisoGrabado&) = delete;
+    PisoGrabado& operator=(const PisoGrabado&) = delete;
 
     /// What a load becomes once prepared; to be made before anything is measured.
     struct Paso {
@@ -29,6 +29,9 @@ class PisoCargas {
         std::vector<std::pair<int, Valor>> columnas;
     };
     std::vector<Paso> Preparar(const CargaGrabada& carga);
+
+    /// Runs a statement without values, such as those of a transaction, prepared once.
+    void Ejecutar(const std::string& sql);
 
     void Recorrer(const std::vector<Paso>& carga, std::int64_t& suma, std::string& texto);
 

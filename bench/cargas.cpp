@@ -9,8 +9,9 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "bench/EmpresaMedida.h"
 #include "bench/Grabadora.h"
-#include "bench/PisoCargas.h"
+#include "bench/PisoGrabado.h"
 #include "bench/Reservas.h"
 #include "component/clsDatosArt.h"
 #include "db/sqlite/ConexionSqlite.h"
@@ -23,22 +24,6 @@ namespace {
 constexpr IdentidadBase kIdentidad{kAplicacionEsquema, kVersionEsquema};
 const Fecha kHoy = Fecha::DeAmd(2026, 11, 21);
 constexpr const char* kRuta = "bench-cargas.kv";
-
-class Empresa : public kv::cEmpresa {
-  public:
-    std::int16_t CodEmpresa() const override { return 1; }
-    std::int16_t CodEmpresaArticulos() const override { return 1; }
-    std::int16_t CodEmpresaClientes() const override { return 1; }
-    std::int16_t CodEmpresaExtra() const override { return 1; }
-    std::int16_t TarifaEmpresa() const override { return 1; }
-    bool VenderSinStock() const override { return false; }
-    bool CosteUltimaCompra() const override { return false; }
-    std::int16_t DecPrecios() const override { return 2; }
-    std::int16_t DecImportes() const override { return 2; }
-    std::int16_t DecCostes() const override { return 4; }
-    Valor Parametro(std::int16_t numero) const override { return numero == 2 ? Valor(std::string("x")) : Nulo{}; }
-    std::string CaptionFamilia(std::int16_t) const override { return "Familia"; }
-};
 
 struct Asunto {
     std::int32_t articulo;
@@ -56,7 +41,7 @@ void Cargar(clsDatosArt& articulo, const Asunto& asunto) {
 }
 
 struct Material {
-    std::shared_ptr<Empresa> empresa = std::make_shared<Empresa>();
+    std::shared_ptr<EmpresaMedida> empresa = std::make_shared<EmpresaMedida>();
     std::vector<Asunto> asuntos = Asuntos();
     std::vector<CargaGrabada> grabadas;
 
@@ -100,8 +85,8 @@ void EnBase(benchmark::State& estado, const Material& m) {
 }
 
 void EnPiso(benchmark::State& estado, const Material& m) {
-    PisoCargas piso(kRuta);
-    std::vector<std::vector<PisoCargas::Paso>> cargas;
+    PisoGrabado piso(kRuta);
+    std::vector<std::vector<PisoGrabado::Paso>> cargas;
     for (const CargaGrabada& carga : m.grabadas) cargas.push_back(piso.Preparar(carga));
     std::int64_t suma = 0;
     std::string texto;

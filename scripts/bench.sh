@@ -14,6 +14,9 @@ echo "== Consultas de una carga, por el adaptador y a mano"
 echo "== Cargas enteras, en la base, a mano y desde la memoria"
 ../release/bench/kv_bench_cargas --benchmark_enable_random_interleaving=true | tee cargas.txt
 
+echo "== Movimientos de existencias, cada uno confirmado y de cien en cien"
+../release/bench/kv_bench_movimientos --benchmark_enable_random_interleaving=true | tee movimientos.txt
+
 echo "== Instrucciones por carga (callgrind), adaptador y piso"
 ../release/bench/kv_bench_consultas --base instrucciones.kv 1000
 instrucciones() {
