@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "stock/clsAlmacen_Articulo.h"
 #include "tests/comun/ConexionGuion.h"
 #include "tests/comun/EmpresaFija.h"
@@ -16,12 +18,15 @@ constexpr const char* kLeer =
     " And Cod_Almacen =6 And Cod_Articulo =1042";
 constexpr const char* kDonde = " WHERE Cod_Empresa =1 AND Cod_Almacen =6 AND Cod_Articulo =1042";
 constexpr const char* kDonde3 = " WHERE Cod_Empresa =1 And Cod_Almacen =6 And Cod_Articulo =1042";
+constexpr const char* kInsertar =
+    "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo, Stock_Actual, Stock_Peso, PU_Compra,"
+    " P_Medio, FUlt_Compra, FUlt_Venta, FIni_Existencias, FFin_Existencias) VALUES (1, 6, 1042, ";
 
 class Movimientos : public testing::Test {
   protected:
     Movimientos() {
         almacen.Conexion(guion);
-        almacen.cEmpresa(std::make_shared<EmpresaFija>());
+        almacen.cEmpresa(empresa);
     }
     void Lee(int tipo, std::vector<ConexionGuion::Fila> filas) {
         guion->EsperaConsulta(kTipo, {"Tipo"}, {{static_cast<std::uint8_t>(tipo)}});
@@ -30,6 +35,22 @@ class Movimientos : public testing::Test {
     void Escribe(const std::string& cambios, int afectados = 1) {
         guion->EsperaEscritura("UPDATE Almacen_Articulos SET" + cambios + kDonde, afectados);
     }
+    // A purchase carried to the masters, with this price or none; a sale.
+    void CompraEnMaestros(const std::string& precio) {
+        guion->EsperaEjecucion("UPDATE Articulos SET FUCompra ='05/03/2026'" + precio +
+                               " WHERE Cod_Empresa = 2 AND Codigo =1042 AND FUCompra<='05/03/2026'");
+        guion->EsperaEjecucion(
+            "UPDATE Almacenes SET FUCompra ='05/03/2026' WHERE Cod_Empresa = 1 AND Codigo =6"
+            " AND FUCompra<='05/03/2026'");
+    }
+    void VentaEnMaestros() {
+        guion->EsperaEjecucion("UPDATE Articulos SET FUVenta ='05/03/2026' WHERE Cod_Empresa = 2 AND Codigo =1042");
+        guion->EsperaEjecucion("UPDATE Almacenes SET FUVenta ='05/03/2026' WHERE Cod_Empresa = 1 AND Codigo =6");
+    }
+    void FechaCompra(const std::string& precio) {
+        guion->EsperaEjecucion("UPDATE Almacen_Articulos SET FUlt_Compra ='05/03/2026'" + precio + kDonde3 +
+                               " AND FUlt_Compra<='05/03/2026'");
+    }
     void Mover(double unidades, double peso, double neto, int op, bool fichas = false) {
         almacen.Act_Stock(6, 1042, unidades, peso, neto, static_cast<std::int16_t>(op), kDia, puc, medio, stock,
                           fichas);
@@ -37,6 +58,7 @@ class Movimientos : public testing::Test {
 
     BibliotecaDePrueba biblioteca{kDia, ','};
     std::shared_ptr<ConexionGuion> guion = std::make_shared<ConexionGuion>();
+    std::shared_ptr<EmpresaFija> empresa = std::make_shared<EmpresaFija>();
     clsAlmacen_Articulo almacen;
     double puc = -1;
     double medio = -1;
@@ -46,13 +68,8 @@ class Movimientos : public testing::Test {
 TEST_F(Movimientos, Compra_MediaYGuardasYMaestros) {
     Lee(0, {{10.0, 1.5, 1.0, 0.9}});
     Escribe(" Stock_Actual = Stock_Actual + 10, Stock_Peso = Stock_Peso + 0.5, P_Medio =1.5");
-    guion->EsperaEjecucion(std::string("UPDATE Almacen_Articulos SET FUlt_Compra ='05/03/2026', PU_Compra =2") +
-                           kDonde3 + " AND FUlt_Compra<='05/03/2026'");
-    guion->EsperaEjecucion(
-        "UPDATE Articulos SET FUCompra ='05/03/2026', PU_Compra =2 WHERE Cod_Empresa = 2 AND Codigo =1042"
-        " AND FUCompra<='05/03/2026'");
-    guion->EsperaEjecucion(
-        "UPDATE Almacenes SET FUCompra ='05/03/2026' WHERE Cod_Empresa = 1 AND Codigo =6 AND FUCompra<='05/03/2026'");
+    FechaCompra(", PU_Compra =2");
+    CompraEnMaestros(", PU_Compra =2");
     Mover(10, 0.5, 2, 3, true);
     EXPECT_EQ(0.9, puc);
     EXPECT_EQ(1.5, medio);
@@ -68,17 +85,20 @@ TEST_F(Movimientos, Media_SegunStockYMediaAnteriores) {
         double neto;
         const char* esperada;
         const char* periodo;
+        std::int16_t decimales = 4;
     };
     const Caso kCasos[] = {
         {"stock negativo no pesa", -5, 1, 10, 2, "2", ", FIni_Existencias ='05/03/2026', FFin_Existencias =''"},
         {"media 0 no pesa", 10, 0, 10, 2, "2", ""},
         {"cuatro decimales alejando", 3, 1, 4, 2, "1.5714", ""},
+        {"a medias aleja de cero", 1, 1, 1, 1.01, "1.01", "", 2},
         {"sin precio la conserva", 10, 1.25, 5, 0, "1.25", ""},
         {"devolución la conserva", 10, 1.25, -3, 2, "1.25", ""},
         {"se agota", 3, 1.25, -3, 2, "1.25", ", FIni_Existencias ='', FFin_Existencias ='05/03/2026'"},
     };
     for (const Caso& caso : kCasos) {
         SCOPED_TRACE(caso.nombre);
+        empresa->decCostes = caso.decimales;
         Lee(0, {{caso.stock, 0.0, caso.media, 0.0}});
         const std::string precio = caso.neto > 0 ? ", PU_Compra =" + TextoDouble(caso.neto, '.').Cadena() : "";
         Escribe(" Stock_Actual = Stock_Actual + " + TextoDouble(caso.unidades, '.').Cadena() +
@@ -100,10 +120,12 @@ TEST_F(Movimientos, Clases_SignoYFechas) {
                              {5, -3, " Stock_Actual = Stock_Actual + 3, Stock_Peso = Stock_Peso + -1"},
                              {8, 3, " Stock_Actual = Stock_Actual + -3, Stock_Peso = Stock_Peso + -1"},
                              {13, 3, " Stock_Actual = Stock_Actual + -3, Stock_Peso = Stock_Peso + -1"},
+                             {3, -3, " Stock_Actual = Stock_Actual + -3, Stock_Peso = Stock_Peso + 1, P_Medio =1"},
                              {1, 3, " Stock_Actual = Stock_Actual + 3, Stock_Peso = Stock_Peso + 1"}}) {
         Lee(0, {{10.0, 0.0, 1.0, 0.0}});
         Escribe(caso.cambios);
-        Mover(caso.unidades, 1, 9, caso.op);
+        if (caso.op == 5 && caso.unidades > 0) VentaEnMaestros();
+        Mover(caso.unidades, 1, 9, caso.op, true);
         guion->Terminar();
     }
 }
@@ -111,26 +133,26 @@ TEST_F(Movimientos, Clases_SignoYFechas) {
 TEST_F(Movimientos, SinPrecio_LaCompraPoneSoloLaFecha) {
     Lee(0, {{10.0, 0.0, 1.0, 0.0}});
     Escribe(" Stock_Actual = Stock_Actual + 2, Stock_Peso = Stock_Peso + 0, P_Medio =1");
-    guion->EsperaEjecucion(std::string("UPDATE Almacen_Articulos SET FUlt_Compra ='05/03/2026'") + kDonde3 +
-                           " AND FUlt_Compra<='05/03/2026'");
+    FechaCompra("");
     Mover(2, 0, 0, 3);
 }
 
-TEST_F(Movimientos, SinExistencias_SoloSigueLaVenta) {
+TEST_F(Movimientos, SinExistencias_SoloSiguenLasFechas) {
     Lee(1, {{10.0, 0.0, 1.0, 0.0}});
     Escribe("  Stock_Actual = Stock_Actual + 0, FUlt_Venta ='05/03/2026'", 0);
     guion->EsperaEjecucion(
         "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo, FUlt_Compra, FUlt_Venta) VALUES (1, 6,"
         " 1042, '', '05/03/2026')");
-    guion->EsperaEjecucion("UPDATE Articulos SET FUVenta ='05/03/2026' WHERE Cod_Empresa = 2 AND Codigo =1042");
-    guion->EsperaEjecucion("UPDATE Almacenes SET FUVenta ='05/03/2026' WHERE Cod_Empresa = 1 AND Codigo =6");
+    VentaEnMaestros();
     Mover(3, 0, 9, 5, true);
+    Lee(1, {{10.0, 0.0, 1.0, 0.0}});
+    Escribe("  Stock_Actual = Stock_Actual + 0");
+    FechaCompra("");
+    CompraEnMaestros("");
+    Mover(3, 0, 9, 3, true);
 }
 
 TEST_F(Movimientos, PrimerMovimiento_HaceLaFila) {
-    constexpr const char* kInsertar =
-        "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo, Stock_Actual, Stock_Peso, PU_Compra,"
-        " P_Medio, FUlt_Compra, FUlt_Venta, FIni_Existencias, FFin_Existencias) VALUES (1, 6, 1042, ";
     struct Caso {
         int op;
         double unidades;
@@ -156,7 +178,7 @@ TEST_F(Movimientos, PrimerMovimiento_HaceLaFila) {
     }
 }
 
-TEST_F(Movimientos, FalloEnCadaPaso_LlegaComoVino) {
+TEST_F(Movimientos, FalloEnCadaPaso_LlegaComoVinoYNadaMasSeEscribe) {
     EsperarError(kErrObjetoNoEstablecido, "KVDatosArt", [] {
         double a = 0;
         clsAlmacen_Articulo().Act_Stock(1, 1, 1, 1, 1, 3, kDia, a, a, a, false);
@@ -166,12 +188,24 @@ TEST_F(Movimientos, FalloEnCadaPaso_LlegaComoVino) {
     EsperarError(kErrDesbordamiento, "KVDatosArt", [&] { Mover(1, 0, 1, 7); });
     Lee(0, {{Nulo{}, 0.0, 1.0, 0.0}});
     EsperarError(kErrNulo, "KVDatosArt", [&] { Mover(1, 0, 1, 7); });
-    Lee(0, {{1.0, 0.0, 1.0, 0.0}});
-    Escribe(" Stock_Actual = Stock_Actual + 1, Stock_Peso = Stock_Peso + 0, P_Medio =1");
-    guion->EsperaEjecucion(std::string("UPDATE Almacen_Articulos SET FUlt_Compra ='05/03/2026', PU_Compra =1") +
-                           kDonde3 + " AND FUlt_Compra<='05/03/2026'");
-    guion->YFalla(1205, "bloqueo");
-    EsperarError(1205, "Proveedor", [&] { Mover(1, 0, 1, 3); });
+    const std::function<void()> pasos[] = {
+        [&] {
+            Escribe(
+                " Stock_Actual = Stock_Actual + 1, Stock_Peso = Stock_Peso + 0, P_Medio =1,"
+                " FIni_Existencias ='05/03/2026', FFin_Existencias =''",
+                0);
+        },
+        [&] { guion->EsperaEjecucion(std::string(kInsertar) + "1, 0, 1, 1, '05/03/2026', '', '05/03/2026', '')"); },
+        [&] { FechaCompra(", PU_Compra =1"); },
+        [&] { CompraEnMaestros(", PU_Compra =1"); },
+    };
+    for (std::size_t fallo = 0; fallo < std::size(pasos); ++fallo) {
+        Lee(0, {});
+        for (std::size_t i = 0; i <= fallo; ++i) pasos[i]();
+        guion->YFalla(1205, "bloqueo");
+        EsperarError(1205, "Proveedor", [&] { Mover(1, 0, 1, 3, true); });
+        guion->Terminar();
+    }
 }
 
 class Cualidades : public Movimientos {
@@ -200,13 +234,16 @@ TEST_F(Cualidades, Media_ConSusPropiasGuardas) {
         double unidades;
         double neto;
         const char* esperada;
+        std::int16_t decimales = 4;
     };
     for (const Caso& caso : {Caso{"stock negativo pesa", -5, 1, 10, 2, "3"},
+                             {"-0.005 aleja de cero y cede", -5, 2.005, 10, 1, "1", 2},
                              {"media 0 pesa", 10, 0, 10, 2, "1"},
                              {"media negativa cede", 10, -1, 5, 2, "2"},
                              {"no queda stock", -10, 1, 5, 2, "1"},
                              {"sin precio", 10, 1.5, 5, 0, "1.5"}}) {
         SCOPED_TRACE(caso.nombre);
+        empresa->decCostes = caso.decimales;
         Lee({{caso.stock, 0.0, caso.media, 0.0}});
         std::string cambios = " Stock_Actual = Stock_Actual + " + TextoDouble(caso.unidades, '.').Cadena() +
                               ", Stock_Peso = Stock_Peso + 0, P_Medio =" + caso.esperada;
@@ -217,7 +254,7 @@ TEST_F(Cualidades, Media_ConSusPropiasGuardas) {
     }
 }
 
-TEST_F(Cualidades, Compra_FilaNuevaGuardaEstrictaYMaestros) {
+TEST_F(Cualidades, FilaNuevaGuardaEstrictaYMaestros) {
     Lee({});
     Escribe(
         " Stock_Actual = Stock_Actual + 4, Stock_Peso = Stock_Peso + 0, P_Medio =2.5,"
@@ -233,12 +270,12 @@ TEST_F(Cualidades, Compra_FilaNuevaGuardaEstrictaYMaestros) {
     Mover(4, 2.5, 3);
     Lee({{1.0, 0.0, 1.0, 0.0}});
     Escribe(" Stock_Actual = Stock_Actual + 4, Stock_Peso = Stock_Peso + 0, P_Medio =1");
-    guion->EsperaEjecucion(
-        "UPDATE Articulos SET FUCompra ='05/03/2026' WHERE Cod_Empresa = 2 AND Codigo =1042"
-        " AND FUCompra<='05/03/2026'");
-    guion->EsperaEjecucion(
-        "UPDATE Almacenes SET FUCompra ='05/03/2026' WHERE Cod_Empresa = 1 AND Codigo =6 AND FUCompra<='05/03/2026'");
+    CompraEnMaestros("");
     Mover(4, 0, 3, true);
+    Lee({{9.0, 0.0, 1.0, 0.0}});
+    Escribe(" Stock_Actual = Stock_Actual + -4, Stock_Peso = Stock_Peso + 0, FUlt_Venta ='05/03/2026'");
+    VentaEnMaestros();
+    Mover(4, 9, 5, true);
 }
 
 }  // namespace
