@@ -55,6 +55,14 @@ const char* NombreFuente(FuentePrecio fuente) {
     return "";
 }
 
+// The last day of an agreement without end.
+const Fecha kSiempre = Fecha::DeAmd(2050, 12, 31);
+
+std::string TextoPlazo(Fecha entrada, Fecha salida) {
+    if (salida >= kSiempre) return TextoSql("desde el ", SqlFecha(entrada));
+    return TextoSql("del ", SqlFecha(entrada), " al ", SqlFecha(salida));
+}
+
 std::string CondicionNodo(const NivelesCadena& nodo) {
     std::string sql;
     for (std::size_t i = 0; i < nodo.size(); ++i)
@@ -119,18 +127,15 @@ void Explicacion::NodoBase(const NivelesCadena& nodo, bool hallado, Currency bas
     preguntadaCadena_ = true;
     Renglon& r = Nuevo("Acuerdo: precio base", TextoNodo(nodo));
     r.nodo = nodo;
-    if (!hallado)
-        r.duda = Duda::Nodo;
-    else
-        r.resultado = base == Currency() ? "acuerdo sin precio base" : "hallado: " + Texto(base);
+    r.duda = Duda::Nodo;
+    if (hallado) r.resultado = base == Currency() ? "sin precio base" : "hallado: " + Texto(base);
 }
 
 void Explicacion::NodoDescuentos(const NivelesCadena& nodo, bool hallado, int aplicables) {
     Renglon& r = Nuevo("Acuerdo: descuentos", TextoNodo(nodo));
     r.nodo = nodo;
-    if (!hallado)
-        r.duda = Duda::Nodo;
-    else
+    r.duda = Duda::Nodo;
+    if (hallado)
         r.resultado = std::to_string(aplicables) + (aplicables == 1 ? " descuento vigente" : " descuentos vigentes");
 }
 
@@ -169,6 +174,34 @@ std::string Explicacion::MotivoCambio(Sesion& sesion, const Renglon& r) const {
     return sesion.Hay(sql) ? "precio 0" : "los cambios entran después de la fecha";
 }
 
+// The days of the node's agreement when it had one for the date; of all that it has, when it had none.
+std::string Explicacion::MotivoNodo(Sesion& sesion, const Renglon& r) const {
+    std::string sql = TextoSql("SELECT FechaEntrada, FechaSalida FROM Clientes_Cadenas_ConvArt WHERE Cod_Empresa =",
+                               SqlEntero(sesion.Emp().CodEmpresa()), " AND Cod_Articulo =", SqlEntero(asunto_.articulo),
+                               CondicionNodo(r.nodo));
+    const bool hallado = !r.resultado.empty();
+    if (hallado) {
+        const TextoNumero fecha = SqlFecha(asunto_.fecha);
+        Agregar(sql, " AND FechaEntrada <='", fecha, "' AND FechaSalida >='", fecha, "'");
+    }
+    sql += " ORDER BY FechaEntrada DESC";
+    std::unique_ptr<Recordset> rs;
+    AbrirLectura(rs, sesion.Cnx(), sql);
+    std::string plazos;
+    for (bool conFinal = false; !rs->Eof() && !conFinal; rs->MoveNext()) {
+        const Fecha salida = ADate(rs->Fields("FechaSalida").Value());
+        const std::string plazo = TextoPlazo(ADate(rs->Fields("FechaEntrada").Value()), salida);
+        // One with a last day wins over any without; among equals, the first of the list.
+        conFinal = hallado && salida < kSiempre;
+        if (plazos.empty() || conFinal)
+            plazos = plazo;
+        else if (!hallado)
+            plazos += "; " + plazo;
+    }
+    if (hallado) return r.resultado + " (acuerdo " + plazos + ")";
+    return plazos.empty() ? "sin acuerdo" : "acuerdo fuera de sus fechas: " + plazos;
+}
+
 std::string Explicacion::Motivo(Sesion& sesion, const Renglon& r) const {
     const TextoNumero empresa = SqlEntero(sesion.Emp().CodEmpresa());
     const TextoNumero cliente = SqlEntero(asunto_.cliente);
@@ -184,10 +217,7 @@ std::string Explicacion::Motivo(Sesion& sesion, const Renglon& r) const {
                        ? "fuera de sus fechas"
                        : "sin precio propio";
         case Duda::Nodo:
-            return sesion.Hay(TextoSql("SELECT PBase FROM Clientes_Cadenas_ConvArt WHERE Cod_Empresa =", empresa,
-                                       " AND Cod_Articulo =", articulo, CondicionNodo(r.nodo)))
-                       ? "acuerdo fuera de sus fechas"
-                       : "sin acuerdo";
+            return MotivoNodo(sesion, r);
         case Duda::Convenio:
             return sesion.Hay(TextoSql("SELECT Pvp FROM Clientes_Convenio_Pvp WHERE Cod_Empresa =", empresa,
                                        " AND Cod_Cliente =", cliente, " AND Cod_Articulo =", articulo))

@@ -34,7 +34,7 @@ class Explicacion : public ObservadorCarga {
     void Escribir(Sesion& sesion) const;
 
   private:
-    /// Why a source had nothing, to be found out in the database.
+    /// Why a source had nothing, and which agreement a node had, to be found out in the database.
     enum class Duda : std::uint8_t { Ninguna, Tarifa, Cambio, PrecioCliente, Nodo, Convenio };
 
     struct Renglon {
@@ -55,6 +55,7 @@ class Explicacion : public ObservadorCarga {
     std::string Motivo(Sesion& sesion, const Renglon& renglon) const;
     std::string MotivoTarifa(Sesion& sesion, const Renglon& renglon) const;
     std::string MotivoCambio(Sesion& sesion, const Renglon& renglon) const;
+    std::string MotivoNodo(Sesion& sesion, const Renglon& renglon) const;
 
     AsuntoExplicado asunto_;
     std::vector<Renglon> renglones_;
