@@ -47,6 +47,7 @@ void EjecutarRevisar(const OpcionesComunes& opciones) {
                             [&](std::size_t hechas, std::size_t todas) { progreso.Mostrar(hechas, todas); });
     }
     for (const Hallazgo& h : hallazgos) sesion.respuesta.Fila({std::string(h.que), h.clave, std::string(h.porque)});
+    if (hallazgos.empty()) sesion.respuesta.Linea("Sin hallazgos");
     sesion.Escribir(std::cout);
     if (!hallazgos.empty())
         throw Fallo(kNegativo, hallazgos.size() == 1 ? "1 hallazgo" : std::to_string(hallazgos.size()) + " hallazgos");

@@ -176,18 +176,9 @@ TEST_F(Grupos, DescuentoActivo_CallaLosFallos) {
     EXPECT_EQ(Currency(), objeto.Dev_Descuento_Activo(31, Currency::DeEntero(1)));
 }
 
-TEST_F(Familias, Fallos_LlevanSuOrigen) {
-    const auto falla = [&](const char* origen, auto accion) {
-        objeto.NumNiveles = 32767;
-        EsperarError(kErrDesbordamiento, origen, accion);
-    };
-    falla("clsDescuentos_Familia::Insertar", [&] { objeto.Insertar(); });
-    falla("clsDescuentos_Familia::Borrar", [&] { objeto.Eliminar(); });
-    falla("clsDescuentos_Familia::Borrar", [&] { objeto.Modificar(); });
-    falla("clsDescuentos_Familia::Dev_Descuento", [&] { objeto.Dev_Descuento(); });
-    objeto.cEmpresa(nullptr);
-    EsperarError(91, "clsDescuentos_Familia::Cargar_Todos", [&] { objeto.Cargar_Todos(); });
-    EsperarError(91, "clsCliente_DtosFamilias::Cargar_Articulos", [&] { objeto.Cargar_Articulos(1, 0, 0); });
+TEST_F(Familias, NivelDesbordado) {
+    objeto.NumNiveles = 32767;
+    EsperarError(kErrDesbordamiento, "clsDescuentos_Familia::Insertar", [&] { objeto.Insertar(); });
 }
 
 TEST_F(Familias, CalculaNivel) {
@@ -253,10 +244,41 @@ TEST_F(Grupos, EscriturasDeFamiliaYDeArticulo_MarcanLaCabecera) {
         " UPDATE Clientes_Grp_Descuentos_Fam SET Descuento = 2.5 WHERE Cod_Articulo = 1042 AND Nivel = 4"
         " AND Cod_Empresa = 1 AND Familia_1 =5 AND Familia_2 =6 AND Familia_3 =7 AND Cod_Grupo = 9"
         " AND Unidades_Min = 1.5 AND Unidades_Max = 10");
-    guion->YFalla(50000, "no");
+    marca("UPDATE Clientes_Grp_Descuentos SET Act = 0 WHERE Cod_Empresa =1 AND Codigo =9");
     objeto.Insertar();
     objeto.Eliminar();
-    EsperarError(50000, "clsCliente_Grp_Dtos::Borrar", [&] { objeto.Modificar(); });
+    objeto.Modificar();
+    guion->EsperaEjecucion(
+        " INSERT INTO Clientes_Grp_Descuentos_Fam (Nivel,Cod_Empresa,Cod_Grupo, Descuento, Cod_Articulo, Familia_1,"
+        " Familia_2, Familia_3, Unidades_Min, Unidades_Max)  VALUES (4,1,9,2.5,1042,5,6,7,1.5,10)");
+    guion->YFalla(2627, "repetida");
+    EsperarError(2627, "clsCliente_Grp_Dtos::Insertar", [&] { objeto.Insertar(); });
+}
+
+TEST_F(Grupos, ConsultasYClave) {
+    guion->EsperaConsulta(
+        " SELECT Codigo, Descripcion From Articulos Where  Familia_1 = 5 AND Familia_2 = 6 And Cod_Empresa = 1");
+    guion->EsperaConsulta(
+        " SELECT Codigo, Descripcion From Articulos Where  Familia_1 = 5 AND Familia_3 = 7 And Cod_Empresa = 1");
+    objeto.Cargar_Articulos(5, 6, 0);
+    objeto.Cargar_Articulos(5, 0, 7);
+    auto& todos = guion->EsperaConsulta(
+        " SELECT IsNull(des.Cod_Articulo,0) as Cod_Articulo, IsNull(des.Familia_1,art.Familia_1) as Familia_1 ,"
+        " IsNull(des.Familia_2,art.Familia_2) as Familia_2, IsNull(des.Familia_3,art.Familia_3) as Familia_3, "
+        " des.Nivel, des.Descuento, des.Tipo_Descuento,  IsNull(art.Descripcion,'') As Nombre, des.Unidades_Min,"
+        " des.Unidades_Max  FROM Clientes_Grp_Descuentos_Fam des  LEFT JOIN Articulos art ON (art.cod_Empresa=1 and"
+        " art.Codigo = des.Cod_Articulo)  WHERE des.Cod_Grupo = 9 AND des.Cod_Empresa = 1 ORDER BY Familia_1,"
+        " Familia_2, Familia_3, Cod_Articulo ");
+    todos.cursor = CursorType::adOpenKeyset;
+    todos.bloqueo = LockType::adLockPessimistic;
+    objeto.Cargar_Todos();
+    objeto.Calcula_Nivel("1043-4-3-12-8");
+    EXPECT_EQ(4, objeto.Nivel);
+    EXPECT_EQ(1043, objeto.Cod_Articulo);
+    EXPECT_EQ(3, objeto.Familia_1);
+    EXPECT_EQ(12, objeto.Familia_2);
+    EXPECT_EQ(8, objeto.Familia_3);
+    EXPECT_EQ(Currency::DeEntero(10), objeto.Unidades_Max);
 }
 
 TEST_F(Grupos, DescuentoPorUnidades) {
@@ -285,14 +307,17 @@ TEST_F(Grupos, DescuentoActivo_MandaLasUnidades) {
 }
 
 TEST_F(Grupos, Encajados_EscribeLaComaRegionalYDevuelveLosLimites) {
-    guion->EsperaConsulta(
+    constexpr const char* kSql =
         "SELECT * FROM Clientes_Grp_Descuentos_Fam WHERE  Cod_Empresa=1 AND Cod_Grupo=9 AND Familia_1=5"
         " AND Familia_2=6 AND Familia_3=7 AND Cod_Articulo=1042 AND Nivel=3"
         " AND (((Unidades_Min <= 1,5 AND Unidades_Max >= 1,5) OR (Unidades_Min <=10 AND Unidades_Max >= 10))"
-        " OR ((1,5 <= Unidades_Min  AND 10 >= Unidades_Min ) OR (1,5<= Unidades_Max  AND 10 >= Unidades_Max)))",
-        {"Unidades_Min", "Unidades_Max"}, {{Currency::DeEntero(10), Currency::DeEntero(20)}});
+        " OR ((1,5 <= Unidades_Min  AND 10 >= Unidades_Min ) OR (1,5<= Unidades_Max  AND 10 >= Unidades_Max)))";
     Currency minimo;
     Currency maximo;
+    guion->EsperaConsulta(kSql);
+    EXPECT_FALSE(objeto.Comprobar_Encajados(minimo, maximo));
+    EXPECT_EQ(Currency(), maximo);
+    guion->EsperaConsulta(kSql, {"Unidades_Min", "Unidades_Max"}, {{Currency::DeEntero(10), Currency::DeEntero(20)}});
     EXPECT_TRUE(objeto.Comprobar_Encajados(minimo, maximo));
     EXPECT_EQ(Currency::DeEntero(10), minimo);
     EXPECT_EQ(Currency::DeEntero(20), maximo);
