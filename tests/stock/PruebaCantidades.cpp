@@ -27,10 +27,6 @@ class Cantidades : public testing::Test {
     clsAlmacen_Articulo almacen;
 };
 
-constexpr const char* kDonde = " WHERE Cod_Empresa = 1 AND Cod_Articulo = 1042 AND Cod_Almacen = 6";
-constexpr const char* kMarca = "UPDATE Articulos SET Mod_Ficha = 1 WHERE Cod_Empresa =2 AND Codigo = 1042";
-constexpr const char* kInsertar = "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo,";
-
 TEST_F(Cantidades, ActualizaOInserta) {
     struct Caso {
         std::string actualizar;
@@ -38,47 +34,42 @@ TEST_F(Cantidades, ActualizaOInserta) {
         std::function<void()> accion;
         bool marca = false;
     };
-    const std::string c = " AND CualidadX=38 AND CualidadY=2";
-    const std::string dondeC = " WHERE Cod_Empresa = 1 AND Cod_Articulo = 1042" + c + " AND Cod_Almacen = 6";
-    const std::string insertarC = "INSERT INTO Almacen_Articulos_C (Cod_Empresa, Cod_Almacen, Cod_Articulo,";
+    const std::string poner = "UPDATE Almacen_Articulos SET ";
+    const std::string donde = " WHERE Cod_Empresa = 1 AND Cod_Articulo = 1042 AND Cod_Almacen = 6";
+    const std::string dondeC =
+        " WHERE Cod_Empresa = 1 AND Cod_Articulo = 1042 AND CualidadX=38 AND CualidadY=2 AND Cod_Almacen = 6";
+    const std::string insertar = "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo, ";
+    const std::string insertarC =
+        "INSERT INTO Almacen_Articulos_C (Cod_Empresa, Cod_Almacen, Cod_Articulo, CualidadX, CualidadY, ";
+    const auto bloquear = [&](bool bloqueado) {
+        almacen.Bloqueado = bloqueado;
+        almacen.Act_Bloqueo();
+    };
     const Caso kCasos[] = {
-        {std::string(" UPDATE Almacen_Articulos SET Pend_Recibir = Pend_Recibir + -2.5") + kDonde,
-         std::string(kInsertar) + " Pend_Recibir) VALUES (1, 6, 1042, -2.5)", [&] { almacen.Act_PendRecibir(kMedio); }},
-        {std::string(" UPDATE Almacen_Articulos SET Pend_Servir = Pend_Servir + -2.5") + kDonde,
-         std::string(kInsertar) + " Pend_Servir) VALUES (1, 6, 1042, -2.5)", [&] { almacen.Act_PendServir(kMedio); }},
+        {" " + poner + "Pend_Recibir = Pend_Recibir + -2.5" + donde,
+         insertar + "Pend_Recibir) VALUES (1, 6, 1042, -2.5)", [&] { almacen.Act_PendRecibir(kMedio); }},
+        {" " + poner + "Pend_Servir = Pend_Servir + -2.5" + donde, insertar + "Pend_Servir) VALUES (1, 6, 1042, -2.5)",
+         [&] { almacen.Act_PendServir(kMedio); }},
         {" UPDATE Almacen_Articulos_C SET Pend_Recibir = Pend_Recibir + -2.5" + dondeC,
-         insertarC + " CualidadX, CualidadY, Pend_Recibir) VALUES (1, 6, 1042, 38, 2, -2.5)",
+         insertarC + "Pend_Recibir) VALUES (1, 6, 1042, 38, 2, -2.5)",
          [&] { almacen.Act_PendRecibir_Cualidades(38, 2, kMedio); }},
         {" UPDATE Almacen_Articulos_C SET Pend_Servir = Pend_Servir + -2.5" + dondeC,
-         insertarC + " CualidadX, CualidadY, Pend_Servir) VALUES (1, 6, 1042, 38, 2, -2.5)",
+         insertarC + "Pend_Servir) VALUES (1, 6, 1042, 38, 2, -2.5)",
          [&] { almacen.Act_PendServir_Cualidades(38, 2, kMedio); }},
-        {std::string(" UPDATE Almacen_Articulos SET Stock_MiniCompra = Stock_MiniCompra + -2.5") + kDonde,
-         std::string(kInsertar) + " Stock_MiniCompra) VALUES (1, 6, 1042, -2.5)",
-         [&] { almacen.Act_StockMiniCompras(kMedio); }},
+        {" " + poner + "Stock_MiniCompra = Stock_MiniCompra + -2.5" + donde,
+         insertar + "Stock_MiniCompra) VALUES (1, 6, 1042, -2.5)", [&] { almacen.Act_StockMiniCompras(kMedio); }},
         {"UPDATE Almacen_Articulos_Ubic SET Stock_Actual=Stock_Actual+-2.5 WHERE Cod_Empresa=1 AND Cod_Almacen=7"
-         " AND Cod_Articulo=9 AND Ubic1='A' AND Ubic2='B' AND Ubic3='' AND Ubic4='' AND Ubic5='E'",
+         " AND Cod_Articulo=9 AND Ubic1='A' AND Ubic2='B' AND Ubic3='C' AND Ubic4='' AND Ubic5='E'",
          "INSERT INTO Almacen_Articulos_Ubic  (Cod_Empresa, Cod_Almacen, Cod_Articulo, Ubic1, Ubic2, Ubic3, Ubic4,"
-         " Ubic5, Stock_Actual) VALUES (1, 7, 9, 'A', 'B', '', '', 'E', -2.5)",
-         [&] { almacen.Act_Stock_Ubicaciones(7, 9, "A", "B", "", "", "E", kMedio); }},
-        {std::string("UPDATE Almacen_Articulos SET PU_Compra =-2.5, P_Medio =-2.5") + kDonde,
-         std::string(kInsertar) + " PU_Compra, P_Medio) VALUES (1, 6, 1042, -2.5, -2.5)",
-         [&] { almacen.Act_Costo(kMedio); }},
-        {std::string("UPDATE Almacen_Articulos SET Bloqueo =1, F_Dormido ='05/03/2026'") + kDonde,
-         std::string(kInsertar) + " Bloqueo, F_Dormido) VALUES (1, 6, 1042, 1, '05/03/2026')",
-         [&] {
-             almacen.Bloqueado = true;
-             almacen.Act_Bloqueo();
-         },
-         true},
-        {std::string("UPDATE Almacen_Articulos SET Bloqueo =0, F_Dormido ='01/01/1900'") + kDonde,
-         std::string(kInsertar) + " Bloqueo, F_Dormido) VALUES (1, 6, 1042, 0, '01/01/1900')",
-         [&] {
-             almacen.Bloqueado = false;
-             almacen.Act_Bloqueo();
-         },
-         true},
-        {std::string("UPDATE Almacen_Articulos SET Desglosa_Pack =1") + kDonde,
-         std::string(kInsertar) + " Desglosa_Pack) VALUES (1, 6, 1042, 1)",
+         " Ubic5, Stock_Actual) VALUES (1, 7, 9, 'A', 'B', 'C', '', 'E', -2.5)",
+         [&] { almacen.Act_Stock_Ubicaciones(7, 9, "A", "B", "C", "", "E", kMedio); }},
+        {poner + "PU_Compra =-2.5, P_Medio =-2.5" + donde,
+         insertar + "PU_Compra, P_Medio) VALUES (1, 6, 1042, -2.5, -2.5)", [&] { almacen.Act_Costo(kMedio); }},
+        {poner + "Bloqueo =1, F_Dormido ='05/03/2026'" + donde,
+         insertar + "Bloqueo, F_Dormido) VALUES (1, 6, 1042, 1, '05/03/2026')", [&] { bloquear(true); }, true},
+        {poner + "Bloqueo =0, F_Dormido ='01/01/1900'" + donde,
+         insertar + "Bloqueo, F_Dormido) VALUES (1, 6, 1042, 0, '01/01/1900')", [&] { bloquear(false); }, true},
+        {poner + "Desglosa_Pack =1" + donde, insertar + "Desglosa_Pack) VALUES (1, 6, 1042, 1)",
          [&] {
              almacen.Desglosa_Pack = true;
              almacen.Act_Desglosa_Pack();
@@ -89,7 +80,8 @@ TEST_F(Cantidades, ActualizaOInserta) {
         for (const int afectados : {1, 0}) {
             guion->EsperaEscritura(caso.actualizar, afectados);
             if (afectados == 0) guion->EsperaEjecucion(caso.insertar);
-            if (caso.marca) guion->EsperaEjecucion(kMarca);
+            if (caso.marca)
+                guion->EsperaEjecucion("UPDATE Articulos SET Mod_Ficha = 1 WHERE Cod_Empresa =2 AND Codigo = 1042");
             caso.accion();
             guion->Terminar();
         }
