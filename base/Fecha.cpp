@@ -19,6 +19,8 @@ using std::chrono::year_month_day;
 constexpr sys_days kPrimera = year(100) / 1 / 1;
 constexpr sys_days kUltima = year(9999) / 12 / 31;
 constexpr sys_days kCeroOle = year(1899) / 12 / 30;
+// The part of a day that is left half a millisecond before its end.
+constexpr double kCasiMedianoche = 1.0 - 0.0005 / 86400.0;
 
 [[noreturn]] void NoEsFecha(std::string_view texto) {
     LanzarError(kErrTipo, "«" + std::string(texto) + "» no es una fecha");
@@ -104,7 +106,8 @@ Fecha Fecha::DeTexto(std::string_view texto) {
 }
 
 Fecha Fecha::DeOle(double dias_) {
-    const double enteros = std::trunc(dias_);
+    double enteros = std::trunc(dias_);
+    if (std::abs(dias_ - enteros) > kCasiMedianoche) enteros += 1;
     // The comparison is false for NaN.
     if (!(enteros >= -700000.0 && enteros <= 3000000.0)) LanzarError(kErrDesbordamiento);
     return DeDias(kCeroOle + days(static_cast<int>(enteros)));

@@ -20,7 +20,8 @@ class Fecha {
     /// Reads dd/mm/yyyy (day and month of one or two digits) or yyyy-mm-dd; a time part after a blank or a T is
     /// ignored. Error 13 for anything else, an impossible day included.
     static Fecha DeTexto(std::string_view texto);
-    /// From days since 30/12/1899; the time fraction is dropped (negative dates count it away from zero). Error 6
+    /// From days since 30/12/1899; the time fraction is dropped (negative dates count it away from zero). Less than
+    /// half a millisecond before midnight is the next day: dates got by arithmetic fall short by as much. Error 6
     /// outside the range, NaN included.
     static Fecha DeOle(double dias);
 

@@ -72,6 +72,10 @@ TEST(Fecha, SumaYOrden) {
     EXPECT_LT(Fecha::DeAmd(2026, 1, 31), Fecha::DeAmd(2026, 2, 1));
     EXPECT_EQ(Fecha::DeAmd(2026, 1, 1), Fecha::DeOle(46023.75));
     EXPECT_EQ(Fecha::DeAmd(1899, 12, 29), Fecha::DeOle(-1.75));
+    EXPECT_EQ(Fecha::DeAmd(1899, 12, 30), Fecha::DeOle(-0.75));
+    EXPECT_EQ(Fecha::DeAmd(2026, 1, 1), Fecha::DeOle(46023.99999996528));  // 23:59:59.997
+    EXPECT_EQ(Fecha::DeAmd(2026, 1, 2), Fecha::DeOle(46023.999999999993));
+    EXPECT_EQ(Fecha::DeAmd(1899, 12, 30), Fecha::DeOle(-1.9999999999));
 }
 
 }  // namespace
