@@ -2,6 +2,7 @@
 # Records native loads and tests both DLLs under Wine with them, without a display. After build-windows.sh.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/comun.sh"
+. scripts/pruebas-ado.sh
 
 scripts/instalar.sh nativo windows
 cmake --preset dev --log-level=WARNING >/dev/null
@@ -94,6 +95,8 @@ for bits in 64 32; do
     retirar
     etapa "$bits bits: uso sin registro"
     sin_registro
+    etapa "$bits bits: ADO"
+    probar_ado "$bits"
     parar_wine
 done
 echo "Correcto"

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "base/RuntimeError.h"
+#include "db/Tokens.h"
 #include "db/ado/CrearAdo.h"
 #include "db/ado/ErrorCom.h"
 #include "db/ado/Variante.h"
@@ -10,6 +12,17 @@ namespace kv {
 namespace {
 
 constexpr const char* kOrigen = "ADODB.Command";
+
+// The provider puts the text of a procedure call into a statement of its own, so it must be a name and nothing else.
+void ExigirNombre(std::string_view texto) {
+    LectorTokens lector(texto);
+    Token token = lector.Siguiente();
+    bool nombre = token.tipo == Token::Tipo::Nombre;
+    for (token = lector.Siguiente(); nombre && token.tipo != Token::Tipo::Fin; token = lector.Siguiente())
+        nombre = token.Es('.') && lector.Siguiente().tipo == Token::Tipo::Nombre;
+    if (!nombre)
+        LanzarError(kErrLlamadaInvalida, "CommandText no es el nombre de un procedimiento: " + std::string(texto));
+}
 
 PunteroCom<ado::Parameter> Anadir(ado::Command& comando, ado::Parameters& lista, const Parameter& parametro) {
     const Cadena nombre(parametro.Name);
@@ -38,6 +51,11 @@ void CommandAdo::Preparar(ado::Command& comando) const {
 }
 
 void CommandAdo::Execute(kv::CommandType opciones) {
+    if (CommandType == kv::CommandType::adCmdStoredProc)
+        ExigirNombre(CommandText);
+    else
+        ExigirUnaSentencia(CommandText);
+    OlvidarError();
     auto comando = CrearAdo<ado::Command>(ado::kClaseCommand, ado::kCommand);
     Preparar(*comando.Get());
     PunteroCom<ado::Parameters> lista;
@@ -52,6 +70,8 @@ void CommandAdo::Execute(kv::CommandType opciones) {
     PunteroCom<ado::Recordset> rs;
     Comprobar(comando->Execute(afectados.Recibir(), &ninguno.Get(), static_cast<long>(opciones), rs.Recibir()),
               kOrigen);
+    // While rows are pending the provider has not received the outputs yet.
+    *rs.Recibir() = nullptr;
     auto creado = creados.begin();
     for (Parameter& parametro : Parameters) {
         if (parametro.Direction != ParameterDirection::adParamInput) {

@@ -6,7 +6,8 @@
 
 namespace kv {
 
-/// A stored procedure call through ADO.
+/// A stored procedure call through ADO, or one statement as text. The name of a procedure may be qualified and
+/// delimited ([dbo].[nombre]); anything else in its place is error 5 and is not sent.
 class CommandAdo : public Command {
   public:
     explicit CommandAdo(PunteroCom<ado::Connection> conexion) : conexion_(std::move(conexion)) {}

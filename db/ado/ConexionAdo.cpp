@@ -17,6 +17,7 @@ ConexionAdo::ConexionAdo(IUnknown* objeto) {
 
 void ConexionAdo::Execute(std::string_view texto, std::int32_t* afectados, CommandType opciones) {
     ExigirUnaSentencia(texto);
+    OlvidarError();
     const Cadena sql(texto);
     Variante cuantos;
     PunteroCom<ado::Recordset> rs;
@@ -25,13 +26,16 @@ void ConexionAdo::Execute(std::string_view texto, std::int32_t* afectados, Comma
 }
 
 void ConexionAdo::BeginTrans() {
+    OlvidarError();
     long nivel = 0;
     Comprobar(conexion_->BeginTrans(&nivel), "ADODB");
 }
 void ConexionAdo::CommitTrans() {
+    OlvidarError();
     Comprobar(conexion_->CommitTrans(), "ADODB");
 }
 void ConexionAdo::RollbackTrans() {
+    OlvidarError();
     Comprobar(conexion_->RollbackTrans(), "ADODB");
 }
 

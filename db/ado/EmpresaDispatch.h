@@ -11,7 +11,8 @@
 namespace kv {
 
 /// The host's company object, called by name. Each member's identifier is asked for once, on first use.
-/// A member that the object lacks is error 438 with the member's name; its own failures pass unchanged.
+/// A member that the object lacks is error 438 with the member's name, and one whose value cannot be what it must be
+/// is told with its name too; the failures that the object raises pass unchanged.
 class EmpresaDispatch : public cEmpresa {
   public:
     /// Takes a reference of its own.
@@ -22,8 +23,8 @@ class EmpresaDispatch : public cEmpresa {
     std::int16_t CodEmpresaClientes() const override { return Entero(2); }
     std::int16_t CodEmpresaExtra() const override { return Entero(3); }
     std::int16_t TarifaEmpresa() const override { return Entero(4); }
-    bool VenderSinStock() const override { return ABoolean(Pedir(5, nullptr)); }
-    bool CosteUltimaCompra() const override { return ABoolean(Pedir(6, nullptr)); }
+    bool VenderSinStock() const override { return Booleano(5); }
+    bool CosteUltimaCompra() const override { return Booleano(6); }
     std::int16_t DecPrecios() const override { return Entero(7); }
     std::int16_t DecImportes() const override { return Entero(8); }
     std::int16_t DecCostes() const override { return Entero(9); }
@@ -33,7 +34,8 @@ class EmpresaDispatch : public cEmpresa {
   private:
     static constexpr std::size_t kMiembros = 12;
 
-    std::int16_t Entero(std::size_t miembro) const { return AInteger(Pedir(miembro, nullptr)); }
+    std::int16_t Entero(std::size_t miembro) const;
+    bool Booleano(std::size_t miembro) const;
     Valor Pedir(std::size_t miembro, const std::int16_t* argumento) const;
     DISPID Identificador(std::size_t miembro) const;
 

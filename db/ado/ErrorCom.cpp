@@ -11,7 +11,6 @@
 #include "db/ado/Variante.h"
 
 namespace kv {
-namespace {
 
 std::string TextoDelCodigo(HRESULT hr) {
     std::array<char, 32> codigo{};
@@ -19,7 +18,9 @@ std::string TextoDelCodigo(HRESULT hr) {
     return codigo.data();
 }
 
-}  // namespace
+void OlvidarError() {
+    SetErrorInfo(0, nullptr);
+}
 
 void LanzarErrorCom(HRESULT hr, const char* origen) {
     PunteroCom<IErrorInfo> info;

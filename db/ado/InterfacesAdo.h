@@ -142,8 +142,8 @@ struct Command : Base {
     virtual HRESULT STDMETHODCALLTYPE put_Prepared() { return E_NOTIMPL; }
     virtual HRESULT STDMETHODCALLTYPE Execute(VARIANT* afectados, VARIANT* parametros, long opciones,
                                               Recordset** rs) = 0;
-    virtual HRESULT STDMETHODCALLTYPE CreateParameter(BSTR nombre, int tipo, int direccion, long tamano, VARIANT valor,
-                                                      Parameter** parametro) = 0;
+    virtual HRESULT STDMETHODCALLTYPE CreateParameter(BSTR nombre, int tipo, int direccion, LONG_PTR tamano,
+                                                      VARIANT valor, Parameter** parametro) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_Parameters(Parameters** parametros) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_CommandType(int tipo) = 0;
 };
@@ -153,12 +153,17 @@ constexpr GUID Identificador(unsigned long numero) {
     return {numero, 0, 0x10, {0x80, 0, 0, 0xAA, 0, 0x6D, 0x2E, 0xA4}};
 }
 
-// The generations of each interface that share the slots above, the first one asked first.
+// The identifiers of each interface that share the slots above, in the order in which they are asked for: the
+// interface itself in both generations, then the older ones that it extends.
 inline constexpr GUID kConnection[] = {Identificador(0x550), Identificador(0x1550), Identificador(0x515),
                                        Identificador(0x1515)};
 inline constexpr GUID kRecordset[] = {Identificador(0x556), Identificador(0x1556), Identificador(0x50E),
                                       Identificador(0x150E)};
-inline constexpr GUID kCommand[] = {Identificador(0x54E), Identificador(0x154E), Identificador(0x508),
+inline constexpr GUID kCommand[] = {{0xB08400BD, 0xF9D1, 0x4D02, {0xB8, 0x56, 0x71, 0xD5, 0xDB, 0xA1, 0x23, 0xE9}},
+                                    {0x986761E8, 0x7269, 0x4890, {0xAA, 0x65, 0xAD, 0x7C, 0x03, 0x69, 0x7A, 0x6D}},
+                                    Identificador(0x54E),
+                                    Identificador(0x154E),
+                                    Identificador(0x508),
                                     Identificador(0x1508)};
 
 inline constexpr GUID kClaseCommand = Identificador(0x507);

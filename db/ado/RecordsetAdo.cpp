@@ -14,6 +14,7 @@ void RecordsetAdo::Open(std::string_view source, Connection& conexion, CursorTyp
     ExigirUnaSentencia(source);
     auto* propia = dynamic_cast<ConexionAdo*>(&conexion);
     if (propia == nullptr) LanzarError(kErrLlamadaInvalida, "la conexión no es de ADO");
+    OlvidarError();
     if (!rs_) rs_ = CrearAdo<ado::Recordset>(ado::kClaseRecordset, ado::kRecordset);
     campos_ = {};
     valores_.clear();

@@ -8,10 +8,38 @@
 namespace kv {
 namespace {
 
+// Divides the 96 bits by ten; false, and nothing changed, when they are no multiple.
+bool QuitarCero(DECIMAL& decimal) {
+    const ULONG partes[] = {decimal.Hi32, decimal.Mid32, decimal.Lo32};
+    ULONG cociente[3];
+    std::uint64_t resto = 0;
+    for (int i = 0; i < 3; ++i) {
+        const std::uint64_t parte = (resto << 32) | partes[i];
+        cociente[i] = static_cast<ULONG>(parte / 10);
+        resto = parte % 10;
+    }
+    if (resto != 0) return false;
+    decimal.Hi32 = cociente[0];
+    decimal.Mid32 = cociente[1];
+    decimal.Lo32 = cociente[2];
+    --decimal.scale;
+    return true;
+}
+
 Valor DeDecimal(DECIMAL decimal) {
-    CY cy;
-    if (decimal.scale <= 4 && SUCCEEDED(VarCyFromDec(&decimal, &cy)))
-        return Currency::DeDiezmilesimas(cy.int64);
+    // A column of six decimals that holds 12.500000 is as exact as one of two.
+    while (decimal.scale > 4 && QuitarCero(decimal)) continue;
+    constexpr std::uint64_t kMayor = INT64_MAX;
+    std::uint64_t diezmilesimas = decimal.Lo64;
+    bool cabe = decimal.Hi32 == 0 && decimal.scale <= 4;
+    for (int escala = decimal.scale; cabe && escala < 4; ++escala) {
+        cabe = diezmilesimas <= kMayor / 10;
+        diezmilesimas *= 10;
+    }
+    if (cabe && diezmilesimas <= kMayor) {
+        const auto importe = static_cast<std::int64_t>(diezmilesimas);
+        return Currency::DeDiezmilesimas((decimal.sign & DECIMAL_NEG) != 0 ? -importe : importe);
+    }
     double doble = 0;
     if (FAILED(VarR8FromDec(&decimal, &doble))) LanzarError(kErrDesbordamiento);
     return doble;
@@ -51,6 +79,13 @@ Variante::Variante(IDispatch* objeto) : Variante() {
 }
 
 Valor Variante::AValor() const {
+    if ((v_.vt & VT_BYREF) != 0) {
+        VARIANT referencia = v_;
+        Variante copia;
+        if (FAILED(VariantCopyInd(&copia.v_, &referencia)))
+            LanzarError(kErrTipo, "VARIANT de tipo " + std::to_string(v_.vt));
+        return copia.AValor();
+    }
     switch (v_.vt) {
         case VT_NULL:
         case VT_EMPTY:
@@ -73,6 +108,9 @@ Valor Variante::AValor() const {
             return static_cast<std::int64_t>(v_.ulVal);
         case VT_I8:
             return static_cast<std::int64_t>(v_.llVal);
+        case VT_UI8:
+            if (v_.ullVal > static_cast<ULONGLONG>(INT64_MAX)) LanzarError(kErrDesbordamiento);
+            return static_cast<std::int64_t>(v_.ullVal);
         case VT_R4:
             return v_.fltVal;
         case VT_R8:

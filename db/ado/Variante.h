@@ -34,8 +34,9 @@ class Variante {
         VariantClear(&v_);
         return &v_;
     }
-    /// NULL and Empty become NULL; a decimal with up to four decimals that fits becomes Currency, any other a double.
-    /// Error 13 for objects, arrays and the other kinds.
+    /// NULL and Empty become NULL; a decimal with no more than four decimals other than zeros that fits becomes
+    /// Currency, any other a double; a date loses its time; a reference gives what it refers to. Error 6 for an
+    /// unsigned number beyond the signed ones and a date out of range, 13 for objects, arrays and the other kinds.
     Valor AValor() const;
 
   private:

@@ -26,6 +26,20 @@ class ParametrosFalsos : public Falso<ado::Parameters> {
     std::vector<PunteroCom<ParametroFalso>> lista;
 };
 
+/// The rows that a procedure leaves: as with a real provider, its outputs arrive when they are let go.
+class FilasPendientes : public RecordsetFalso {
+  public:
+    FilasPendientes(std::vector<PunteroCom<ParametroFalso>> parametros, std::vector<Valor> salidas)
+        : RecordsetFalso(IID_NULL), parametros_(std::move(parametros)), salidas_(std::move(salidas)) {}
+    ~FilasPendientes() override {
+        for (std::size_t i = 0; i < salidas_.size(); ++i) parametros_[i]->salida = salidas_[i];
+    }
+
+  private:
+    std::vector<PunteroCom<ParametroFalso>> parametros_;
+    std::vector<Valor> salidas_;
+};
+
 /// A stored procedure of the recording: checks every parameter, then gives back the recorded outputs.
 class ComandoFalso : public Falso<ado::Command> {
   public:
@@ -46,7 +60,7 @@ class ComandoFalso : public Falso<ado::Command> {
         (*parametros)->AddRef();
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE CreateParameter(BSTR nombre, int tipo, int direccion, long tamano, VARIANT valor,
+    HRESULT STDMETHODCALLTYPE CreateParameter(BSTR nombre, int tipo, int direccion, LONG_PTR tamano, VARIANT valor,
                                               ado::Parameter** parametro) override {
         Variante copia;
         if (valor.vt != VT_ERROR) VariantCopy(&copia.Get(), &valor);
@@ -65,8 +79,8 @@ class ComandoFalso : public Falso<ado::Command> {
             ParametroFalso& parametro = *lista_->lista[i].Get();
             if (parametro.escrito != paso.parametros[i])
                 return Quejarse("parámetro |" + paso.parametros[i] + "|, llega |" + parametro.escrito + "|");
-            parametro.salida = paso.salidas[i];
         }
+        *rs = new FilasPendientes(lista_->lista, paso.salidas);
         return S_OK;
     }
 

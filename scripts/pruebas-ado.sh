@@ -1,0 +1,24 @@
+# Sourced by test-windows.sh: its stages for ADO, which use its Wine and its temporary folder.
+
+# The data source KVPrueba: a new, empty SQLite file through Debian's driver.
+preparar_odbc() {
+    local controlador
+    controlador=$(find /usr/lib -name libsqlite3odbc.so | head -1)
+    printf '[KVPrueba]\nDriver=%s\nDatabase=%s\n' "$controlador" "$trabajo/odbc.db" >"$trabajo/odbc.ini"
+    : >"$trabajo/odbcinst.ini"
+    rm -f "$trabajo/odbc.db"
+    export ODBCINI=$trabajo/odbc.ini ODBCSYSINI=$trabajo
+}
+
+# probar_ado BITS: the declarations against the platform's, the values, the adapter over ADO-shaped objects, and the
+# adapter over Wine's own ADO, which shows what it leaves out.
+probar_ado() {
+    local programa=$construido/tests/ado/prueba_ado.exe grupo
+    for grupo in interfaces variantes adaptador; do vino 60 "$programa" "$grupo"; done
+    if [ "$1" -eq 32 ]; then
+        echo "OMITIDO: ADO sobre ODBC con 32 bits, no hay un controlador para ellos"
+        return
+    fi
+    preparar_odbc
+    vino 120 "$programa" wine KVPrueba
+}
