@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/Valor.h"
@@ -23,10 +24,13 @@ struct Parameter {
 /// The parameters of a command in the order in which they were appended.
 class Parameters {
   public:
-    void Append(Parameter parametro) {
+    void Append(Parameter parametro) { Append<Parameter>(std::move(parametro)); }
+    /// The parameter, or what it is made of: name, type, direction, size and value.
+    template <class... Partes>
+    void Append(Partes&&... partes) {
         // Both discount procedures take fewer.
         if (lista_.empty()) lista_.reserve(16);
-        lista_.push_back(std::move(parametro));
+        lista_.emplace_back(std::forward<Partes>(partes)...);
     }
     /// By name, without regard to letter case. Error 3265 when there is none.
     Parameter& Item(std::string_view nombre);

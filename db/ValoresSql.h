@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -33,11 +34,26 @@ TextoNumero SqlBooleano(bool valor);
 /// 1 or 0.
 TextoNumero SqlBooleanoAbsoluto(bool valor);
 
+// The length of a fragment is known when it is compiled, so that its copy needs no call.
+template <std::size_t N>
+constexpr std::string_view TrozoSql(const char (&fragmento)[N]) {
+    return {fragmento, N - 1};
+}
+constexpr std::string_view TrozoSql(std::string_view trozo) {
+    return trozo;
+}
+
 /// Appends fragments and values in order: one growth of the text for all of them.
 template <class... Partes>
 void Agregar(std::string& sql, const Partes&... partes) {
-    sql.reserve(sql.size() + (std::string_view(partes).size() + ... + 0U));
-    (sql.append(std::string_view(partes)), ...);
+    std::size_t pos = sql.size();
+    sql.resize(pos + (TrozoSql(partes).size() + ... + 0U));
+    char* const datos = sql.data();
+    const auto copiar = [&](std::string_view trozo) {
+        std::memcpy(datos + pos, trozo.data(), trozo.size());
+        pos += trozo.size();
+    };
+    (copiar(TrozoSql(partes)), ...);
 }
 
 /// A statement from its fragments and values in order.

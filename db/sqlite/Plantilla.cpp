@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "db/Nombres.h"
 #include "db/Tokens.h"
 
 namespace kv {
@@ -58,22 +59,22 @@ std::uint64_t Mezclar(std::uint64_t huella, std::string_view texto) {
     return huella;
 }
 
-// End of the literal of this kind that starts at `pos`; `pos` itself when there is none.
-std::size_t FinLiteral(std::string_view texto, std::size_t pos, bool cadena) {
-    if (pos >= texto.size()) return pos;
-    if (cadena) {
-        if (texto[pos] != '\'') return pos;
-        const std::size_t fin = FinCadena(texto, pos);
-        return fin == std::string_view::npos ? pos : fin;
-    }
-    const std::size_t cifras = texto[pos] == '-' || texto[pos] == '+' ? pos + 1 : pos;
-    // Most are short codes.
-    std::size_t corto = cifras;
-    while (corto < texto.size() && texto[corto] >= '0' && texto[corto] <= '9') ++corto;
-    if (corto != cifras && (corto == texto.size() || (texto[corto] != '.' && (texto[corto] | 0x20) != 'e')))
-        return corto;
-    const std::size_t fin = FinNumero(texto, cifras);
-    return fin == cifras ? pos : fin;
+// End of the number that starts at `inicio`; `inicio` itself when there is none. Most are short codes.
+const char* FinDeNumero(const char* inicio, const char* fin) {
+    const char* cifras = inicio != fin && (*inicio == '-' || *inicio == '+') ? inicio + 1 : inicio;
+    const char* pos = cifras;
+    while (pos != fin && *pos >= '0' && *pos <= '9') ++pos;
+    if (pos != cifras && (pos == fin || (*pos != '.' && (*pos | 0x20) != 'e'))) return pos;
+    const std::string_view resto(cifras, static_cast<std::size_t>(fin - cifras));
+    const std::size_t largo = FinNumero(resto, 0);
+    return largo == 0 ? inicio : cifras + largo;
+}
+
+// End of the string literal that starts at `inicio`; `inicio` itself when there is none.
+const char* FinDeCadena(const char* inicio, const char* fin) {
+    if (inicio == fin || *inicio != '\'') return inicio;
+    const std::size_t largo = FinCadena({inicio, static_cast<std::size_t>(fin - inicio)}, 0);
+    return largo == std::string_view::npos ? inicio : inicio + largo;
 }
 
 }  // namespace
@@ -96,8 +97,7 @@ Plantilla::Plantilla(std::string_view texto, const std::vector<Literal>& literal
     std::size_t pos = 0;
     for (const Literal& literal : literales) {
         const auto donde = static_cast<std::size_t>(literal.texto.data() - texto.data());
-        tramos_.push_back(
-            {static_cast<std::uint32_t>(fijo_.size()), static_cast<std::uint32_t>(donde - pos), literal.cadena});
+        tramos_.push_back({static_cast<std::uint32_t>(donde - pos), literal.cadena});
         fijo_.append(texto.substr(pos, donde - pos));
         pos = donde + literal.texto.size();
     }
@@ -106,19 +106,22 @@ Plantilla::Plantilla(std::string_view texto, const std::vector<Literal>& literal
 }
 
 bool Plantilla::Coincide(std::string_view texto, std::vector<Literal>& literales) const {
-    literales.clear();
-    std::size_t pos = 0;
+    literales.resize(tramos_.size());
+    const char* pos = texto.data();
+    const char* const fin = pos + texto.size();
+    const char* fijo = fijo_.data();
+    Literal* literal = literales.data();
     for (const Tramo& tramo : tramos_) {
-        if (texto.size() - pos < tramo.largo ||
-            std::memcmp(texto.data() + pos, fijo_.data() + tramo.inicio, tramo.largo) != 0)
+        if (static_cast<std::size_t>(fin - pos) < tramo.largo || !Identicos({pos, tramo.largo}, {fijo, tramo.largo}))
             return false;
         pos += tramo.largo;
-        const std::size_t fin = FinLiteral(texto, pos, tramo.cadena);
-        if (fin == pos) return false;
-        literales.push_back({texto.substr(pos, fin - pos), tramo.cadena});
-        pos = fin;
+        fijo += tramo.largo;
+        const char* const inicio = pos;
+        pos = tramo.cadena ? FinDeCadena(pos, fin) : FinDeNumero(pos, fin);
+        if (pos == inicio) return false;
+        *literal++ = {{inicio, static_cast<std::size_t>(pos - inicio)}, tramo.cadena};
     }
-    return texto.substr(pos) == std::string_view(fijo_).substr(final_);
+    return Identicos({pos, static_cast<std::size_t>(fin - pos)}, std::string_view(fijo_).substr(final_));
 }
 
 std::uint64_t Plantilla::Huella(std::string_view texto, const std::vector<Literal>& literales) {

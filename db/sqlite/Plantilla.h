@@ -25,7 +25,8 @@ class Plantilla {
     Plantilla() = default;
     Plantilla(std::string_view texto, const std::vector<Literal>& literales);
 
-    /// True when `texto` is this template with other literals, which are then left in `literales`.
+    /// True when `texto` is this template with other literals, which are then left in `literales`; what a text that
+    /// does not match leaves there means nothing.
     bool Coincide(std::string_view texto, std::vector<Literal>& literales) const;
 
     /// Hash of the template of a text whose literals are known, equal for all its texts.
@@ -33,7 +34,6 @@ class Plantilla {
 
   private:
     struct Tramo {
-        std::uint32_t inicio;
         std::uint32_t largo;
         bool cadena;
     };

@@ -59,9 +59,11 @@ std::string_view ConexionSqlite::RecordsetSqlite::NombreCampo(std::int32_t posic
 }
 
 const Valor& ConexionSqlite::RecordsetSqlite::LeerCampo(std::string_view nombre) {
-    Sentencia& sentencia = Abierta();
-    if (!hayFila_) LanzarError(kErrSinRegistro);
-    return sentencia.Leer(nombre);
+    if (!hayFila_) {
+        Abierta();
+        LanzarError(kErrSinRegistro);
+    }
+    return sentencia_->Leer(nombre);
 }
 
 }  // namespace kv

@@ -22,9 +22,9 @@ void QuitarComillas(std::string_view literal, std::string& texto) {
         texto.erase(pos, 1);
 }
 
-std::string_view TextoColumna(sqlite3_stmt* sentencia, int columna) {
-    const auto* texto = reinterpret_cast<const char*>(sqlite3_column_text(sentencia, columna));
-    return {texto, static_cast<std::size_t>(sqlite3_column_bytes(sentencia, columna))};
+std::string_view TextoDe(sqlite3_value* valor) {
+    const auto* texto = reinterpret_cast<const char*>(sqlite3_value_text(valor));
+    return {texto, static_cast<std::size_t>(sqlite3_value_bytes(valor))};
 }
 
 void PonerTexto(Valor& valor, std::string_view texto) {
@@ -97,7 +97,7 @@ Sentencia::Sentencia(sqlite3* base, const std::string& texto, std::string origin
     if (nueva == nullptr) throw RuntimeError(SQLITE_ERROR, "SQLite", "La sentencia está vacía: «" + original_ + "»");
     for (int i = 0; i < sqlite3_column_count(nueva); ++i) {
         const char* declarado = sqlite3_column_decltype(nueva, i);
-        columnas_.push_back({sqlite3_column_name(nueva, i),
+        columnas_.push_back({sqlite3_column_name(nueva, i), i,
                              declarado == nullptr ? TipoColumna::SinDeclarar : LeerTipoColumna(declarado), Nulo{}});
     }
     enlazados_.resize(static_cast<std::size_t>(sqlite3_bind_parameter_count(nueva)));
@@ -118,7 +118,7 @@ void Sentencia::Enlazar(const std::vector<Literal>& literales, const std::vector
     for (std::size_t i = 0; i < literales.size(); ++i) {
         Enlazado& enlazado = enlazados_[i];
         const Literal& literal = literales[i];
-        if (enlazado.literal == literal.texto) continue;
+        if (Identicos(enlazado.literal, literal.texto)) continue;
         // Forgotten first: a literal that cannot be bound must not count as bound.
         enlazado.literal.clear();
         const int indice = static_cast<int>(i) + 1;
@@ -167,7 +167,7 @@ void Sentencia::EnlazarNumero(int indice, std::string_view literal, TipoColumna 
 // SQLite compares the names one by one; the same procedure is called with the same parameters in the same order.
 int Sentencia::IndiceNombrado(const std::string& nombre) {
     const std::size_t esta = enlace_++;
-    if (esta < nombrados_.size() && nombrados_[esta].first == nombre) return nombrados_[esta].second;
+    if (esta < nombrados_.size() && Identicos(nombrados_[esta].first, nombre)) return nombrados_[esta].second;
     nombrados_.resize(esta);
     nombrados_.emplace_back(nombre, sqlite3_bind_parameter_index(sentencia_.get(), nombre.c_str()));
     return nombrados_.back().second;
@@ -207,45 +207,47 @@ const std::string& Sentencia::NombreColumna(std::int32_t posicion) const {
     return columnas_[static_cast<std::size_t>(posicion)].nombre;
 }
 
-const Valor& Sentencia::Leer(std::string_view nombre) {
-    if (lectura_ < orden_.size() && MismoNombre(columnas_[orden_[lectura_]].nombre, nombre))
-        return Leer(orden_[lectura_++]);
-    const std::size_t columna = Buscar(nombre);
-    orden_.resize(lectura_);
-    orden_.push_back(columna);
-    ++lectura_;
-    return Leer(columna);
-}
-
-std::size_t Sentencia::Buscar(std::string_view nombre) {
-    const auto hallada = std::find_if(columnas_.begin(), columnas_.end(),
-                                      [&](const Columna& c) { return MismoNombre(c.nombre, nombre); });
-    if (hallada == columnas_.end())
-        LanzarError(kErrElementoNoEncontrado, "columna " + std::string(nombre) + " en: " + original_);
-    return static_cast<std::size_t>(hallada - columnas_.begin());
-}
-
-const Valor& Sentencia::Leer(std::size_t indice) {
-    Columna& columna = columnas_[indice];
-    sqlite3_stmt* s = sentencia_.get();
-    const int i = static_cast<int>(indice);
-    switch (sqlite3_column_type(s, i)) {
+inline const Valor& Sentencia::Valorar(Columna& columna) {
+    // One call into the statement for each field; what follows looks at the value alone.
+    sqlite3_value* leido = sqlite3_column_value(sentencia_.get(), columna.posicion);
+    switch (sqlite3_value_type(leido)) {
         case SQLITE_NULL:
             columna.valor = Nulo{};
             break;
         case SQLITE_INTEGER:
-            PonerSegunEntero(columna.valor, columna.tipo, sqlite3_column_int64(s, i));
+            PonerSegunEntero(columna.valor, columna.tipo, sqlite3_value_int64(leido));
             break;
         case SQLITE_FLOAT:
-            PonerSegunReal(columna.valor, columna.tipo, sqlite3_column_double(s, i));
+            PonerSegunReal(columna.valor, columna.tipo, sqlite3_value_double(leido));
             break;
         default:
             if (columna.tipo == TipoColumna::Fecha)
-                columna.valor = Fecha::DeTexto(TextoColumna(s, i));
+                columna.valor = Fecha::DeTexto(TextoDe(leido));
             else
-                PonerTexto(columna.valor, TextoColumna(s, i));
+                PonerTexto(columna.valor, TextoDe(leido));
     }
     return columna.valor;
+}
+
+const Valor& Sentencia::Leer(std::string_view nombre) {
+    if (lectura_ == orden_.size() || !MismoNombre(orden_[lectura_]->nombre, nombre)) {
+        Columna& columna = Buscar(nombre);
+        orden_.resize(lectura_);
+        orden_.push_back(&columna);
+    }
+    return Valorar(*orden_[lectura_++]);
+}
+
+const Valor& Sentencia::Leer(std::size_t columna) {
+    return Valorar(columnas_[columna]);
+}
+
+Sentencia::Columna& Sentencia::Buscar(std::string_view nombre) {
+    const auto hallada = std::find_if(columnas_.begin(), columnas_.end(),
+                                      [&](const Columna& c) { return MismoNombre(c.nombre, nombre); });
+    if (hallada == columnas_.end())
+        LanzarError(kErrElementoNoEncontrado, "columna " + std::string(nombre) + " en: " + original_);
+    return *hallada;
 }
 
 bool Sentencia::SoloLee() const {

@@ -49,6 +49,7 @@ class Sentencia {
     };
     struct Columna {
         std::string nombre;
+        int posicion;
         TipoColumna tipo;
         Valor valor;
     };
@@ -62,7 +63,8 @@ class Sentencia {
     void EnlazarCadena(int indice, std::string_view literal, TipoColumna destino);
     void EnlazarNumero(int indice, std::string_view literal, TipoColumna destino);
     int IndiceNombrado(const std::string& nombre);
-    std::size_t Buscar(std::string_view nombre);
+    Columna& Buscar(std::string_view nombre);
+    const Valor& Valorar(Columna& columna);
     void Comprobar(int resultado) const;
 
     sqlite3* base_;
@@ -71,7 +73,7 @@ class Sentencia {
     std::vector<Columna> columnas_;
     std::vector<Enlazado> enlazados_;
     // Columns in the order in which they were read last time, since every reader reads them in its own fixed order.
-    std::vector<std::size_t> orden_;
+    std::vector<Columna*> orden_;
     std::size_t lectura_ = 0;
     // Named parameters in the order in which they were bound last time, with their positions.
     std::vector<std::pair<std::string, int>> nombrados_;
