@@ -28,15 +28,36 @@ macro(kv_carpeta dir)
   endif()
 endmacro()
 
-# kv_biblioteca(name FUENTES a.cpp ... USA kv_base ... PRIVADO SQLite::SQLite3 ...): one static library per folder.
+# kv_biblioteca(name FUENTES a.cpp ... USA kv_base ... PRIVADO SQLite::SQLite3 ... PAQUETE a.h ...): one static library
+# per folder. The headers after PAQUETE (TODAS: every one of the folder) make it part of the installed package.
 function(kv_biblioteca nombre)
-  cmake_parse_arguments(KV "" "" "FUENTES;USA;PRIVADO" ${ARGN})
+  cmake_parse_arguments(KV "" "" "FUENTES;USA;PRIVADO;PAQUETE" ${ARGN})
   add_library(${nombre} STATIC ${KV_FUENTES})
   target_link_libraries(${nombre} PUBLIC ${KV_USA} PRIVATE $<BUILD_INTERFACE:kv_avisos> ${KV_PRIVADO})
   target_compile_features(${nombre} PUBLIC cxx_std_20)
   target_include_directories(${nombre} PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:include/kvdatosart>)
   set_target_properties(${nombre} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
+  if(KV_PAQUETE)
+    if(KV_PAQUETE STREQUAL "TODAS")
+      file(GLOB KV_PAQUETE CONFIGURE_DEPENDS *.h)
+    endif()
+    file(RELATIVE_PATH carpeta ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
+    install(FILES ${KV_PAQUETE} DESTINATION include/kvdatosart/${carpeta})
+    install(TARGETS ${nombre} EXPORT KVDatosArt)
+  endif()
+endfunction()
+
+# kv_instalar_paquete(): what find_package(KVDatosArt) reads. After every library.
+function(kv_instalar_paquete)
+  include(CMakePackageConfigHelpers)
+  set(destino lib/cmake/KVDatosArt)
+  configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/KVDatosArtConfig.cmake.in KVDatosArtConfig.cmake
+    INSTALL_DESTINATION ${destino} NO_SET_AND_CHECK_MACRO)
+  write_basic_package_version_file(KVDatosArtConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+  install(FILES ${CMAKE_CURRENT_BINARY_DIR}/KVDatosArtConfig.cmake
+                ${CMAKE_CURRENT_BINARY_DIR}/KVDatosArtConfigVersion.cmake DESTINATION ${destino})
+  install(EXPORT KVDatosArt NAMESPACE KVDatosArt:: DESTINATION ${destino})
 endfunction()
 
 # kv_prueba(name FUENTES a.cpp ... USA kv_rules ...): one GoogleTest program, run by ctest.
