@@ -1,7 +1,7 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -50,7 +50,7 @@ void Agregar(std::string& sql, const Partes&... partes) {
     sql.resize(pos + (TrozoSql(partes).size() + ... + 0U));
     char* const datos = sql.data();
     const auto copiar = [&](std::string_view trozo) {
-        std::memcpy(datos + pos, trozo.data(), trozo.size());
+        std::copy(trozo.begin(), trozo.end(), datos + pos);
         pos += trozo.size();
     };
     (copiar(TrozoSql(partes)), ...);
