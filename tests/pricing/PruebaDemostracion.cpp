@@ -208,12 +208,12 @@ TEST_F(CargaReal, NivelDelArticulo_PorLosParametros) {
 TEST_F(CargaReal, Padre_SeCargaUnaVezAlLeerlo) {
     clsDatosArt a;
     Conectar(a);
-    a.Cargar(118, 1, kHoy, 1, 1, 2);
+    a.Cargar(118, 1, kHoy, -1, 1, 2);
     const std::size_t antes = conexion->textos.size();
     const auto padre = a.padre();
     ASSERT_NE(nullptr, padre);
     EXPECT_EQ(119, padre->Codigo);
-    EXPECT_EQ(96, padre->Pvp);
+    EXPECT_EQ(52.8, padre->Pvp);  // At cost too, from the same warehouse.
     const std::size_t despues = conexion->textos.size();
     EXPECT_GT(despues, antes);
     EXPECT_EQ(padre, a.padre());
@@ -223,6 +223,10 @@ TEST_F(CargaReal, Padre_SeCargaUnaVezAlLeerlo) {
     EXPECT_NE(padre, a.padre());
     a.padre(nullptr);
     EXPECT_EQ(nullptr, a.padre());
+    const auto otro = std::make_shared<clsDatosArt>();
+    otro->Codigo = 5;
+    a.padre(otro);
+    EXPECT_EQ(119, a.padre()->Codigo);
     a.Cargar(101, 1, kHoy, 1, 1, 2);
     EXPECT_EQ(nullptr, a.padre());
 }
