@@ -90,10 +90,6 @@ void TextoNumero::AgregarEntero(std::int64_t valor) {
     largo_ = static_cast<std::size_t>(r.ptr - datos_.data());
 }
 
-void TextoNumero::Reemplazar(char viejo, char nuevo) {
-    std::replace(datos_.data(), datos_.data() + largo_, viejo, nuevo);
-}
-
 TextoNumero TextoDouble(double valor, char separador) { return TextoReal(valor, kDigitosDouble, separador); }
 
 TextoNumero TextoSingle(float valor, char separador) { return TextoReal(valor, kDigitosSingle, separador); }

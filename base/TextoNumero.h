@@ -22,8 +22,6 @@ class TextoNumero {
     }
     void Agregar(char caracter) { datos_[largo_++] = caracter; }
     void AgregarEntero(std::int64_t valor);
-    /// Replaces every `viejo` by `nuevo`.
-    void Reemplazar(char viejo, char nuevo);
 
     // NOLINTNEXTLINE(google-explicit-constructor): it is a text.
     operator std::string_view() const { return {datos_.data(), largo_}; }
