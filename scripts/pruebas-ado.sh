@@ -10,6 +10,13 @@ preparar_odbc() {
     export ODBCINI=$trabajo/odbc.ini ODBCSYSINI=$trabajo
 }
 
+# probar_ejemplos: the script example without arguments ends with 2; one that cannot be parsed would end with 0.
+probar_ejemplos() {
+    local codigo=0
+    vino 60 cscript //nologo "Z:$raiz/examples/precio.vbs" || codigo=$?
+    [ "$codigo" -eq 2 ] || { echo "precio.vbs sale con $codigo"; return 1; }
+}
+
 # probar_ado BITS: the declarations against the platform's, the values, the adapter over ADO-shaped objects, and the
 # adapter over Wine's own ADO, which shows what it leaves out.
 probar_ado() {

@@ -97,6 +97,8 @@ for bits in 64 32; do
     sin_registro
     etapa "$bits bits: ADO"
     probar_ado "$bits"
+    etapa "$bits bits: ejemplos"
+    probar_ejemplos
     parar_wine
 done
 echo "Correcto"
