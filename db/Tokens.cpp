@@ -31,6 +31,22 @@ constexpr auto kComienzos = std::to_array<std::string_view>(
      "DECLARE", "GRANT",  "REVOKE", "BEGIN", "COMMIT",  "ROLLBACK", "USE",    "WAITFOR", "SHUTDOWN", "BACKUP",
      "RESTORE", "KILL",   "PRINT",  "IF",    "WHILE",   "ATTACH",   "DETACH", "PRAGMA",  "VACUUM",   "GO"});
 
+// For each initial letter the lengths of its words, one bit each: dismisses most names without a comparison.
+constexpr auto kLargos = [] {
+    std::array<std::uint32_t, 26> largos{};
+    for (const std::string_view palabra : kComienzos)
+        largos[static_cast<std::size_t>(palabra.front() - 'A')] |= 1U << palabra.size();
+    return largos;
+}();
+
+bool EsComienzo(const Token& token) {
+    const auto letra = static_cast<std::size_t>((static_cast<unsigned char>(token.texto.front()) | 0x20) - 'a');
+    const std::size_t largo = token.texto.size();
+    if (letra >= kLargos.size() || largo >= 32 || (kLargos[letra] >> largo & 1U) == 0) return false;
+    return std::any_of(kComienzos.begin(), kComienzos.end(),
+                       [&](std::string_view palabra) { return token.EsPalabra(palabra); });
+}
+
 [[noreturn]] void RechazarSegunda(std::string_view texto) {
     throw RuntimeError(kErrVariasSentencias, "KVDatosArt",
                        "El texto contiene más de una sentencia y no se ejecuta: " + std::string(texto));
@@ -75,9 +91,9 @@ void LectorTokens::SaltarBlancos() {
     while (pos_ < texto_.size()) {
         if (EsBlanco(texto_[pos_])) {
             ++pos_;
-        } else if (texto_.compare(pos_, 2, "--") == 0) {
+        } else if (texto_[pos_] == '-' && texto_.compare(pos_, 2, "--") == 0) {
             pos_ = std::min(texto_.find('\n', pos_), texto_.size());
-        } else if (texto_.compare(pos_, 2, "/*") == 0) {
+        } else if (texto_[pos_] == '/' && texto_.compare(pos_, 2, "/*") == 0) {
             const auto cierre = texto_.find("*/", pos_ + 2);
             pos_ = cierre == std::string_view::npos ? texto_.size() : cierre + 2;
         } else {
@@ -143,9 +159,7 @@ void ExigirUnaSentencia(std::string_view texto) {
         if (token.Es(';')) acabada = true;
         const bool calificado = anterior.Es('.');
         if (!primera && profundidad <= 0 && !calificado && token.tipo == Token::Tipo::Nombre) {
-            const bool comienza = std::any_of(kComienzos.begin(), kComienzos.end(),
-                                              [&](std::string_view palabra) { return token.EsPalabra(palabra); });
-            if (comienza) RechazarSegunda(texto);
+            if (EsComienzo(token)) RechazarSegunda(texto);
             // A SELECT outside parentheses belongs to a UNION or begins a statement of its own.
             if (token.EsPalabra("SELECT") && !anterior.EsPalabra("UNION") && !anterior.EsPalabra("ALL"))
                 RechazarSegunda(texto);
