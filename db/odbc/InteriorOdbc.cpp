@@ -1,8 +1,11 @@
 #include "db/odbc/InteriorOdbc.h"
 
+#include <algorithm>
+#include <array>
 #include <limits>
 
 #include "base/RuntimeError.h"
+#include "db/Tokens.h"
 #include "db/odbc/CadenaConexion.h"
 #include "db/odbc/ErrorOdbc.h"
 
@@ -22,6 +25,13 @@ SQLPOINTER ComoAtributo(std::uintptr_t valor) {
 [[noreturn]] void NoSeConecta(const RuntimeError& fallo, const std::string& cadena) {
     throw RuntimeError(fallo.numero, fallo.origen,
                        "No se puede conectar: " + Tapar(fallo.descripcion, Secretos(cadena)));
+}
+
+bool PuedeCambiarTablas(std::string_view texto) {
+    constexpr auto kNoCambian = std::to_array<std::string_view>({"UPDATE", "INSERT", "DELETE", "SELECT"});
+    const Token primero = LectorTokens(texto).Siguiente();
+    return std::none_of(kNoCambian.begin(), kNoCambian.end(),
+                        [&](std::string_view palabra) { return primero.EsPalabra(palabra); });
 }
 
 Asidero CrearEntorno() {
@@ -71,6 +81,7 @@ void ConexionOdbc::Interior::Enviar(std::string_view texto) {
 
 std::int32_t ConexionOdbc::Interior::Ejecutar(std::string_view texto) {
     const CierraCursor cierre(sentencia_);
+    if (PuedeCambiarTablas(texto)) lector_.OlvidarFormas();
     Enviar(texto);
     return AgotarResultados(sentencia_, texto);
 }
@@ -78,7 +89,11 @@ std::int32_t ConexionOdbc::Interior::Ejecutar(std::string_view texto) {
 void ConexionOdbc::Interior::Consultar(std::string_view texto, Resultado& resultado) {
     const CierraCursor cierre(sentencia_);
     Enviar(texto);
-    if (lector_.Leer(sentencia_, texto, resultado)) AgotarResultados(sentencia_, texto);
+    if (!lector_.Leer(sentencia_, texto, resultado)) return;
+    const SQLRETURN siguiente = SQLMoreResults(sentencia_.Get());
+    if (siguiente == SQL_NO_DATA) return;
+    ComprobarOdbc(siguiente, sentencia_, texto);
+    AgotarResultados(sentencia_, texto);
 }
 
 void ConexionOdbc::Interior::FijarAutocommit(SQLULEN valor) {
@@ -97,8 +112,17 @@ void ConexionOdbc::Interior::Empezar() {
 
 void ConexionOdbc::Interior::Terminar(SQLSMALLINT como) {
     if (!enTransaccion_) throw RuntimeError(kErrSinTransaccion, "ODBC", "No hay ninguna transacción abierta");
-    ComprobarOdbc(SQLEndTran(SQL_HANDLE_DBC, conexion_.Get(), como), conexion_, {});
+    const SQLRETURN resultado = SQLEndTran(SQL_HANDLE_DBC, conexion_.Get(), como);
+    // A transaction that could not be committed is still there to be rolled back; after a rollback there is none,
+    // whatever it says: the server may have ended it before.
+    if (como == SQL_COMMIT) ComprobarOdbc(resultado, conexion_, {});
     enTransaccion_ = false;
+    try {
+        ComprobarOdbc(resultado, conexion_, {});
+    } catch (const RuntimeError&) {
+        SQLSetConnectAttrW(conexion_.Get(), SQL_ATTR_AUTOCOMMIT, ComoAtributo(autocommitHallado_), SQL_IS_UINTEGER);
+        throw;
+    }
     FijarAutocommit(autocommitHallado_);
 }
 

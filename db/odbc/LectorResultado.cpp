@@ -9,7 +9,7 @@
 namespace kv {
 namespace {
 
-constexpr std::size_t kMaximoNombre = 1024;
+constexpr SQLSMALLINT kMaximoNombre = 1024;
 
 LecturaOdbc LecturaDe(SQLSMALLINT tipo, const std::string& columna) {
     switch (tipo) {
@@ -50,15 +50,26 @@ LecturaOdbc LecturaDe(SQLSMALLINT tipo, const std::string& columna) {
     }
 }
 
-void PonerTexto(Valor& valor, const SQLWCHAR* ancho, std::size_t unidades) {
-    std::string* cadena = std::get_if<std::string>(&valor);
-    DeAncho(ancho, unidades, cadena != nullptr ? *cadena : valor.emplace<std::string>());
-}
+// A result with more rows than these is read through bound columns.
+constexpr std::size_t kFilasSueltas = 2;
+// Wider text is asked for piece by piece.
+constexpr std::size_t kMaximoEnlazado = 255;
 
-template <class Struct>
-Fecha ADia(const Struct& nativo) {
-    return Fecha::DeAmd(nativo.year, nativo.month, nativo.day);
-}
+// Takes the bindings away when its scope ends: what they fill does not outlive the reading.
+class SueltaColumnas {
+  public:
+    explicit SueltaColumnas(const Asidero& sentencia) : sentencia_(sentencia) {}
+    ~SueltaColumnas() {
+        if (enlazadas) SQLFreeStmt(sentencia_.Get(), SQL_UNBIND);
+    }
+    SueltaColumnas(const SueltaColumnas&) = delete;
+    SueltaColumnas& operator=(const SueltaColumnas&) = delete;
+
+    bool enlazadas = false;
+
+  private:
+    const Asidero& sentencia_;
+};
 
 }  // namespace
 
@@ -79,111 +90,84 @@ bool LectorResultado::Leer(const Asidero& sentencia, std::string_view texto, Res
         Comprobar(siguiente);
         Comprobar(SQLNumResultCols(sentencia.Get(), &columnas));
     }
-    Describir(columnas, resultado);
+    resultado.columnas = Columnas(columnas);
     if (columnas == 0) return false;
+    LeerFilas(resultado);
+    return true;
+}
+
+void LectorResultado::LeerFilas(Resultado& resultado) {
+    enlazadas_.clear();
+    SueltaColumnas suelta(*sentencia_);
     for (;;) {
-        const SQLRETURN fila = SQLFetch(sentencia.Get());
-        if (fila == SQL_NO_DATA) return true;
+        const SQLRETURN fila = SQLFetch(sentencia_->Get());
+        if (fila == SQL_NO_DATA) return;
         Comprobar(fila);
         LeerFila(resultado);
+        if (resultado.filas != kFilasSueltas) continue;
+        suelta.enlazadas = true;
+        Enlazar(*resultado.columnas);
     }
 }
 
-void LectorResultado::Describir(SQLSMALLINT cuantas, Resultado& resultado) {
-    resultado.columnas.resize(static_cast<std::size_t>(cuantas));
-    for (SQLSMALLINT i = 0; i < cuantas; ++i) {
-        ColumnaOdbc& columna = resultado.columnas[static_cast<std::size_t>(i)];
-        SQLSMALLINT unidades = 0;
-        SQLSMALLINT tipo = 0;
-        SQLSMALLINT decimales = 0;
-        SQLSMALLINT admiteNulo = 0;
-        SQLULEN ancho = 0;
-        // No database has names as long as the room.
-        Comprobar(SQLDescribeColW(sentencia_->Get(), static_cast<SQLUSMALLINT>(i + 1), hueco_.data(),
-                                  static_cast<SQLSMALLINT>(kMaximoNombre), &unidades, &tipo, &ancho, &decimales,
-                                  &admiteNulo));
-        DeAncho(hueco_.data(), std::min<std::size_t>(static_cast<std::size_t>(unidades), kMaximoNombre - 1),
-                columna.nombre);
-        columna.huella = HuellaNombre(columna.nombre);
-        columna.lectura = LecturaDe(tipo, columna.nombre);
-    }
+void LectorResultado::Enlazar(const ColumnasOdbc& columnas) {
+    const bool estrechas = std::all_of(columnas.begin(), columnas.end(), [](const ColumnaOdbc& c) {
+        return c.lectura != LecturaOdbc::Texto || (c.ancho > 0 && c.ancho <= kMaximoEnlazado);
+    });
+    if (!estrechas) return;
+    enlazadas_.resize(columnas.size());
+    for (std::size_t i = 0; i < columnas.size(); ++i)
+        Comprobar(enlazadas_[i].Enlazar(*sentencia_, static_cast<SQLUSMALLINT>(i + 1), columnas[i]));
+}
+
+std::shared_ptr<const ColumnasOdbc> LectorResultado::Columnas(SQLSMALLINT cuantas) {
+    auto conocidas = formas_.Buscar(texto_);
+    if (conocidas && conocidas->size() == static_cast<std::size_t>(cuantas)) return conocidas;
+    auto columnas = std::make_shared<ColumnasOdbc>();
+    for (SQLUSMALLINT i = 1; i <= cuantas; ++i) columnas->push_back(Describir(i));
+    formas_.Recordar(columnas);
+    return columnas;
+}
+
+ColumnaOdbc LectorResultado::Describir(SQLUSMALLINT posicion) {
+    ColumnaOdbc columna;
+    SQLSMALLINT unidades = 0;
+    SQLSMALLINT tipo = 0;
+    SQLSMALLINT decimales = 0;
+    SQLSMALLINT admiteNulo = 0;
+    SQLULEN ancho = 0;
+    // No database has names as long as the room.
+    Comprobar(SQLDescribeColW(sentencia_->Get(), posicion, hueco_.data(), kMaximoNombre, &unidades, &tipo, &ancho,
+                              &decimales, &admiteNulo));
+    DeAncho(hueco_.data(), static_cast<std::size_t>(std::clamp<int>(unidades, 0, kMaximoNombre - 1)), columna.nombre);
+    columna.huella = HuellaNombre(columna.nombre);
+    columna.lectura = LecturaDe(tipo, columna.nombre);
+    columna.ancho = ancho;
+    return columna;
 }
 
 void LectorResultado::LeerFila(Resultado& resultado) {
-    const std::size_t cuantas = resultado.columnas.size();
+    const std::size_t cuantas = resultado.columnas->size();
     const std::size_t primero = resultado.filas * cuantas;
     if (resultado.valores.size() < primero + cuantas) resultado.valores.resize(primero + cuantas);
     for (std::size_t i = 0; i < cuantas; ++i) {
+        const ColumnaOdbc& columna = (*resultado.columnas)[i];
         try {
-            LeerValor(static_cast<SQLUSMALLINT>(i + 1), resultado.columnas[i].lectura, resultado.valores[primero + i]);
+            LeerValor(i, columna, resultado.valores[primero + i]);
         } catch (const RuntimeError& error) {
             if (error.origen == "ODBC") throw;
-            throw RuntimeError(error.numero, error.origen,
-                               error.descripcion + " (columna " + resultado.columnas[i].nombre + ")");
+            throw RuntimeError(error.numero, error.origen, error.descripcion + " (columna " + columna.nombre + ")");
         }
     }
     ++resultado.filas;
 }
 
-void LectorResultado::LeerValor(SQLUSMALLINT posicion, LecturaOdbc lectura, Valor& valor) {
-    switch (lectura) {
-        case LecturaOdbc::Logico:
-            return LeerFijo<SQLCHAR>(posicion, SQL_C_BIT, valor, [](SQLCHAR v) { return v != 0; });
-        case LecturaOdbc::Octeto:
-            // Signed with some drivers, unsigned with others: asked for with room for both.
-            return LeerFijo<SQLSMALLINT>(posicion, SQL_C_SSHORT, valor, [](SQLSMALLINT v) -> Valor {
-                if (v >= 0 && v <= 255) return static_cast<std::uint8_t>(v);
-                return static_cast<std::int16_t>(v);
-            });
-        case LecturaOdbc::Corto:
-            return LeerFijo<SQLSMALLINT>(posicion, SQL_C_SSHORT, valor,
-                                         [](SQLSMALLINT v) { return static_cast<std::int16_t>(v); });
-        case LecturaOdbc::Largo:
-            return LeerFijo<SQLINTEGER>(posicion, SQL_C_SLONG, valor,
-                                        [](SQLINTEGER v) { return static_cast<std::int32_t>(v); });
-        case LecturaOdbc::Grande:
-            return LeerFijo<SQLBIGINT>(posicion, SQL_C_SBIGINT, valor,
-                                       [](SQLBIGINT v) { return static_cast<std::int64_t>(v); });
-        case LecturaOdbc::Simple:
-            return LeerFijo<SQLREAL>(posicion, SQL_C_FLOAT, valor, [](SQLREAL v) { return v; });
-        case LecturaOdbc::Doble:
-            return LeerFijo<SQLDOUBLE>(posicion, SQL_C_DOUBLE, valor, [](SQLDOUBLE v) { return v; });
-        case LecturaOdbc::Dia:
-            return LeerFijo<SQL_DATE_STRUCT>(posicion, SQL_C_TYPE_DATE, valor, ADia<SQL_DATE_STRUCT>);
-        case LecturaOdbc::DiaYHora:
-            return LeerFijo<SQL_TIMESTAMP_STRUCT>(posicion, SQL_C_TYPE_TIMESTAMP, valor, ADia<SQL_TIMESTAMP_STRUCT>);
-        case LecturaOdbc::Dinero:
-            return LeerDinero(posicion, valor);
-        case LecturaOdbc::Texto:
-            return LeerTexto(posicion, valor);
-    }
-}
-
-template <class Nativo, class Poner>
-void LectorResultado::LeerFijo(SQLUSMALLINT posicion, SQLSMALLINT tipoC, Valor& valor, Poner&& poner) {
-    Nativo nativo{};
-    SQLLEN indicador = 0;
-    Comprobar(SQLGetData(sentencia_->Get(), posicion, tipoC, &nativo, sizeof nativo, &indicador));
-    if (indicador == SQL_NULL_DATA)
-        valor = Nulo{};
-    else
-        valor = poner(nativo);
-}
-
-// Digit by digit: a floating-point number would not hold them all.
-void LectorResultado::LeerDinero(SQLUSMALLINT posicion, Valor& valor) {
-    std::array<char, 512> cifras;
-    SQLLEN indicador = 0;
-    const SQLRETURN resultado =
-        SQLGetData(sentencia_->Get(), posicion, SQL_C_CHAR, cifras.data(), cifras.size(), &indicador);
-    Comprobar(resultado);
-    if (indicador == SQL_NULL_DATA) {
-        valor = Nulo{};
-        return;
-    }
-    if (indicador < 0 || indicador >= static_cast<SQLLEN>(cifras.size()))
-        LanzarError(kErrDesbordamiento, "número de demasiadas cifras");
-    valor = Currency::DeTexto({cifras.data(), static_cast<std::size_t>(indicador)});
+void LectorResultado::LeerValor(std::size_t indice, const ColumnaOdbc& columna, Valor& valor) {
+    const auto posicion = static_cast<SQLUSMALLINT>(indice + 1);
+    if (!enlazadas_.empty() && enlazadas_[indice].Cabe()) return enlazadas_[indice].Poner(columna.lectura, valor);
+    if (columna.lectura == LecturaOdbc::Texto) return LeerTexto(posicion, valor);
+    Comprobar(celda_.Pedir(*sentencia_, posicion, columna.lectura));
+    celda_.Poner(columna.lectura, valor);
 }
 
 void LectorResultado::LeerTexto(SQLUSMALLINT posicion, Valor& valor) {

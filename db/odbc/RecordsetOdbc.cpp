@@ -46,22 +46,22 @@ ObjectState RecordsetOdbc::State() const {
 }
 
 std::int32_t RecordsetOdbc::NumeroCampos() {
-    return static_cast<std::int32_t>(Abierto().columnas.size());
+    return static_cast<std::int32_t>(Abierto().columnas->size());
 }
 
 std::string_view RecordsetOdbc::NombreCampo(std::int32_t posicion) {
     if (posicion < 0 || posicion >= NumeroCampos())
         LanzarError(kErrElementoNoEncontrado, "columna " + std::to_string(posicion));
-    return resultado_.columnas[static_cast<std::size_t>(posicion)].nombre;
+    return (*resultado_.columnas)[static_cast<std::size_t>(posicion)].nombre;
 }
 
 const Valor& RecordsetOdbc::LeerCampo(std::string_view nombre) {
     const Resultado& resultado = ConFila();
-    const std::size_t cuantas = resultado.columnas.size();
+    const std::size_t cuantas = resultado.columnas->size();
     const std::uint32_t huella = HuellaNombre(nombre);
     // The first of its name, when several columns share it.
     for (std::size_t i = 0; i < cuantas; ++i) {
-        const ColumnaOdbc& columna = resultado.columnas[i];
+        const ColumnaOdbc& columna = (*resultado.columnas)[i];
         if (columna.huella == huella && MismoNombre(columna.nombre, nombre))
             return resultado.valores[fila_ * cuantas + i];
     }

@@ -45,7 +45,7 @@ void PrepararSesionTransactSql(ConexionOdbc::Interior& interior) {
     Intentar("el servidor no admite los ajustes", [&] { interior.Ejecutar(kAjustes); });
     Resultado leido;
     Intentar("el servidor no lee las fechas como día/mes/año", [&] { interior.Consultar(kPrueba, leido); });
-    if (leido.filas != 1 || leido.columnas.size() != 3) Rechazar("el servidor no contesta a la prueba de fechas");
+    if (leido.filas != 1 || leido.columnas->size() != 3) Rechazar("el servidor no contesta a la prueba de fechas");
     const std::array<Fecha, 2> dias = {Fecha::DeAmd(2001, 3, 5), Fecha::DeAmd(2001, 2, 13)};
     for (std::size_t i = 0; i < dias.size(); ++i) {
         const Fecha dia = ADate(leido.valores[i]);

@@ -85,6 +85,39 @@ TEST_F(ConexionOdbcPostgres, OtrosTipos) {
     EXPECT_EQ(0, conexion->EjecutarContando("SELECT 1 AS v"));
 }
 
+TEST_F(ConexionOdbcPostgres, TablaQueCambia_SeVeComoEs) {
+    conexion->Ejecutar("INSERT INTO Notas VALUES (7, 'x')");
+    const auto codigo = [&] { return Uno(*conexion, "SELECT Codigo AS v FROM Notas WHERE Codigo =7"); };
+    EXPECT_EQ(Valor(std::int32_t{7}), codigo());
+    EXPECT_EQ(Valor(std::int32_t{7}), codigo());
+    conexion->EjecutarLote("ALTER TABLE Notas ALTER COLUMN Codigo TYPE numeric(10,4)");
+    EXPECT_EQ(Valor(Currency::DeEntero(7)), codigo());
+}
+
+// The first rows are read column by column, the rest through bound columns, wide text never.
+TEST_F(ConexionOdbcPostgres, MuchasFilas_SeLeenTodasIgual) {
+    for (const char* texto : {"varchar(3)", "varchar(400)", "text"}) {
+        std::unique_ptr<Recordset> rs;
+        AbrirLectura(
+            rs, *conexion,
+            std::string("SELECT i::int AS i, CASE WHEN i % 3 = 0 THEN NULL ELSE i / 4.0 END::numeric(9,2) AS d,"
+                        " repeat('€', i % 4)::") +
+                texto +
+                " AS t, date '2026-01-01' + i AS f,"
+                " i % 2 = 0 AS b FROM generate_series(1, 9) AS i ORDER BY i");
+        for (int i = 1; i <= 9; ++i, rs->MoveNext()) {
+            std::string euros;
+            for (int e = 0; e < i % 4; ++e) euros += "€";
+            EXPECT_EQ(Valor(i), rs->Fields("i").Value());
+            EXPECT_EQ(i % 3 == 0 ? Valor(Nulo{}) : Valor(Currency::DeDiezmilesimas(i * 2500)), rs->Fields("d").Value());
+            EXPECT_EQ(Valor(euros), rs->Fields("t").Value()) << texto << i;
+            EXPECT_EQ(Valor(Fecha::DeAmd(2026, 1, 1) + i), rs->Fields("f").Value());
+            EXPECT_EQ(Valor(i % 2 == 0), rs->Fields("b").Value());
+        }
+        EXPECT_TRUE(rs->Eof());
+    }
+}
+
 TEST_F(ConexionOdbcPostgres, Procedimiento_EntradasSalidasYValorDevuelto) {
     conexion->EjecutarLote(
         "CREATE OR REPLACE FUNCTION Doblar(entero int, corto smallint, octeto smallint, dinero numeric, doble float,"
@@ -170,6 +203,22 @@ TEST_F(ConexionOdbcPostgres, Transacciones_DejanElAutocommitComoEstaba) {
     conexion->Ejecutar("INSERT INTO Notas VALUES (3, '')");
     EXPECT_EQ(3, Notas(*otra));
     EsperarError(kErrSinTransaccion, "ODBC", [&] { conexion->RollbackTrans(); });
+}
+
+TEST_F(ConexionOdbcPostgres, RollbackQueFalla_AcabaLaTransaccion) {
+    const auto otra = base.Conectar();
+    const std::int32_t proceso = ALong(Uno(*conexion, "SELECT pg_backend_pid() AS v"));
+    conexion->BeginTrans();
+    conexion->Ejecutar("INSERT INTO Notas VALUES (1, '')");
+    Uno(*otra, "SELECT pg_terminate_backend(" + std::to_string(proceso) + ") AS v");
+    EXPECT_NE("no ha fallado", Descripcion([&] { conexion->CommitTrans(); }));
+    try {
+        conexion->RollbackTrans();
+    } catch (const RuntimeError& error) {
+        EXPECT_NE(kErrSinTransaccion, error.numero);
+    }
+    EsperarError(kErrSinTransaccion, "ODBC", [&] { conexion->RollbackTrans(); });
+    EXPECT_EQ(0, Notas(*otra));
 }
 
 TEST_F(ConexionOdbcPostgres, ConexionQueAcaba_DeshaceYSusObjetosLoDicen) {

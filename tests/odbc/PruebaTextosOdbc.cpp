@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "db/odbc/CadenaConexion.h"
+#include "db/odbc/FormasConocidas.h"
 #include "db/odbc/TextoAncho.h"
 #include "tests/comun/Errores.h"
 
@@ -25,6 +26,30 @@ TEST(CadenaConexion, LasClavesSeTapanEscritasDeCualquierModo) {
         {"sin igual", "igual", "igual"},
     };
     for (const auto& caso : casos) EXPECT_EQ(caso.tapado, Tapar(caso.texto, Secretos(caso.cadena))) << caso.cadena;
+}
+
+TEST(FormasConocidas, ElMoldeCallaLoQueNoDecideColumnas) {
+    const struct {
+        const char* texto;
+        const char* molde;
+    } casos[] = {
+        {"SELECT A, 5 AS B FROM T WHERE C =7 AND D <='01/01/2026' AND E >-1.5E3 AND F = 'it''s'",
+         "SELECT A, 5 AS B FROM T WHERE C =? AND D <=? AND E >? AND F =?"},
+        {"SELECT B =5 FROM T", "SELECT B =5 FROM T"},
+        {"SELECT (SELECT 1 FROM U WHERE X =1) AS Y, B =5 FROM T WHERE C =5",
+         "SELECT (SELECT 1 FROM U WHERE X =1) AS Y, B =5 FROM T WHERE C =?"},
+        {"SELECT ' FROM ', B =5 FROM T", "SELECT ' FROM ', B =5 FROM T"},
+        {"SELECT A_FROM, FROM_A, B =5 FROM T", "SELECT A_FROM, FROM_A, B =5 FROM T"},
+        {"SELECT A FROM T WHERE B =C1 AND D IN (1, '=2')", "SELECT A FROM T WHERE B =C1 AND D IN (1, '=2')"},
+        {"SELECT A FROM T -- WHERE B =5", "SELECT A FROM T -- WHERE B =5"},
+        {"SELECT A FROM T WHERE B ='abierta", "SELECT A FROM T WHERE B =?"},
+        {"FROM", "FROM"},
+    };
+    std::string molde;
+    for (const auto& caso : casos) {
+        Moldear(caso.texto, molde);
+        EXPECT_EQ(caso.molde, molde);
+    }
 }
 
 TEST(TextoAncho, VaYVuelve) {
