@@ -3,7 +3,7 @@
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/comun.sh"
 
-scripts/instalar.sh nativo bench
+scripts/instalar.sh nativo bench odbc
 construir release
 mkdir -p build/bench && cd build/bench
 rm -f ./*.kv
@@ -16,6 +16,12 @@ echo "== Cargas enteras, en la base, a mano y desde la memoria"
 
 echo "== Movimientos de existencias, cada uno confirmado y de cien en cien"
 ../release/bench/kv_bench_movimientos --benchmark_enable_random_interleaving=true | tee movimientos.txt
+
+echo "== Sentencias por ODBC, por el adaptador y por la interfaz desnuda"
+export KV_POSTGRES=$PWD/postgres.cadena
+trap '"$raiz/scripts/postgres.sh" parar "$KV_POSTGRES"' EXIT
+"$raiz/scripts/postgres.sh" arrancar "$KV_POSTGRES"
+../release/bench/kv_bench_odbc | tee odbc.txt
 
 echo "== Instrucciones por carga (callgrind), adaptador y piso"
 ../release/bench/kv_bench_consultas --base instrucciones.kv 1000

@@ -1,0 +1,148 @@
+// Statements through the ODBC adapter against the bare ODBC API on the same driver: SQLite's, and PostgreSQL's when
+// KV_POSTGRES names the file of scripts/postgres.sh. Both read the same types; rounds are interleaved; prints the
+// medians and their ratios.
+//   kv_bench_odbc [rounds]
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+#include "bench/LectorOdbc.h"
+#include "db/odbc/ConexionOdbc.h"
+
+namespace kv::bench {
+namespace {
+
+constexpr int kArticulos = 1000;
+constexpr std::size_t kTextos = 20;
+
+struct Base {
+    std::string nombre;
+    std::string cadena;
+    // The type that this database has for exact money, and how it is read there.
+    const char* dinero;
+    TipoOdbc lectura;
+};
+
+struct Medicion {
+    const char* nombre;
+    std::vector<std::string> textos;
+    std::vector<ColumnaMedida> columnas;
+};
+
+void Llenar(const Base& base) {
+    ConexionOdbc conexion(base.cadena, DialectoOdbc::Otro);
+    conexion.EjecutarLote("DROP TABLE IF EXISTS Articulos");
+    std::string tabla = "CREATE TABLE Articulos (Codigo int NOT NULL PRIMARY KEY, Familia_1 smallint";
+    std::string fila = ", 3";
+    for (int i = 1; i <= 8; ++i) {
+        const std::string n = std::to_string(i);
+        tabla += ", Importe_" + n + " " + base.dinero + ", Entero_" + n + " smallint, Texto_" + n + " varchar(50)";
+        fila += ", 12.3456, 7, 'Articulo de prueba'";
+    }
+    conexion.Ejecutar(tabla + ", Doble float, Alta date)");
+    conexion.BeginTrans();
+    for (int i = 0; i < kArticulos; ++i)
+        conexion.Ejecutar("INSERT INTO Articulos VALUES (" + std::to_string(i) + fila + ", 0.1, '2026-11-21')");
+    conexion.CommitTrans();
+}
+
+std::vector<std::string> Textos(const std::string& inicio, const std::string& final_) {
+    std::vector<std::string> textos;
+    for (std::size_t i = 0; i < kTextos; ++i) textos.push_back(inicio + std::to_string(i * 7 % kArticulos) + final_);
+    return textos;
+}
+
+std::vector<Medicion> Mediciones(TipoOdbc dinero) {
+    std::vector<ColumnaMedida> todas = {{"Codigo", TipoOdbc::Largo}, {"Familia_1", TipoOdbc::Corto}};
+    for (int i = 1; i <= 8; ++i) {
+        const std::string n = std::to_string(i);
+        todas.push_back({"Importe_" + n, dinero});
+        todas.push_back({"Entero_" + n, TipoOdbc::Corto});
+        todas.push_back({"Texto_" + n, TipoOdbc::Texto});
+    }
+    todas.push_back({"Doble", TipoOdbc::Doble});
+    todas.push_back({"Alta", TipoOdbc::Dia});
+    const std::vector<ColumnaMedida> dos = {{"Codigo", TipoOdbc::Largo}, {"Importe_1", dinero}};
+    const std::vector<ColumnaMedida> lista = {{"Codigo", TipoOdbc::Largo}, {"Texto_1", TipoOdbc::Texto}};
+    return {
+        {"una fila, 2 columnas",
+         Textos("SELECT Codigo, Importe_1 FROM Articulos WHERE Codigo =", " AND Importe_1 <> 0"), dos},
+        {"ninguna fila", Textos("SELECT Codigo, Importe_1 FROM Articulos WHERE Codigo =-1 AND Familia_1 =", ""), dos},
+        {"una fila, 28 columnas", Textos("SELECT * FROM Articulos WHERE Codigo =", ""), todas},
+        {"100 filas, 2 columnas",
+         Textos("SELECT Codigo, Texto_1 FROM Articulos WHERE Codigo >=", " ORDER BY Codigo LIMIT 100"), lista},
+        {"escritura sin fila", Textos("UPDATE Articulos SET Entero_1 =1 WHERE Codigo =-1 AND Familia_1 =", ""), {}},
+    };
+}
+
+double Vuelta(LectorOdbc& lector, double& suma) {
+    const auto inicio = std::chrono::steady_clock::now();
+    for (std::size_t i = 0; i < kTextos; ++i) suma += lector.Recorrer(i);
+    const std::chrono::duration<double, std::micro> tiempo = std::chrono::steady_clock::now() - inicio;
+    return tiempo.count() / static_cast<double>(kTextos);
+}
+
+double Mediana(std::vector<double> tiempos) {
+    std::sort(tiempos.begin(), tiempos.end());
+    return tiempos[tiempos.size() / 2];
+}
+
+void Medir(const Base& base, int vueltas) {
+    Llenar(base);
+    for (const Medicion& medicion : Mediciones(base.lectura)) {
+        const auto adaptador = LectorAdaptador(base.cadena, medicion.textos, medicion.columnas);
+        const auto desnudo = LectorDesnudo(base.cadena, medicion.textos, medicion.columnas);
+        double sumaAdaptador = 0;
+        double sumaDesnudo = 0;
+        Vuelta(*adaptador, sumaAdaptador);
+        Vuelta(*desnudo, sumaDesnudo);
+        if (sumaAdaptador != sumaDesnudo) throw std::runtime_error(std::string("no leen lo mismo: ") + medicion.nombre);
+        std::vector<double> tiemposAdaptador;
+        std::vector<double> tiemposDesnudo;
+        for (int i = 0; i < vueltas; ++i) {
+            tiemposAdaptador.push_back(Vuelta(*adaptador, sumaAdaptador));
+            tiemposDesnudo.push_back(Vuelta(*desnudo, sumaDesnudo));
+        }
+        const double mediaAdaptador = Mediana(tiemposAdaptador);
+        const double mediaDesnudo = Mediana(tiemposDesnudo);
+        std::printf("%-12s %-24s adaptador %8.2f us  desnudo %8.2f us  razón %.2f\n", base.nombre.c_str(),
+                    medicion.nombre, mediaAdaptador, mediaDesnudo, mediaAdaptador / mediaDesnudo);
+    }
+}
+
+std::string ControladorSqlite() {
+    for (const auto& carpeta : std::filesystem::directory_iterator("/usr/lib")) {
+        const auto ruta = carpeta.path() / "odbc" / "libsqlite3odbc.so";
+        std::error_code ignorado;
+        if (std::filesystem::exists(ruta, ignorado)) return ruta.string();
+    }
+    throw std::runtime_error("no hay controlador ODBC de SQLite (libsqliteodbc)");
+}
+
+int Principal(int argc, char** argv) {
+    const int vueltas = argc > 1 ? std::atoi(argv[1]) : 501;
+    const std::string ruta = "bench-odbc.db";
+    std::filesystem::remove(ruta);
+    Medir({"SQLite", "Driver=" + ControladorSqlite() + ";Database=" + ruta, "double", TipoOdbc::Doble}, vueltas);
+    std::filesystem::remove(ruta);
+    const char* fichero = std::getenv("KV_POSTGRES");
+    std::string cadena;
+    if (fichero != nullptr) std::getline(std::ifstream(fichero) >> std::ws, cadena);
+    if (cadena.empty() || cadena.starts_with("falta: "))
+        std::printf("PostgreSQL   no se mide: %s\n", cadena.empty() ? "falta KV_POSTGRES" : cadena.c_str());
+    else
+        Medir({"PostgreSQL", cadena, "numeric(19,4)", TipoOdbc::Dinero}, vueltas);
+    return 0;
+}
+
+}  // namespace
+}  // namespace kv::bench
+
+int main(int argc, char** argv) {
+    return kv::bench::Principal(argc, argv);
+}
