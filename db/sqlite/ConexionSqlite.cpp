@@ -48,7 +48,7 @@ std::shared_ptr<ConexionSqlite> ConexionSqlite::Abrir(const std::string& ruta, c
                 "tiene la versión de esquema " + std::to_string(version) + " y hace falta la " +
                     std::to_string(identidad.version));
     interior->Guion("PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL;");
-    if (modo == Modo::SoloLectura) interior->Guion("PRAGMA query_only = ON;");
+    if (modo == Modo::SoloLectura) interior->SoloLeer();
     return std::shared_ptr<ConexionSqlite>(new ConexionSqlite(interior));
 }
 
@@ -87,15 +87,14 @@ void ConexionSqlite::Execute(std::string_view texto, std::int32_t* afectados, Co
 
 void ConexionSqlite::BeginTrans() {
     // Taken for writing at once: two sessions that both read before they write would otherwise block each other.
-    const bool soloLee = interior_->Pragma("query_only") != 0;
-    interior_->Guion(soloLee ? "BEGIN" : "BEGIN IMMEDIATE");
+    Ejecutar(interior_->SoloLee() ? "BEGIN" : "BEGIN IMMEDIATE");
 }
 
 void ConexionSqlite::CommitTrans() {
-    interior_->Guion("COMMIT");
+    Ejecutar("COMMIT");
 }
 void ConexionSqlite::RollbackTrans() {
-    interior_->Guion("ROLLBACK");
+    Ejecutar("ROLLBACK");
 }
 
 std::unique_ptr<Recordset> ConexionSqlite::CrearRecordset() {

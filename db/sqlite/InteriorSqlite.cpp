@@ -40,6 +40,11 @@ ConexionSqlite::Interior::~Interior() {
     sqlite3_close(base_);
 }
 
+void ConexionSqlite::Interior::SoloLeer() {
+    Guion("PRAGMA query_only = ON;");
+    soloLee_ = true;
+}
+
 void ConexionSqlite::Interior::Guion(const std::string& texto) {
     if (sqlite3_exec(base_, texto.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) LanzarErrorSqlite(base_, "");
 }

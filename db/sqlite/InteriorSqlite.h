@@ -23,6 +23,10 @@ class ConexionSqlite::Interior {
     sqlite3* Base() const { return base_; }
     CacheSentencias& Cache() { return *cache_; }
 
+    /// Refuses every write from now on.
+    void SoloLeer();
+    bool SoloLee() const { return soloLee_; }
+
     /// Runs statements of our own, several in one text.
     void Guion(const std::string& texto);
     /// The whole number that a pragma answers.
@@ -33,6 +37,7 @@ class ConexionSqlite::Interior {
 
   private:
     sqlite3* base_ = nullptr;
+    bool soloLee_ = false;
     std::unique_ptr<CacheSentencias> cache_;
     std::map<std::string, std::unique_ptr<Sentencia>> procedimientos_;
 };

@@ -50,9 +50,11 @@ TEST(ConexionSqlite, ElMismoTextoConOtrosValores_NoSePreparaDeNuevo) {
     const auto conexion = base.Abrir();
     std::unique_ptr<Recordset> rs;
     const auto leer = [&](const std::string& sql) {
+        conexion->BeginTrans();
         AbrirLectura(rs, *conexion, sql);
         const bool hay = !rs->Eof();
         rs->Close();
+        conexion->CommitTrans();
         return hay;
     };
     EXPECT_TRUE(leer("SELECT Texto FROM Contrato WHERE Codigo =1 AND Fecha >='05/03/2026'"));
