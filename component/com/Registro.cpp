@@ -54,13 +54,25 @@ LSTATUS PonerClaves(HKEY raiz) {
     return ERROR_SUCCESS;
 }
 
+/// Whether the DLL of the other bitness is registered. On a Windows of 32 bits there is no other: it looks at its own.
+bool EstaLaOtra(HKEY raiz) {
+    constexpr REGSAM kOtraVista = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+    HKEY abierta = nullptr;
+    if (RegOpenKeyExW(raiz, ClaveClase().c_str(), 0, KEY_READ | kOtraVista, &abierta) != ERROR_SUCCESS) return false;
+    RegCloseKey(abierta);
+    return true;
+}
+
+LSTATUS QuitarClave(HKEY raiz, const std::wstring& clave) {
+    const LSTATUS estado = RegDeleteTreeW(raiz, clave.c_str());
+    return estado == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : estado;
+}
+
 LSTATUS QuitarClaves(HKEY raiz) {
-    LSTATUS peor = ERROR_SUCCESS;
-    for (const std::wstring& clave : {ClaveClase(), kClases + kProgId}) {
-        const LSTATUS estado = RegDeleteTreeW(raiz, clave.c_str());
-        if (estado != ERROR_SUCCESS && estado != ERROR_FILE_NOT_FOUND) peor = estado;
-    }
-    return peor;
+    const LSTATUS clase = QuitarClave(raiz, ClaveClase());
+    // Both bitnesses share the program identifier: the last to go takes it.
+    const LSTATUS programa = EstaLaOtra(raiz) ? ERROR_SUCCESS : QuitarClave(raiz, kClases + kProgId);
+    return clase != ERROR_SUCCESS ? clase : programa;
 }
 
 HRESULT RegistrarTipos(bool maquina) {
@@ -75,13 +87,17 @@ HRESULT RegistrarTipos(bool maquina) {
 
 }  // namespace
 
-HRESULT Registrar() {
-    LSTATUS estado = PonerClaves(HKEY_LOCAL_MACHINE);
-    const bool maquina = estado != ERROR_ACCESS_DENIED;
-    if (!maquina) estado = PonerClaves(HKEY_CURRENT_USER);
-    const HRESULT hr = estado == ERROR_SUCCESS ? RegistrarTipos(maquina) : HRESULT_FROM_WIN32(estado);
-    if (FAILED(hr)) QuitarRegistro();
+HRESULT RegistrarEn(HKEY raiz) {
+    const LSTATUS estado = PonerClaves(raiz);
+    const HRESULT hr =
+        estado == ERROR_SUCCESS ? RegistrarTipos(raiz == HKEY_LOCAL_MACHINE) : HRESULT_FROM_WIN32(estado);
+    if (FAILED(hr)) QuitarClaves(raiz);
     return hr;
+}
+
+HRESULT Registrar() {
+    const HRESULT hr = RegistrarEn(HKEY_LOCAL_MACHINE);
+    return hr == HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED) ? RegistrarEn(HKEY_CURRENT_USER) : hr;
 }
 
 HRESULT QuitarRegistro() {

@@ -8,7 +8,11 @@ namespace kv {
 /// written. A failure leaves nothing registered.
 HRESULT Registrar();
 
-/// Removes every key that Registrar makes, of the machine and of the user. Missing keys are no failure.
+/// The same for the machine (HKEY_LOCAL_MACHINE) or for the user (HKEY_CURRENT_USER) alone.
+HRESULT RegistrarEn(HKEY raiz);
+
+/// Removes every key that Registrar makes, of the machine and of the user; the program identifier stays while the DLL
+/// of the other bitness is registered. Missing keys are no failure.
 HRESULT QuitarRegistro();
 
 }  // namespace kv
