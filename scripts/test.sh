@@ -1,8 +1,22 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds with the sanitizers and runs every test.
+# Usage: scripts/test.sh [--windows]   with the COM server too: builds it and tests it under Wine, as CI does (CI=true)
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/comun.sh"
+
+windows=${CI:-false}
+case "${1:-}" in
+    --windows) windows=true ;;
+    "") ;;
+    *) echo "uso: scripts/test.sh [--windows]" >&2; exit 2 ;;
+esac
 
 scripts/instalar.sh nativo odbc
 construir dev
 ctest --preset dev -j "$(nproc)"
+if [ "$windows" = true ]; then
+    scripts/build-windows.sh
+    scripts/test-windows.sh
+else
+    echo "El servidor COM no se ha probado: scripts/test.sh --windows"
+fi
