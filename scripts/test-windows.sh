@@ -78,6 +78,28 @@ repetir() { vino 300 "$construido/tests/com/prueba_com.exe" "Z:$trabajo/cargas.t
 servidor() { vino 300 "$construido/tests/com/prueba_servidor.exe" registrado "Z:$trabajo/cargas.txt"; }
 sin_registro() { vino 60 "$construido/tests/com/prueba_servidor.exe" manifiesto "Z:$construido/component/com/KVDatosArt.manifest"; }
 
+# guion HOST OPTION: the recorded loads priced from VBScript and JScript; 42 says that all of it ran, since a script host
+# ends with 0 after an error that nobody caught.
+guion() {
+    local idioma final
+    for idioma in vbs js; do
+        final=0
+        vino 120 "$1" "$2" "Z:$raiz/tests/com/cargas.$idioma" "Z:$trabajo/cargas.txt" || final=$?
+        [ "$final" -eq 42 ] || { echo "$1 cargas.$idioma: termina con $final"; return 1; }
+    done
+}
+
+guiones() {
+    local clases='HKLM\Software\Classes' clase='{6d0b2f51-35c4-4b0e-9a0e-275512648e11}'
+    vino 60 reg add "$clases\\KVPrueba.Guion\\CLSID" /ve /d "$clase" /f >/dev/null
+    vino 60 reg add "$clases\\CLSID\\$clase\\InprocServer32" /ve /d "Z:$construido/tests/com/guion_script.dll" /f >/dev/null
+    guion cscript //nologo
+    guion wscript //B
+}
+
+# medir: what a load costs through COM; few rounds here, for the figures give more.
+medir() { vino 300 "$construido/bench/com/medir_com.exe" "Z:$trabajo/cargas.txt" "${1:-3}"; }
+
 "$raiz/build/dev/tests/com/grabar" "$trabajo/cargas.txt"
 for bits in 64 32; do
     de_bits "$bits"
@@ -88,11 +110,17 @@ for bits in 64 32; do
         echo "OMITIDO: los 32 bits no se ejecutan, no hay un Wine para ellos"
         continue
     fi
-    etapa "$bits bits: registro, repetición y retirada"
+    etapa "$bits bits: registro, repetición, ranuras y objetos"
     registrar
     repetir
     servidor
+    etapa "$bits bits: guiones"
+    guiones
+    etapa "$bits bits: coste de una carga"
+    medir
     retirar
+    etapa "$bits bits: claves del registro"
+    vino 60 "$construido/tests/com/prueba_registro.exe"
     etapa "$bits bits: uso sin registro"
     sin_registro
     etapa "$bits bits: ADO"

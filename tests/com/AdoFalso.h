@@ -17,6 +17,8 @@ struct Estado {
     std::deque<Paso> pasos;
     std::string queja;
     long vivos = 0;
+    long llamadas = 0;  // calls that the component made to these objects, references apart
+    long textos = 0;    // wide strings that went either way
 };
 inline Estado& Global() {
     static Estado estado;
@@ -44,6 +46,11 @@ inline HRESULT Tomar(char clase, const std::string& texto, Paso& paso) {
     paso = std::move(pasos.front());
     pasos.pop_front();
     return S_OK;
+}
+
+inline void Contar(long textos = 0) {
+    ++Global().llamadas;
+    Global().textos += textos;
 }
 
 /// References, counted in the state, and the one identifier that the object answers to besides IUnknown and IDispatch.
@@ -88,6 +95,7 @@ class CampoFalso : public Falso<ado::Field> {
     explicit CampoFalso(const Valor& valor) : Falso(IID_NULL), valor_(valor) {}
     HRESULT STDMETHODCALLTYPE get_Name(BSTR*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE get_Value(VARIANT* valor) override {
+        Contar(std::holds_alternative<std::string>(valor_) ? 1 : 0);
         *valor = Variante(valor_).Soltar();
         return S_OK;
     }
@@ -104,6 +112,7 @@ class CamposFalsos : public Falso<ado::Fields> {
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE get_Item(VARIANT indice, ado::Field** campo) override {
+        Contar(1);
         if (indice.vt != VT_BSTR) return Quejarse("campo pedido por posición");
         const Cadena pedido(Utf8(indice.bstrVal));
         for (const auto& [nombre, valor] : paso_.fila) {
@@ -122,6 +131,7 @@ class RecordsetFalso : public Falso<ado::Recordset> {
   public:
     explicit RecordsetFalso(const GUID& generacion) : Falso(generacion) {}
     HRESULT STDMETHODCALLTYPE Open(VARIANT origen, VARIANT conexion, int cursor, int bloqueo, long opciones) override {
+        Contar(1);
         if (abierto_) return Quejarse("abierto dos veces", static_cast<HRESULT>(0x800A0E79));
         if (conexion.vt != VT_DISPATCH || cursor != 0 || bloqueo != 1 || opciones != 1)
             return Quejarse("constantes de Open");
@@ -130,14 +140,17 @@ class RecordsetFalso : public Falso<ado::Recordset> {
         return hr;
     }
     HRESULT STDMETHODCALLTYPE get_EOF(VARIANT_BOOL* fin) override {
+        Contar();
         *fin = paso_.fila.empty() ? VARIANT_TRUE : VARIANT_FALSE;
         return abierto_ ? S_OK : Quejarse("EOF cerrado");
     }
     HRESULT STDMETHODCALLTYPE get_Fields(ado::Fields** campos) override {
+        Contar();
         *campos = new CamposFalsos(paso_);
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE Close() override {
+        Contar();
         if (!abierto_) return Quejarse("cerrado dos veces");
         abierto_ = false;
         return S_OK;

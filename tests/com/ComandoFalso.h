@@ -8,6 +8,7 @@ class ParametroFalso : public Falso<ado::Parameter> {
   public:
     ParametroFalso() : Falso(ado::Identificador(0x50C)) {}
     HRESULT STDMETHODCALLTYPE get_Value(VARIANT* valor) override {
+        Contar();
         *valor = Variante(salida).Soltar();
         return S_OK;
     }
@@ -20,6 +21,7 @@ class ParametrosFalsos : public Falso<ado::Parameters> {
     ParametrosFalsos() : Falso(IID_NULL) {}
     HRESULT STDMETHODCALLTYPE get_Count(long*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE Append(IDispatch* parametro) override {
+        Contar();
         lista.emplace_back(static_cast<ParametroFalso*>(parametro));
         return S_OK;
     }
@@ -45,23 +47,31 @@ class ComandoFalso : public Falso<ado::Command> {
   public:
     explicit ComandoFalso(const GUID& generacion) : Falso(generacion) { *lista_.Recibir() = new ParametrosFalsos; }
     HRESULT STDMETHODCALLTYPE putref_ActiveConnection(ado::Connection* c) override {
+        Contar();
         return c != nullptr ? S_OK : E_POINTER;
     }
     HRESULT STDMETHODCALLTYPE put_CommandText(BSTR texto) override {
+        Contar(1);
         texto_ = Utf8(texto);
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE put_CommandTimeout(long segundos) override {
+        Contar();
         return segundos == 500 ? S_OK : Quejarse("CommandTimeout");
     }
-    HRESULT STDMETHODCALLTYPE put_CommandType(int tipo) override { return tipo == 4 ? S_OK : Quejarse("CommandType"); }
+    HRESULT STDMETHODCALLTYPE put_CommandType(int tipo) override {
+        Contar();
+        return tipo == 4 ? S_OK : Quejarse("CommandType");
+    }
     HRESULT STDMETHODCALLTYPE get_Parameters(ado::Parameters** parametros) override {
+        Contar();
         *parametros = PunteroCom<ParametrosFalsos>(lista_).Get();
         (*parametros)->AddRef();
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE CreateParameter(BSTR nombre, int tipo, int direccion, LONG_PTR tamano, VARIANT valor,
                                               ado::Parameter** parametro) override {
+        Contar(1);
         Variante copia;
         if (valor.vt != VT_ERROR) VariantCopy(&copia.Get(), &valor);
         auto* nuevo = new ParametroFalso;
@@ -71,6 +81,7 @@ class ComandoFalso : public Falso<ado::Command> {
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE Execute(VARIANT*, VARIANT*, long, ado::Recordset** rs) override {
+        Contar();
         *rs = nullptr;
         Paso paso;
         if (const HRESULT hr = Tomar('P', texto_, paso); FAILED(hr)) return hr;
@@ -94,6 +105,7 @@ class EmpresaFalsa : public Falso<IDispatch> {
   public:
     EmpresaFalsa() : Falso(IID_NULL) {}
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* nombres, UINT, LCID, DISPID* ids) override {
+        Contar(1);
         std::string nombre;
         for (const wchar_t* p = nombres[0]; *p != 0; ++p) nombre += static_cast<char>(*p);
         ++preguntas[nombre];
@@ -104,6 +116,7 @@ class EmpresaFalsa : public Falso<IDispatch> {
     }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* argumentos, VARIANT* resultado,
                                      EXCEPINFO*, UINT*) override {
+        Contar();
         std::string nombre = nombres_[static_cast<std::size_t>(id) - 1];
         if (argumentos->cArgs == 1) nombre += std::to_string(argumentos->rgvarg[0].iVal);
         *resultado = Variante(valores[nombre]).Soltar();

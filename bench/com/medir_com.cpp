@@ -1,0 +1,235 @@
+// The cost of a load through COM against the native call on the same recording, in one run: medir_com GRABACION
+// [VUELTAS]
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+
+#include "bench/com/ConexionRepetida.h"
+#include "component/clsDatosArt.h"
+#include "db/ado/ConexionAdo.h"
+#include "db/ado/EmpresaDispatch.h"
+#include "tests/com/ComandoFalso.h"
+#include "tests/com/Comprobaciones.h"
+#include "tests/comun/EmpresaFija.h"
+
+namespace kv::prueba {
+namespace {
+
+using Reloj = std::chrono::steady_clock;
+
+struct Escenario {
+    std::vector<Caso> casos;
+    PunteroCom<EmpresaFalsa> empresa;
+    PunteroCom<ConexionFalsa> conexion;
+};
+
+struct Argumentos {
+    explicit Argumentos(const Caso& c)
+        : articulo(c.Numero(1)),
+          cliente(c.Numero(2)),
+          dia(static_cast<double>(c.Numero(3))),
+          tarifa(static_cast<short>(c.Numero(4))),
+          cualidadX(static_cast<unsigned char>(c.Numero(6))) {
+        unidades.int64 = c.Numero(5) * 10000LL;
+    }
+    long articulo;
+    long cliente;
+    double dia;
+    short tarifa;
+    unsigned char cualidadX;
+    CURRENCY unidades{};
+};
+
+template <class Funcion>
+double Cronometrar(Funcion&& funcion) {
+    const auto antes = Reloj::now();
+    funcion();
+    return std::chrono::duration<double, std::micro>(Reloj::now() - antes).count();
+}
+
+/// The component inside this program, over a connection and a company of any kind. Microseconds of one load.
+double CargaNativa(const Caso& c, std::shared_ptr<Connection> conexion, std::shared_ptr<kv::cEmpresa> empresa) {
+    const Argumentos a(c);
+    clsDatosArt o;
+    o.Conexion(std::move(conexion));
+    o.cEmpresa(std::move(empresa));
+    o.CualidadX = a.cualidadX;
+    int estado = 0;
+    const double tiempo = Cronometrar([&] {
+        estado = o.Cargar(a.articulo, a.cliente, Fecha::DeOle(a.dia), a.tarifa, 1, 2,
+                          Currency::DeDiezmilesimas(a.unidades.int64));
+    });
+    Exigir(estado == c.estado, "estado");
+    return tiempo;
+}
+
+std::shared_ptr<EmpresaFija> EmpresaGrabada(std::map<std::string, Valor>& valores) {
+    auto e = std::make_shared<EmpresaFija>();
+    const std::pair<const char*, std::int16_t*> enteros[] = {
+        {"CodEmpresa", &e->codEmpresa},           {"CodEmpresaArticulos", &e->codEmpresaArticulos},
+        {"CodEmpresaExtra", &e->codEmpresaExtra}, {"CodEmpresaClientes", &e->codEmpresaClientes},
+        {"TarifaEmpresa", &e->tarifaEmpresa},     {"DecPrecios", &e->decPrecios},
+        {"DecImportes", &e->decImportes},         {"DecCostes", &e->decCostes}};
+    for (const auto& [nombre, destino] : enteros) *destino = AInteger(valores[nombre]);
+    e->venderSinStock = ABoolean(valores["VenderSinStock"]);
+    e->costeUltimaCompra = ABoolean(valores["CosteUltimaCompra"]);
+    e->parametros = {{std::int16_t{1}, valores["Parametro1"]}, {std::int16_t{2}, valores["Parametro2"]}};
+    return e;
+}
+
+double Nativa(const Escenario& e, const Caso& c) {
+    static const auto empresa = EmpresaGrabada(e.empresa->valores);
+    auto conexion = std::make_shared<ConexionRepetida>();
+    conexion->pasos = c.pasos;
+    return CargaNativa(c, conexion, empresa);
+}
+
+/// The component inside this program over the ADO-shaped objects: all but the DLL's own boundary.
+double ConAdaptador(const Escenario& e, const Caso& c) {
+    Global().pasos = c.pasos;
+    return CargaNativa(c, std::make_shared<ConexionAdo>(e.conexion.Get()),
+                       std::make_shared<EmpresaDispatch>(e.empresa.Get()));
+}
+
+PunteroCom<::_clsDatosArt> Preparado(const Escenario& e, const Caso& c, const Argumentos& a) {
+    auto o = Crear();
+    o->putref_Conexion(e.conexion.Get());
+    o->putref_cEmpresa(e.empresa.Get());
+    o->put_CualidadX(a.cualidadX);
+    Global().pasos = c.pasos;
+    return o;
+}
+
+double PorRanura(const Escenario& e, const Caso& c) {
+    const Argumentos a(c);
+    const auto o = Preparado(e, c, a);
+    short estado = -1;
+    const double tiempo =
+        Cronometrar([&] { o->Cargar(a.articulo, a.cliente, a.dia, a.tarifa, 1, 2, a.unidades, &estado); });
+    Exigir(estado == c.estado, "estado");
+    return tiempo;
+}
+
+double PorNombreMedida(const Escenario& e, const Caso& c) {
+    const Argumentos a(c);
+    const auto o = Preparado(e, c, a);
+    VARIANT v[7]{};
+    v[0].vt = VT_CY, v[0].cyVal = a.unidades;
+    v[1].vt = VT_I2, v[1].iVal = 2;
+    v[2].vt = VT_I2, v[2].iVal = 1;
+    v[3].vt = VT_I2, v[3].iVal = a.tarifa;
+    v[4].vt = VT_DATE, v[4].date = a.dia;
+    v[5].vt = VT_I4, v[5].lVal = a.cliente;
+    v[6].vt = VT_I4, v[6].lVal = a.articulo;
+    DISPPARAMS pasados{v, nullptr, 7, 0};
+    VARIANT resultado{};
+    const double tiempo = Cronometrar(
+        [&] { o->Invoke(33, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &pasados, &resultado, nullptr, nullptr); });
+    Exigir(resultado.iVal == c.estado, "estado");
+    return tiempo;
+}
+
+/// The queries of a load asked of the ADO-shaped objects directly, with the wide strings made beforehand: what they
+/// cost by themselves. Procedures, of which a load calls two at most, are left out.
+double ObjetosSolos(const Escenario& e, const Caso& c) {
+    Global().pasos.clear();
+    std::deque<Variante> textos;
+    std::deque<Variante> nombres;
+    for (const Paso& p : c.pasos) {
+        if (p.clase != 'O') continue;
+        Global().pasos.push_back(p);
+        textos.emplace_back(std::string_view(p.texto));
+        for (const auto& columna : p.fila) nombres.emplace_back(std::string_view(columna.first));
+    }
+    Variante activa(static_cast<IDispatch*>(e.conexion.Get()));
+    const auto pasos = Global().pasos;
+    return Cronometrar([&] {
+        auto nombre = nombres.begin();
+        auto texto = textos.begin();
+        for (const Paso& p : pasos) {
+            PunteroCom<ado::Recordset> rs;
+            PunteroCom<ado::Fields> campos;
+            VARIANT_BOOL fin = 0;
+            CoCreateInstance(ado::kClaseRecordset, nullptr, CLSCTX_INPROC_SERVER, ado::kRecordset[0], rs.RecibirVoid());
+            rs->Open((texto++)->Get(), activa.Get(), 0, 1, 1);
+            rs->get_EOF(&fin);
+            if (!p.fila.empty()) rs->get_Fields(campos.Recibir());
+            for (std::size_t i = 0; i < p.fila.size(); ++i) {
+                PunteroCom<ado::Field> campo;
+                Variante valor;
+                campos->get_Item((nombre++)->Get(), campo.Recibir());
+                campo->get_Value(valor.Recibir());
+            }
+            rs->Close();
+        }
+    });
+}
+
+double Mediana(std::vector<double> valores) {
+    std::sort(valores.begin(), valores.end());
+    return valores[valores.size() / 2];
+}
+
+constexpr struct {
+    const char* nombre;
+    double (*carga)(const Escenario&, const Caso&);
+} kFormas[] = {{"nativa, desde la memoria", Nativa},
+               {"objetos de prueba, solos", ObjetosSolos},
+               {"componente y adaptador, sin la DLL", ConAdaptador},
+               {"DLL, por ranura", PorRanura},
+               {"DLL, por nombre", PorNombreMedida}};
+
+/// Microseconds of one load, the mean over all of them.
+double Media(const Escenario& e, double (*carga)(const Escenario&, const Caso&)) {
+    double total = 0;
+    for (const Caso& c : e.casos) total += carga(e, c);
+    return total / static_cast<double>(e.casos.size());
+}
+
+void Medir(const Escenario& e, int vueltas) {
+    Global().llamadas = Global().textos = 0;
+    Media(e, PorRanura);
+    const double n = static_cast<double>(e.casos.size());
+    const double llamadas = static_cast<double>(Global().llamadas) / n;
+    const double textos = static_cast<double>(Global().textos) / n;
+    std::vector<double> medias[std::size(kFormas)];
+    for (int vuelta = 0; vuelta < vueltas; ++vuelta)
+        for (std::size_t f = 0; f < std::size(kFormas); ++f) medias[f].push_back(Media(e, kFormas[f].carga));
+    const double nativa = Mediana(medias[0]);
+    std::printf("Cargar, mediana de %d vueltas de %zu cargas\n", vueltas, e.casos.size());
+    for (std::size_t f = 0; f < std::size(kFormas); ++f)
+        std::printf("  %-36s %8.2f us %7.2f x\n", kFormas[f].nombre, Mediana(medias[f]), Mediana(medias[f]) / nativa);
+    std::printf("  por carga: %.1f llamadas a los objetos, %.1f textos anchos\n", llamadas, textos);
+    std::fflush(stdout);
+}
+
+int Principal(const char* grabacion, int vueltas) {
+    PunteroCom<FabricaFalsa<RecordsetFalso>> rs;
+    PunteroCom<FabricaFalsa<ComandoFalso>> cmd;
+    *rs.Recibir() = new FabricaFalsa<RecordsetFalso>(ado::kRecordset[0]);
+    *cmd.Recibir() = new FabricaFalsa<ComandoFalso>(ado::kCommand[0]);
+    DWORD marca = 0;
+    CoRegisterClassObject(ado::kClaseRecordset, rs.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &marca);
+    CoRegisterClassObject(ado::kClaseCommand, cmd.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &marca);
+    Escenario e;
+    *e.empresa.Recibir() = new EmpresaFalsa;
+    *e.conexion.Recibir() = new ConexionFalsa(ado::kConnection[0]);
+    e.casos = LeerGrabacion(grabacion, e.empresa->valores);
+    const auto retenida = Crear();  // keeps the DLL loaded
+    Medir(e, vueltas);
+    return Resumen();
+}
+
+}  // namespace
+}  // namespace kv::prueba
+
+int main(int argc, char** argv) {
+    if (argc < 2 || FAILED(CoInitialize(nullptr))) return 2;
+    try {
+        return kv::prueba::Principal(argv[1], argc > 2 ? std::atoi(argv[2]) : 15);
+    } catch (const std::exception& error) {
+        std::cout << "FALLA: " << error.what() << std::endl;
+        return 1;
+    }
+}
