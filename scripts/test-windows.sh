@@ -27,12 +27,13 @@ de_bits() {
 
 # comprobar_dll BITS: what it imports and exports, and the type library inside it.
 comprobar_dll() {
-    local tabla ajenas tipos desde sistema
+    local tabla ajenas exportadas tipos desde sistema
     tabla=$("$triple-w64-mingw32-objdump" -p "$dll")
     ajenas=$(sed -n 's/.*DLL Name: //p' <<<"$tabla" | grep -viE '^(advapi32|kernel32|msvcrt|ole32|oleaut32|user32)\.dll$' || true)
     [ -z "$ajenas" ] || { echo "importa $ajenas"; return 1; }
-    [ "$(grep -cE '^\s+\[ *[0-9]+\] ' <<<"$(sed -n '/Ordinal\/Name Pointer/,/^$/p' <<<"$tabla")")" -eq 4 ]
-    [ "$(grep -cE '\] Dll(CanUnloadNow|GetClassObject|RegisterServer|UnregisterServer)$' <<<"$tabla")" -eq 4 ]
+    exportadas=$(sed -n '/Ordinal\/Name Pointer/,/^$/s/.*\] //p' <<<"$tabla" | tr '\n' ' ')
+    [ "$exportadas" = "DllCanUnloadNow DllGetClassObject DllRegisterServer DllUnregisterServer " ] ||
+        { echo "exporta $exportadas"; return 1; }
     tipos=$construido/component/com/KVDatosArt.tlb
     desde=$(grep -obUaP 'MSFT\x02\x00' "$dll" | head -n 1 | cut -d: -f1)
     cmp -n "$(stat -c %s "$tipos")" -i "$desde:0" "$dll" "$tipos"

@@ -130,39 +130,56 @@ double PorNombreMedida(const Escenario& e, const Caso& c) {
     return tiempo;
 }
 
-/// The queries of a load asked of the ADO-shaped objects directly, with the wide strings made beforehand: what they
-/// cost by themselves. Procedures, of which a load calls two at most, are left out.
+void Crear(PunteroCom<ado::Recordset>& rs) {
+    CoCreateInstance(ado::kClaseRecordset, nullptr, CLSCTX_INPROC_SERVER, ado::kRecordset[0], rs.RecibirVoid());
+}
+
+/// The recordsets of a load created and let go, no more.
+double SoloCreacion(const Escenario&, const Caso& c) {
+    return Cronometrar([&] {
+        for (std::size_t i = 0; i < c.pasos.size(); ++i) {
+            PunteroCom<ado::Recordset> rs;
+            Crear(rs);
+        }
+    });
+}
+
+/// One query asked of the ADO-shaped objects directly.
+void Consultar(const Paso& paso, VARIANT activa, VARIANT texto, std::deque<Variante>::iterator& nombre) {
+    PunteroCom<ado::Recordset> rs;
+    PunteroCom<ado::Fields> campos;
+    VARIANT_BOOL fin = VARIANT_FALSE;
+    Crear(rs);
+    rs->Open(texto, activa, 0, 1, 1);
+    rs->get_EOF(&fin);
+    if (!paso.fila.empty()) rs->get_Fields(campos.Recibir());
+    for (std::size_t i = 0; i < paso.fila.size(); ++i) {
+        PunteroCom<ado::Field> campo;
+        Variante valor;
+        campos->get_Item((nombre++)->Get(), campo.Recibir());
+        campo->get_Value(valor.Recibir());
+    }
+    rs->Close();
+}
+
+/// The queries of a load asked with wide strings made beforehand: what the objects cost by themselves. Procedures, of
+/// which a load calls two at most, are left out.
 double ObjetosSolos(const Escenario& e, const Caso& c) {
-    Global().pasos.clear();
+    std::deque<Paso> consultas;
     std::deque<Variante> textos;
     std::deque<Variante> nombres;
     for (const Paso& p : c.pasos) {
         if (p.clase != 'O') continue;
-        Global().pasos.push_back(p);
+        consultas.push_back(p);
         textos.emplace_back(std::string_view(p.texto));
         for (const auto& columna : p.fila) nombres.emplace_back(std::string_view(columna.first));
     }
+    Global().pasos = consultas;
     Variante activa(static_cast<IDispatch*>(e.conexion.Get()));
-    const auto pasos = Global().pasos;
     return Cronometrar([&] {
         auto nombre = nombres.begin();
         auto texto = textos.begin();
-        for (const Paso& p : pasos) {
-            PunteroCom<ado::Recordset> rs;
-            PunteroCom<ado::Fields> campos;
-            VARIANT_BOOL fin = 0;
-            CoCreateInstance(ado::kClaseRecordset, nullptr, CLSCTX_INPROC_SERVER, ado::kRecordset[0], rs.RecibirVoid());
-            rs->Open((texto++)->Get(), activa.Get(), 0, 1, 1);
-            rs->get_EOF(&fin);
-            if (!p.fila.empty()) rs->get_Fields(campos.Recibir());
-            for (std::size_t i = 0; i < p.fila.size(); ++i) {
-                PunteroCom<ado::Field> campo;
-                Variante valor;
-                campos->get_Item((nombre++)->Get(), campo.Recibir());
-                campo->get_Value(valor.Recibir());
-            }
-            rs->Close();
-        }
+        for (const Paso& p : consultas) Consultar(p, activa.Get(), (texto++)->Get(), nombre);
     });
 }
 
@@ -175,6 +192,7 @@ constexpr struct {
     const char* nombre;
     double (*carga)(const Escenario&, const Caso&);
 } kFormas[] = {{"nativa, desde la memoria", Nativa},
+               {"creación de los objetos, sola", SoloCreacion},
                {"objetos de prueba, solos", ObjetosSolos},
                {"componente y adaptador, sin la DLL", ConAdaptador},
                {"DLL, por ranura", PorRanura},

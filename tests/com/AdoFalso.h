@@ -1,9 +1,11 @@
 #pragma once
 
 #include <deque>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "db/Nombres.h"
 #include "db/ado/InterfacesAdo.h"
 #include "db/ado/PunteroCom.h"
 #include "db/ado/Variante.h"
@@ -106,25 +108,25 @@ class CampoFalso : public Falso<ado::Field> {
 
 class CamposFalsos : public Falso<ado::Fields> {
   public:
-    explicit CamposFalsos(Paso paso) : Falso(IID_NULL), paso_(std::move(paso)) {}
+    explicit CamposFalsos(std::shared_ptr<const Paso> paso) : Falso(IID_NULL), paso_(std::move(paso)) {}
     HRESULT STDMETHODCALLTYPE get_Count(long* cuantos) override {
-        *cuantos = static_cast<long>(paso_.fila.size());
+        *cuantos = static_cast<long>(paso_->fila.size());
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE get_Item(VARIANT indice, ado::Field** campo) override {
         Contar(1);
         if (indice.vt != VT_BSTR) return Quejarse("campo pedido por posición");
-        const Cadena pedido(Utf8(indice.bstrVal));
-        for (const auto& [nombre, valor] : paso_.fila) {
-            if (lstrcmpiW(Cadena(nombre).Get(), pedido.Get()) != 0) continue;
+        const std::string pedido = Utf8(indice.bstrVal);
+        for (const auto& [nombre, valor] : paso_->fila) {
+            if (!MismoNombre(nombre, pedido)) continue;
             *campo = new CampoFalso(valor);
             return S_OK;
         }
-        return Quejarse("no hay campo " + Utf8(indice.bstrVal), static_cast<HRESULT>(0x800A0CC1));
+        return Quejarse("no hay campo " + pedido, static_cast<HRESULT>(0x800A0CC1));
     }
 
   private:
-    Paso paso_;
+    std::shared_ptr<const Paso> paso_;
 };
 
 class RecordsetFalso : public Falso<ado::Recordset> {
@@ -135,13 +137,14 @@ class RecordsetFalso : public Falso<ado::Recordset> {
         if (abierto_) return Quejarse("abierto dos veces", static_cast<HRESULT>(0x800A0E79));
         if (conexion.vt != VT_DISPATCH || cursor != 0 || bloqueo != 1 || opciones != 1)
             return Quejarse("constantes de Open");
-        const HRESULT hr = Tomar('O', Utf8(origen.bstrVal), paso_);
+        paso_ = std::make_shared<Paso>();
+        const HRESULT hr = Tomar('O', Utf8(origen.bstrVal), *paso_);
         abierto_ = SUCCEEDED(hr);
         return hr;
     }
     HRESULT STDMETHODCALLTYPE get_EOF(VARIANT_BOOL* fin) override {
         Contar();
-        *fin = paso_.fila.empty() ? VARIANT_TRUE : VARIANT_FALSE;
+        *fin = !paso_ || paso_->fila.empty() ? VARIANT_TRUE : VARIANT_FALSE;
         return abierto_ ? S_OK : Quejarse("EOF cerrado");
     }
     HRESULT STDMETHODCALLTYPE get_Fields(ado::Fields** campos) override {
@@ -162,7 +165,7 @@ class RecordsetFalso : public Falso<ado::Recordset> {
     }
 
   private:
-    Paso paso_;
+    std::shared_ptr<Paso> paso_;
     bool abierto_ = false;
 };
 
