@@ -2,6 +2,7 @@
 
 #include "customers/clsCliente.h"
 #include "db/BibliotecaComun.h"
+#include "db/Transaccion.h"
 #include "db/ValoresSql.h"
 
 namespace kv {
@@ -49,31 +50,6 @@ constexpr auto kBorrados = std::to_array<Borrado>({
     {"DELETE FROM Descuentos_Familias", " WHERE Cod_Empresa =", " AND Cod_Cliente ="},
     {"DELETE FROM Clientes_Art_PVP", " WHERE Cod_Empresa =", " AND Cod_Cliente ="},
 });
-
-// Rolls back unless it was told that the transaction was committed.
-class Transaccion {
-  public:
-    explicit Transaccion(Connection& conexion) : conexion_(conexion) { conexion_.BeginTrans(); }
-    ~Transaccion() {
-        if (!abierta_) return;
-        try {
-            conexion_.RollbackTrans();
-        } catch (...) {
-            // Whatever it is, a destructor lets nothing out; the failure that brought us here is the one to report.
-        }
-    }
-    Transaccion(const Transaccion&) = delete;
-    Transaccion& operator=(const Transaccion&) = delete;
-
-    void Confirmar() {
-        conexion_.CommitTrans();
-        abierta_ = false;
-    }
-
-  private:
-    Connection& conexion_;
-    bool abierta_ = true;
-};
 
 }  // namespace
 

@@ -1,5 +1,6 @@
 #include "schema/Demostracion.h"
 
+#include "db/Transaccion.h"
 #include "schema/DemostracionPartes.h"
 
 namespace kv {
@@ -22,20 +23,19 @@ void EscribirEmpresas(demo::Escritor& escritor) {
 
 }  // namespace
 
+void EscribirDemostracion(Connection& conexion, Fecha hoy) {
+    demo::Escritor escritor(conexion, hoy);
+    EscribirEmpresas(escritor);
+    demo::EscribirArticulos(escritor);
+    demo::EscribirTarifasMuestrario(escritor);
+    demo::EscribirClientes(escritor);
+    demo::EscribirReglas(escritor);
+}
+
 void CargarDemostracion(Connection& conexion, Fecha hoy) {
-    conexion.BeginTrans();
-    try {
-        demo::Escritor escritor(conexion, hoy);
-        EscribirEmpresas(escritor);
-        demo::EscribirArticulos(escritor);
-        demo::EscribirTarifasMuestrario(escritor);
-        demo::EscribirClientes(escritor);
-        demo::EscribirReglas(escritor);
-        conexion.CommitTrans();
-    } catch (...) {
-        conexion.RollbackTrans();
-        throw;
-    }
+    Transaccion transaccion(conexion);
+    EscribirDemostracion(conexion, hoy);
+    transaccion.Confirmar();
 }
 
 }  // namespace kv

@@ -11,4 +11,7 @@ namespace kv {
 /// Fails as the database does, with nothing written.
 void CargarDemostracion(Connection& conexion, Fecha hoy);
 
+/// The same rows inside a transaction that the caller has open.
+void EscribirDemostracion(Connection& conexion, Fecha hoy);
+
 }  // namespace kv

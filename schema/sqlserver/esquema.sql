@@ -1,10 +1,14 @@
--- Tables and stored procedures of the production database. Can be run again: what exists stays as it is, the
--- procedures are made anew. Batches end with GO. Days are datetime at midnight: older providers and drivers hand a
--- date column over as text.
+-- Tables and stored procedures of the production database. Can be run again: tables and indexes that exist stay as they
+-- are, the procedures get their body anew and keep their permissions. Batches end with GO. Nothing here is newer than
+-- SQL Server 2012. Days are datetime at midnight: older providers and drivers hand a date column over as text.
+-- The database's collation must not tell letter case apart and must keep accents and the euro sign in varchar, as
+-- Modern_Spanish_CI_AS does: the suite names columns in mixed case and writes its texts without the N prefix.
 
 SET ANSI_NULLS ON
 GO
 SET QUOTED_IDENTIFIER ON
+GO
+SET ANSI_PADDING ON
 GO
 
 -- The companies and their settings.
@@ -812,9 +816,10 @@ CREATE TABLE Temp_FactExt (
 GO
 
 -- Discount of a customer: the article's row, else the deepest family level in use that has one, else 0.
-IF OBJECT_ID('KVP_DevDtoDescuentosFamilias', 'P') IS NOT NULL DROP PROCEDURE KVP_DevDtoDescuentosFamilias
+IF OBJECT_ID('KVP_DevDtoDescuentosFamilias', 'P') IS NULL
+EXEC ('CREATE PROCEDURE KVP_DevDtoDescuentosFamilias AS RETURN 0')
 GO
-CREATE PROCEDURE KVP_DevDtoDescuentosFamilias
+ALTER PROCEDURE KVP_DevDtoDescuentosFamilias
     @Empresa smallint,
     @Cliente int,
     @Articulo int,
@@ -849,9 +854,10 @@ GO
 
 -- Discount of a customer's group for a quantity: the same order of levels; within a level the fitting range with the
 -- highest lower bound (the narrower one among those), the row for any quantity (0 to 0) last.
-IF OBJECT_ID('KVP_DevDtoClientesGrupos', 'P') IS NOT NULL DROP PROCEDURE KVP_DevDtoClientesGrupos
+IF OBJECT_ID('KVP_DevDtoClientesGrupos', 'P') IS NULL
+EXEC ('CREATE PROCEDURE KVP_DevDtoClientesGrupos AS RETURN 0')
 GO
-CREATE PROCEDURE KVP_DevDtoClientesGrupos
+ALTER PROCEDURE KVP_DevDtoClientesGrupos
     @Empresa smallint,
     @Cliente int,
     @Articulo int,

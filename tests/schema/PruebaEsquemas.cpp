@@ -4,6 +4,7 @@
 #include <map>
 #include <sstream>
 
+#include "schema/Lotes.h"
 #include "tests/comun/BaseDemo.h"
 #include "tests/schema/FilasSqlite.h"
 
@@ -50,14 +51,14 @@ Tablas LeerSqlite(const std::string& ruta) {
 
 // The batches of the production script, without comments and with single blanks.
 std::vector<std::string> Lotes() {
-    std::vector<std::string> lotes(1);
-    std::istringstream guion(EsquemaSqlServer());
-    for (std::string linea; std::getline(guion, linea);) {
-        if (linea == "GO") {
-            lotes.emplace_back();
-        } else if (!linea.starts_with("--")) {
+    std::vector<std::string> lotes;
+    for (const std::string_view lote : LotesDe(EsquemaSqlServer())) {
+        std::string& limpio = lotes.emplace_back();
+        std::istringstream lineas{std::string(lote)};
+        for (std::string linea; std::getline(lineas, linea);) {
+            if (linea.starts_with("--")) continue;
             std::istringstream palabras(linea);
-            for (std::string palabra; palabras >> palabra;) lotes.back() += (lotes.back().empty() ? "" : " ") + palabra;
+            for (std::string palabra; palabras >> palabra;) limpio += (limpio.empty() ? "" : " ") + palabra;
         }
     }
     return lotes;
@@ -172,7 +173,7 @@ TEST(Esquemas, LosDosGuionesTienenLosMismosProcedimientos) {
     std::map<std::string, std::string> tsql;
     for (const std::string& lote : Lotes()) {
         std::string_view texto = lote;
-        if (!Saltar(texto, "CREATE PROCEDURE ")) continue;
+        if (!Saltar(texto, "ALTER PROCEDURE ")) continue;
         const std::string nombre = Tomar(texto, " ");
         tsql[nombre] = LeerParametros(texto);
     }

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "db/Connection.h"
+
+namespace kv {
+
+/// A transaction for the life of this object: rolled back unless it was committed.
+class Transaccion {
+  public:
+    explicit Transaccion(Connection& conexion) : conexion_(conexion) { conexion_.BeginTrans(); }
+    ~Transaccion() {
+        if (!abierta_) return;
+        try {
+            conexion_.RollbackTrans();
+        } catch (...) {
+            // Whatever it is, a destructor lets nothing out; the failure that brought us here is the one to report.
+        }
+    }
+    Transaccion(const Transaccion&) = delete;
+    Transaccion& operator=(const Transaccion&) = delete;
+
+    /// A failure of the commit raises, and the transaction is rolled back at the end.
+    void Confirmar() {
+        conexion_.CommitTrans();
+        abierta_ = false;
+    }
+
+  private:
+    Connection& conexion_;
+    bool abierta_ = true;
+};
+
+}  // namespace kv
