@@ -5,12 +5,14 @@
 #include "base/RuntimeError.h"
 #include "component/clsDatosArt.h"
 #include "db/BibliotecaComun.h"
+#include "db/odbc/ConexionOdbc.h"
 #include "db/sqlite/ConexionSqlite.h"
 #include "host/Fallo.h"
 #include "host/Lectura.h"
 #include "host/Ordenes.h"
 #include "host/Sesion.h"
 #include "schema/Demostracion.h"
+#include "schema/DemostracionServidor.h"
 #include "schema/Esquema.h"
 
 namespace kv::host {
@@ -54,20 +56,35 @@ void DevPvp(const OpcionesDevPvp& opciones) {
     sesion.Escribir(std::cout);
 }
 
-void CrearDemo(const std::string& fichero) {
-    ConexionSqlite::Crear(fichero, {kAplicacionEsquema, kVersionEsquema}, EsquemaSqlite(),
-                          [](Connection& conexion) { CargarDemostracion(conexion, Biblioteca().Hoy()); });
-    std::cout << "Creada la base de demostración «" << fichero << "»\n";
+struct OpcionesDemo {
+    std::string fichero;
+    std::string odbc;
+};
+
+void CrearDemo(const OpcionesDemo& o) {
+    ExigirUnaBase(o.fichero, "FICHERO", o.odbc);
+    const Fecha hoy = Biblioteca().Hoy();
+    if (o.odbc.empty()) {
+        ConexionSqlite::Crear(o.fichero, {kAplicacionEsquema, kVersionEsquema}, EsquemaSqlite(),
+                              [hoy](Connection& conexion) { CargarDemostracion(conexion, hoy); });
+        std::cout << "Creada la base de demostración «" << o.fichero << "»\n";
+        return;
+    }
+    ConexionOdbc servidor(o.odbc);
+    CrearDemostracionServidor(
+        servidor, [&](std::string_view lote) { servidor.EjecutarLote(lote); }, hoy);
+    std::cout << "Creadas las tablas y los datos de demostración en el servidor\n";
 }
 
 }  // namespace
 
 void AnadirCrearDemo(CLI::App& programa) {
-    CLI::App* orden =
-        programa.add_subcommand("crear-demo", "Crea una base de datos de demostración en un fichero nuevo");
-    const auto fichero = std::make_shared<std::string>();
-    orden->add_option("fichero", *fichero, "Fichero que se crea; no debe existir")->required()->type_name("FICHERO");
-    orden->callback([fichero] { CrearDemo(*fichero); });
+    CLI::App* orden = programa.add_subcommand(
+        "crear-demo", "Crea una base de datos de demostración en un fichero nuevo o en una base vacía de un servidor");
+    const auto o = std::make_shared<OpcionesDemo>();
+    orden->add_option("fichero", o->fichero, "Fichero que se crea; no debe existir")->type_name("FICHERO");
+    orden->add_option("--odbc", o->odbc, "Cadena de conexión ODBC; no debe tener empresas")->type_name("CADENA");
+    orden->callback([o] { CrearDemo(*o); });
 }
 
 void AnadirDevPvp(CLI::App& programa) {

@@ -7,6 +7,7 @@
 #include "base/RuntimeError.h"
 #include "db/ConexionTrazada.h"
 #include "db/ValoresSql.h"
+#include "db/odbc/ConexionOdbc.h"
 #include "db/sqlite/ConexionSqlite.h"
 #include "host/EmpresaTabla.h"
 #include "host/Fallo.h"
@@ -17,12 +18,18 @@ namespace kv::host {
 namespace {
 
 std::shared_ptr<Connection> Abrir(const OpcionesComunes& opciones, bool soloLectura) {
-    if (opciones.base.empty()) throw Fallo(kUso, "falta --base FICHERO");
+    ExigirUnaBase(opciones.base, "--base FICHERO", opciones.odbc);
+    if (!opciones.odbc.empty()) return std::make_shared<ConexionOdbc>(opciones.odbc);
     const auto modo = soloLectura ? ConexionSqlite::Modo::SoloLectura : ConexionSqlite::Modo::LecturaEscritura;
     return ConexionSqlite::Abrir(opciones.base, {kAplicacionEsquema, kVersionEsquema}, modo);
 }
 
 }  // namespace
+
+void ExigirUnaBase(const std::string& fichero, const std::string& uso, const std::string& odbc) {
+    if (fichero.empty() && odbc.empty()) throw Fallo(kUso, "falta " + uso + " o --odbc CADENA");
+    if (!fichero.empty() && !odbc.empty()) throw Fallo(kUso, "se espera " + uso + " o --odbc CADENA, no los dos");
+}
 
 /// Writes each operation to standard error as it ends, so that a failing command shows what came before.
 class Sesion::Traza {
@@ -57,6 +64,7 @@ class Sesion::Traza {
 
 void OpcionesComunes::Anadir(CLI::App& orden) {
     orden.add_option("--base", base, "Fichero de la base de datos")->type_name("FICHERO");
+    orden.add_option("--odbc", odbc, "Servidor, en vez de fichero: su cadena de conexión ODBC")->type_name("CADENA");
     orden.add_option("--empresa", empresa, "Código de la empresa (1 si no se dice)")->type_name("N");
     orden.add_flag("--json", json, "Responde en JSON");
     orden.add_flag("--traza", traza, "Muestra cada sentencia enviada y su tiempo (en la salida de errores)");

@@ -19,20 +19,25 @@ namespace kv::host {
 
 /// The options that every command shares.
 struct OpcionesComunes {
+    /// The embedded database's file, or the connection string of a server: exactly one of them.
     std::string base;
+    std::string odbc;
     std::string empresa = "1";
     bool json = false;
     bool traza = false;
 
-    /// Adds --base, --empresa, --json and --traza to a command.
+    /// Adds --base, --odbc, --empresa, --json and --traza to a command.
     void Anadir(CLI::App& orden);
 };
+
+/// Fallo kUso unless exactly one of both names a database; `uso` is how the command takes the file.
+void ExigirUnaBase(const std::string& fichero, const std::string& uso, const std::string& odbc);
 
 /// One command at work: its open database, its company and its answer.
 class Sesion {
   public:
-    /// Opens the database that the options name and reads the company. Fallo kUso when none is named or the company is
-    /// unknown; the adapter's error when the database cannot be opened.
+    /// Opens the database that the options name and reads the company. Fallo kUso when none or two are named or the
+    /// company is unknown; the adapter's error when the database cannot be opened.
     Sesion(const OpcionesComunes& opciones, bool soloLectura);
     ~Sesion();
     Sesion(const Sesion&) = delete;

@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iostream>
 
 #include "base/RuntimeError.h"
@@ -18,15 +19,20 @@ std::string EnCastellano(const CLI::ParseError& error) {
         if (texto.find("subcommand") != std::string::npos) return "falta la orden; kvdatosart --help las cuenta";
         return "falta " + texto.substr(0, texto.find(" is required"));
     }
+    // What follows an equals sign may be the password of a connection string that was not quoted.
     if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr)
-        return "argumento desconocido" + texto.substr(std::min(texto.find(':'), texto.size()));
+        return "argumento desconocido" +
+               texto.substr(0, texto.find('=')).substr(std::min(texto.find(':'), texto.size()));
     if (texto.find("At Most") != std::string::npos) return "repetido " + texto.substr(0, texto.find(':'));
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr)
         return "falta el valor de " + texto.substr(0, texto.find(':'));
     return "orden mal escrita: " + texto;
 }
 
-int Fracaso(int codigo, const std::string& texto) {
+// One line, whatever a driver puts into its texts.
+int Fracaso(int codigo, std::string texto) {
+    std::replace_if(
+        texto.begin(), texto.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
     std::cerr << "kvdatosart: " << texto << '\n';
     return codigo;
 }

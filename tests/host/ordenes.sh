@@ -16,7 +16,9 @@ caso() {
     casos=$((casos + 1))
     salida=$("$programa" "$@" 2>&1 </dev/null)
     real=$?
-    if [ "$real" -ne "$codigo" ] || [[ "$salida" != *"$texto"* ]]; then
+    # A failure is one line, and nothing ever shows the password of a connection string.
+    if [ "$real" -ne "$codigo" ] || [[ "$salida" != *"$texto"* || "$salida" == *secreta* ]] ||
+        { [ "$real" -eq 3 ] && [ "$(wc -l <<<"$salida")" -ne 1 ]; }; then
         echo "FALLA: $*"
         echo "  esperado $codigo con «$texto»; real $real: $salida" | head -n 6
         fallos=$((fallos + 1))
@@ -45,7 +47,14 @@ caso 2 'falta --articulo' devpvp "${b[@]}" --tarifa 1
 caso 2 'falta el valor de --tarifa' devpvp "${b[@]}" --articulo 1 --tarifa
 caso 2 'argumento desconocido: --nada' devpvp "${b[@]}" --articulo 1 --tarifa 1 --nada
 caso 2 'falta la orden' loquesea
-caso 2 'falta --base' devpvp --articulo 1 --tarifa 1
+caso 2 'falta --base FICHERO o --odbc CADENA' devpvp --articulo 1 --tarifa 1
+caso 2 'se espera --base FICHERO o --odbc CADENA, no los dos' devpvp "${b[@]}" --odbc DSN=x --articulo 1 --tarifa 1
+caso 3 'No se puede conectar' devpvp --odbc 'DRIVER=NoHay;UID=u;PWD=secreta' --articulo 1 --tarifa 1 --traza
+caso 3 'No se puede conectar' cliente ver --odbc 'esto no es una cadena' --codigo 1
+caso 2 'argumento desconocido: PWD' devpvp --odbc DSN=x PWD=secreta --articulo 1 --tarifa 1
+caso 2 'falta FICHERO o --odbc CADENA' crear-demo
+caso 2 'se espera FICHERO o --odbc CADENA' crear-demo otra.kv --odbc 'DSN=x;PWD=secreta'
+caso 3 'No se puede conectar' crear-demo --odbc 'DSN=nohay;PWD={secreta}'
 caso 2 'no existe la empresa 9' devpvp "${b[@]}" --empresa 9 --articulo 1 --tarifa 1
 caso 3 '«nohay.kv» no existe' devpvp --base nohay.kv --articulo 1 --tarifa 1
 caso 0 'oferta 5 + 1 gratis' cargar "${b[@]}" --articulo 113 --cliente 11 --explica
