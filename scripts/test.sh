@@ -1,6 +1,9 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds with the sanitizers and runs every test.
 # Usage: scripts/test.sh [--windows]   with the COM server too: builds it and tests it under Wine, as CI does (CI=true)
+# KV_ODBC_PRUEBAS='connection string' scripts/test.sh also runs the scenarios on that SQL Server database, which must be
+# empty or one of an earlier run and is emptied, and compares every result with the embedded one. KV_SEMILLA=n repeats
+# the random cases of a run.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/comun.sh"
 
