@@ -19,6 +19,7 @@ namespace {
 
 std::shared_ptr<Connection> Abrir(const OpcionesComunes& opciones, bool soloLectura) {
     ExigirUnaBase(opciones.base, "--base FICHERO", opciones.odbc);
+    // On a server, permissions decide what a session may write.
     if (!opciones.odbc.empty()) return std::make_shared<ConexionOdbc>(opciones.odbc);
     const auto modo = soloLectura ? ConexionSqlite::Modo::SoloLectura : ConexionSqlite::Modo::LecturaEscritura;
     return ConexionSqlite::Abrir(opciones.base, {kAplicacionEsquema, kVersionEsquema}, modo);
