@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -34,7 +33,7 @@ TextoNumero SqlBooleano(bool valor);
 /// 1 or 0.
 TextoNumero SqlBooleanoAbsoluto(bool valor);
 
-// The length of a fragment is known when it is compiled, so that its copy needs no call.
+// The length of a fragment is known when it is compiled.
 template <std::size_t N>
 constexpr std::string_view TrozoSql(const char (&fragmento)[N]) {
     return {fragmento, N - 1};
@@ -46,14 +45,8 @@ constexpr std::string_view TrozoSql(std::string_view trozo) {
 /// Appends fragments and values in order: one growth of the text for all of them.
 template <class... Partes>
 void Agregar(std::string& sql, const Partes&... partes) {
-    std::size_t pos = sql.size();
-    sql.resize(pos + (TrozoSql(partes).size() + ... + 0U));
-    char* const datos = sql.data();
-    const auto copiar = [&](std::string_view trozo) {
-        std::copy(trozo.begin(), trozo.end(), datos + pos);
-        pos += trozo.size();
-    };
-    (copiar(TrozoSql(partes)), ...);
+    sql.reserve(sql.size() + (TrozoSql(partes).size() + ... + 0U));
+    (sql.append(TrozoSql(partes)), ...);
 }
 
 /// A statement from its fragments and values in order.
