@@ -56,7 +56,11 @@ parar() {
 }
 
 case "$orden" in
-    arrancar) arrancar ;;
+    arrancar)
+        # What an interrupted run left behind.
+        [ ! -f "$fichero" ] || "$0" parar "$fichero"
+        arrancar
+        ;;
     parar) parar ;;
     *) echo "postgres.sh: orden desconocida: $orden" >&2; exit 2 ;;
 esac
