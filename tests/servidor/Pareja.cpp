@@ -17,8 +17,13 @@ std::string Texto(const Valor& valor) {
     return std::holds_alternative<std::string>(valor) ? "«" + texto + "»" : texto;
 }
 
+bool EsCorto(const Valor& valor) {
+    return std::holds_alternative<std::uint8_t>(valor) || std::holds_alternative<std::int16_t>(valor);
+}
+
 bool Iguales(const Valor& a, const Valor& b) {
     if (a == b) return true;
+    if (EsCorto(a) && EsCorto(b)) return ALong(a) == ALong(b);
     if (a.index() != b.index()) return false;
     if (!std::holds_alternative<double>(a) && !std::holds_alternative<float>(a)) return false;
     constexpr double kVecindad = 1e-13;

@@ -60,7 +60,7 @@ struct Lado {
 
 /// Two databases that must answer alike. Values are the same when type and value are; floating-point numbers may differ
 /// by a ten-millionth of a millionth of themselves (of 1 below 1), since a server may take a decimal literal for a
-/// neighbouring one.
+/// neighbouring one, and a Byte is the same as an Integer, since a driver may give a tinyint a sign.
 class Pareja {
   public:
     using Caso = std::function<void(Lado&, Respuestas&)>;
@@ -70,7 +70,7 @@ class Pareja {
 
     /// Does the same on both and notes every difference in what they answered, a refusal included.
     void Probar(const std::string& nombre, const Caso& caso);
-    /// Every table of the schema, row by row. Here the types are those of the columns, without allowance.
+    /// Every table of the schema, row by row. Here the types are those of the columns.
     void CompararTablas();
 
     int Casos() const { return casos_; }
