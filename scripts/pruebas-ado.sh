@@ -10,22 +10,28 @@ preparar_odbc() {
     export ODBCINI=$trabajo/odbc.ini ODBCSYSINI=$trabajo
 }
 
-# probar_ejemplos: the script example without arguments ends with 2; one that cannot be parsed would end with 0.
+# probar_ejemplos: both examples run as far as they can without a database, and say so by their exit codes. A script that
+# cannot be parsed would end with 0.
 probar_ejemplos() {
     local codigo=0
     vino 60 cscript //nologo "Z:$raiz/examples/precio.vbs" || codigo=$?
     [ "$codigo" -eq 2 ] || { echo "precio.vbs sale con $codigo"; return 1; }
+    codigo=0
+    vino 60 "$construido/examples/precio.exe" || codigo=$?
+    [ "$codigo" -eq 2 ] || { echo "precio.exe sale con $codigo"; return 1; }
 }
 
 # probar_ado BITS: the declarations against the platform's, the values, the adapter over ADO-shaped objects, and the
-# adapter over Wine's own ADO, which shows what it leaves out.
+# adapter over Wine's own ADO, which shows what it leaves out; with 64 bits also statements through odbc32 and a driver.
 probar_ado() {
     local programa=$construido/tests/ado/prueba_ado.exe grupo
     for grupo in interfaces variantes adaptador; do vino 60 "$programa" "$grupo"; done
     if [ "$1" -eq 32 ]; then
-        echo "OMITIDO: ADO sobre ODBC con 32 bits, no hay un controlador para ellos"
+        vino 60 "$programa" wine
         return
     fi
     preparar_odbc
     vino 120 "$programa" wine KVPrueba
+    preparar_odbc
+    vino 60 "$programa" sentencias KVPrueba
 }

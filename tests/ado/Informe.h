@@ -36,11 +36,12 @@ std::string Fallo(F f) try {
     return std::to_string(error.numero) + "|" + error.origen + "|" + error.descripcion;
 }
 
-// The groups of checks. Each reports what it finds; those that take a name need that ODBC data source.
+// The groups of checks. Each reports what it finds; those that take a name use that ODBC data source.
 void ProbarInterfaces();
 void ProbarSegundaGeneracion();
 void ProbarVariantes();
 void ProbarAdaptador();
 void ProbarAdoDeWine(const std::string& origen);
+void ProbarSentencias(const std::string& origen);
 
 }  // namespace kv::prueba

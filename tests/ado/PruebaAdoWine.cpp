@@ -117,6 +117,9 @@ void ProbarAdoDeWine(const std::string& origen) {
     ConexionAdo conexion(cn.Get());
     const std::string cerrada = Fallo([&] { conexion.Ejecutar("SELECT 1"); });
     Exigir(Estado(*cn.Get()) == 0 && cerrada.starts_with(std::to_string(static_cast<HRESULT>(0x800A0E78))), cerrada);
+    ProbarOrden(*cn.Get());
+    ProbarCampos();
+    if (origen.empty()) return Omitir("Open, Execute y las consultas: falta un origen de datos ODBC");
     const Cadena cadena("Provider=MSDASQL;Data Source=" + origen);
     const Cadena vacia("");
     if (!Exigir(cn->Open(cadena.Get(), vacia.Get(), vacia.Get(), -1) == S_OK && Estado(*cn.Get()) == 1, "Open")) return;
@@ -124,8 +127,6 @@ void ProbarAdoDeWine(const std::string& origen) {
     ProbarConsulta(conexion);
     if (Intentar("BeginTrans", Fallo([&] { conexion.BeginTrans(); })))
         Intentar("RollbackTrans", Fallo([&] { conexion.RollbackTrans(); }));
-    ProbarOrden(*cn.Get());
-    ProbarCampos();
 }
 
 }  // namespace kv::prueba

@@ -1,4 +1,4 @@
-// Runs under Wine: prueba_ado interfaces | variantes | adaptador | wine ORIGEN
+// Runs under Wine: prueba_ado interfaces | variantes | adaptador | wine [ORIGEN] | sentencias ORIGEN
 
 #include <windows.h>
 
@@ -15,8 +15,10 @@ int main(int argc, char** argv) try {
         ProbarVariantes();
     else if (grupo == "adaptador")
         ProbarAdaptador();
-    else if (grupo == "wine" && !origen.empty())
+    else if (grupo == "wine")
         ProbarAdoDeWine(origen);
+    else if (grupo == "sentencias" && !origen.empty())
+        ProbarSentencias(origen);
     else
         return 2;
     CoUninitialize();
