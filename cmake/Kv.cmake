@@ -8,10 +8,6 @@ target_compile_options(kv_avisos INTERFACE
 # GCC 12 warns of an overlap in std::string's own operator+ when it optimises.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(kv_avisos INTERFACE -Wno-restrict)
-  # The one for Windows takes a text that was made longer for the room inside an empty one; the others check the same.
-  if(WIN32)
-    target_compile_options(kv_avisos INTERFACE -Wno-stringop-overflow -Wno-array-bounds)
-  endif()
 endif()
 if(KV_AVISOS_ERROR)
   target_compile_options(kv_avisos INTERFACE $<$<COMPILE_LANG_AND_ID:CXX,GNU,Clang>:-Werror>)
