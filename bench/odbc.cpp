@@ -126,6 +126,10 @@ std::string ControladorSqlite() {
 
 int Principal(int argc, char** argv) {
     const int vueltas = argc > 1 ? std::atoi(argv[1]) : 501;
+    if (vueltas < 1) {
+        std::fprintf(stderr, "uso: kv_bench_odbc [vueltas], una o más\n");
+        return 2;
+    }
     const std::string ruta = "bench-odbc.db";
     std::filesystem::remove(ruta);
     Medir({"SQLite", "Driver=" + ControladorSqlite() + ";Database=" + ruta, "double", TipoOdbc::Doble}, vueltas);
