@@ -9,7 +9,8 @@ cmake --preset dev --log-level=WARNING >/dev/null
 cmake --build --preset dev --target grabar
 
 trabajo=$(mktemp -d)
-export WINEDLLOVERRIDES="mscoree,mshtml=" WINEDEBUG=-all
+# The locale decides how texts reach an ODBC driver without wide functions.
+export WINEDLLOVERRIDES="mscoree,mshtml=" WINEDEBUG=-all LC_ALL=C.UTF-8
 unset DISPLAY
 trap 'parar_wine; rm -rf "$trabajo"' EXIT
 
