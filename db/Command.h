@@ -39,7 +39,6 @@ class Parameters {
     auto end() { return lista_.end(); }
     auto begin() const { return lista_.begin(); }
     auto end() const { return lista_.end(); }
-    std::size_t Count() const { return lista_.size(); }
 
   private:
     std::vector<Parameter> lista_;

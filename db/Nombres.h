@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <string>
 #include <string_view>
 
 namespace kv {
@@ -40,6 +41,14 @@ inline bool MismoNombre(std::string_view a, std::string_view b) {
         if (minuscula != (y | 0x20U) || minuscula < 'a' || minuscula > 'z') return false;
     }
     return true;
+}
+
+/// `texto` with its ASCII letters in lower case.
+inline std::string Minusculas(std::string_view texto) {
+    std::string minusculas(texto);
+    for (char& c : minusculas)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
+    return minusculas;
 }
 
 }  // namespace kv

@@ -3,15 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#include "db/Nombres.h"
+
 namespace kv {
 namespace {
-
-std::string Minusculas(std::string_view texto) {
-    std::string minusculas(texto);
-    for (char& c : minusculas)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
-    return minusculas;
-}
 
 bool EsSecreta(std::string_view clave) {
     constexpr auto kPalabras = std::to_array<std::string_view>({"pwd", "password", "secret", "token"});

@@ -84,12 +84,6 @@ void CacheSentencias::Olvidar(Lista::iterator entrada) {
     entradas_.erase(entrada);
 }
 
-void CacheSentencias::Vaciar() {
-    anterior_ = nullptr;
-    porHuella_.clear();
-    entradas_.clear();
-}
-
 Sentencia& CacheSentencias::Libre(Entrada& entrada, std::string_view texto) {
     for (const auto& sentencia : entrada.sentencias)
         if (!sentencia->EnUso()) return *sentencia;

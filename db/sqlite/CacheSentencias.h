@@ -28,12 +28,8 @@ class CacheSentencias {
     /// Raises a database error for a text that cannot be prepared or that holds a second statement.
     Sentencia& Tomar(std::string_view texto);
 
-    /// Number of templates held, and how many texts had to be prepared so far.
-    std::size_t Cuantas() const { return entradas_.size(); }
+    /// How many texts had to be prepared so far.
     std::uint64_t Preparaciones() const { return preparaciones_; }
-
-    /// Forgets every statement; none may be in use.
-    void Vaciar();
 
   private:
     struct Entrada {

@@ -11,13 +11,6 @@
 namespace kv {
 namespace {
 
-std::string Minusculas(std::string_view texto) {
-    std::string minusculas(texto);
-    for (char& c : minusculas)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
-    return minusculas;
-}
-
 constexpr auto kTipos = std::to_array<std::pair<std::string_view, TipoColumna>>({
     {"bit", TipoColumna::Bit},
     {"tinyint", TipoColumna::Byte},
