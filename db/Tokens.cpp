@@ -10,41 +10,62 @@
 namespace kv {
 namespace {
 
-bool EsCifra(char c) {
-    return c >= '0' && c <= '9';
-}
+// What a character can be, one bit each; read by the hundred in every statement.
+constexpr unsigned char kDeNombre = 1;
+constexpr unsigned char kCifra = 2;
+constexpr unsigned char kBlanco = 4;
 
-bool EsDeNombre(char c) {
-    const auto u = static_cast<unsigned char>(c);
-    const unsigned char minuscula = u | 0x20U;
-    return (minuscula >= 'a' && minuscula <= 'z') || EsCifra(c) || c == '_' || c == '@' || c == '#' || c == '$' ||
-           u >= 0x80U;
-}
-
-bool EsBlanco(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
-}
-
-// Words that begin a statement of their own wherever they stand outside parentheses.
-constexpr auto kComienzos = std::to_array<std::string_view>(
-    {"INSERT",  "UPDATE", "DELETE", "EXEC",  "EXECUTE", "DROP",     "CREATE", "ALTER",   "TRUNCATE", "MERGE",
-     "DECLARE", "GRANT",  "REVOKE", "BEGIN", "COMMIT",  "ROLLBACK", "USE",    "WAITFOR", "SHUTDOWN", "BACKUP",
-     "RESTORE", "KILL",   "PRINT",  "IF",    "WHILE",   "ATTACH",   "DETACH", "PRAGMA",  "VACUUM",   "GO"});
-
-// For each initial letter the lengths of its words, one bit each: dismisses most names without a comparison.
-constexpr auto kLargos = [] {
-    std::array<std::uint32_t, 26> largos{};
-    for (const std::string_view palabra : kComienzos)
-        largos[static_cast<std::size_t>(palabra.front() - 'A')] |= 1U << palabra.size();
-    return largos;
+constexpr auto kClases = [] {
+    std::array<unsigned char, 256> clases{};
+    for (unsigned c = 'a'; c <= 'z'; ++c) clases[c] = clases[c - 0x20U] = kDeNombre;
+    for (unsigned c = '0'; c <= '9'; ++c) clases[c] = kDeNombre | kCifra;
+    for (const unsigned c : {'_', '@', '#', '$'}) clases[c] = kDeNombre;
+    for (const unsigned c : {' ', '\t', '\n', '\r'}) clases[c] = kBlanco;
+    for (unsigned c = 0x80; c <= 0xFF; ++c) clases[c] = kDeNombre;
+    return clases;
 }();
 
-bool EsComienzo(const Token& token) {
-    const auto letra = static_cast<std::size_t>((static_cast<unsigned char>(token.texto.front()) | 0x20) - 'a');
-    const std::size_t largo = token.texto.size();
-    if (letra >= kLargos.size() || largo >= 32 || (kLargos[letra] >> largo & 1U) == 0) return false;
-    return std::any_of(kComienzos.begin(), kComienzos.end(),
-                       [&](std::string_view palabra) { return token.EsPalabra(palabra); });
+bool EsDe(unsigned char clase, char c) {
+    return (kClases[static_cast<unsigned char>(c)] & clase) != 0;
+}
+bool EsCifra(char c) {
+    return EsDe(kCifra, c);
+}
+
+// Words that begin a statement of their own wherever they stand outside parentheses; SELECT, the last one, unless it
+// belongs to a UNION.
+constexpr auto kComienzos = std::to_array<std::string_view>(
+    {"INSERT",   "UPDATE",  "DELETE",   "EXEC",   "EXECUTE", "DROP",  "CREATE", "ALTER",
+     "TRUNCATE", "MERGE",   "DECLARE",  "GRANT",  "REVOKE",  "BEGIN", "COMMIT", "ROLLBACK",
+     "USE",      "WAITFOR", "SHUTDOWN", "BACKUP", "RESTORE", "KILL",  "PRINT",  "IF",
+     "WHILE",    "ATTACH",  "DETACH",   "PRAGMA", "VACUUM",  "GO",    "SELECT"});
+
+// For each letter the lengths of the words that have it first, or last, one bit each: dismisses most names without a
+// comparison.
+using LargosPorLetra = std::array<std::uint32_t, 32>;
+constexpr LargosPorLetra LargosCon(bool primera) {
+    LargosPorLetra largos{};
+    for (const std::string_view palabra : kComienzos)
+        largos[(primera ? palabra.front() : palabra.back()) & 0x1F] |= 1U << palabra.size();
+    return largos;
+}
+constexpr LargosPorLetra kLargosPrimera = LargosCon(true);
+constexpr LargosPorLetra kLargosUltima = LargosCon(false);
+
+bool PuedeComenzar(std::string_view nombre) {
+    const std::size_t largo = nombre.size();
+    const std::uint32_t largos = kLargosPrimera[static_cast<unsigned char>(nombre.front()) & 0x1FU] &
+                                 kLargosUltima[static_cast<unsigned char>(nombre.back()) & 0x1FU];
+    return largo < 32 && (largos >> largo & 1U) != 0;
+}
+
+// True for a name that begins a second statement behind `anterior`.
+bool EsComienzo(const Token& token, const Token& anterior) {
+    if (token.tipo != Token::Tipo::Nombre || !PuedeComenzar(token.texto) || anterior.Es('.')) return false;
+    if (token.EsPalabra(kComienzos.back())) return !anterior.EsPalabra("UNION") && !anterior.EsPalabra("ALL");
+    return std::any_of(kComienzos.begin(), kComienzos.end(), [&](std::string_view palabra) {
+        return palabra.size() == token.texto.size() && MismoNombre(palabra, token.texto);
+    });
 }
 
 [[noreturn]] void RechazarSegunda(std::string_view texto) {
@@ -53,6 +74,10 @@ bool EsComienzo(const Token& token) {
 }
 
 }  // namespace
+
+bool EsDeNombre(char c) {
+    return EsDe(kDeNombre, c);
+}
 
 bool Token::EsPalabra(std::string_view palabra) const {
     return tipo == Tipo::Nombre && MismoNombre(texto, palabra);
@@ -89,7 +114,7 @@ std::size_t FinCadena(std::string_view texto, std::size_t desde) {
 
 void LectorTokens::SaltarBlancos() {
     while (pos_ < texto_.size()) {
-        if (EsBlanco(texto_[pos_])) {
+        if (EsDe(kBlanco, texto_[pos_])) {
             ++pos_;
         } else if (texto_[pos_] == '-' && texto_.compare(pos_, 2, "--") == 0) {
             pos_ = std::min(texto_.find('\n', pos_), texto_.size());
@@ -103,7 +128,7 @@ void LectorTokens::SaltarBlancos() {
 }
 
 std::size_t LectorTokens::FinNombre(std::size_t desde) const {
-    while (desde < texto_.size() && EsDeNombre(texto_[desde])) ++desde;
+    while (desde < texto_.size() && EsDe(kDeNombre, texto_[desde])) ++desde;
     return desde;
 }
 
@@ -126,12 +151,12 @@ Token LectorTokens::Siguiente() {
     } else if (c == '[' || c == '"') {
         tipo = Token::Tipo::Nombre;
         pos_ = FinDelimitado(c == '[' ? ']' : '"');
-    } else if (FinNumero(texto_, pos_) != pos_) {
-        tipo = Token::Tipo::Numero;
-        pos_ = FinNumero(texto_, pos_);
-    } else if (EsDeNombre(c)) {
+    } else if (EsDe(kDeNombre, c) && !EsCifra(c)) {
         tipo = Token::Tipo::Nombre;
         pos_ = FinNombre(pos_);
+    } else if (const std::size_t fin = FinNumero(texto_, pos_); fin != pos_) {
+        tipo = Token::Tipo::Numero;
+        pos_ = fin;
     } else {
         ++pos_;
     }
@@ -154,15 +179,12 @@ void ExigirUnaSentencia(std::string_view texto) {
     Token anterior;
     for (Token token = lector.Siguiente(); token.tipo != Token::Tipo::Fin; token = lector.Siguiente()) {
         if (acabada) RechazarSegunda(texto);
-        if (token.Es('(')) ++profundidad;
-        if (token.Es(')')) --profundidad;
-        if (token.Es(';')) acabada = true;
-        const bool calificado = anterior.Es('.');
-        if (!primera && profundidad <= 0 && !calificado && token.tipo == Token::Tipo::Nombre) {
-            if (EsComienzo(token)) RechazarSegunda(texto);
-            // A SELECT outside parentheses belongs to a UNION or begins a statement of its own.
-            if (token.EsPalabra("SELECT") && !anterior.EsPalabra("UNION") && !anterior.EsPalabra("ALL"))
-                RechazarSegunda(texto);
+        if (token.tipo == Token::Tipo::Simbolo) {
+            const char simbolo = token.texto.front();
+            profundidad += (simbolo == '(' ? 1 : 0) - (simbolo == ')' ? 1 : 0);
+            acabada = simbolo == ';';
+        } else if (!primera && profundidad <= 0 && EsComienzo(token, anterior)) {
+            RechazarSegunda(texto);
         }
         primera = false;
         anterior = token;

@@ -6,6 +6,9 @@
 
 namespace kv {
 
+/// True for what a name that stands without delimiters is made of: letters, digits, _ @ # $ and all beyond ASCII.
+bool EsDeNombre(char c);
+
 /// One lexical piece of a statement. Names between brackets or double quotes are names.
 struct Token {
     enum class Tipo : std::uint8_t { Fin, Nombre, Numero, Cadena, Simbolo };

@@ -11,12 +11,6 @@ namespace {
 constexpr std::size_t kMaximo = 256;
 constexpr std::chrono::seconds kVigencia{1};
 
-bool EsDeNombre(char c) {
-    const auto u = static_cast<unsigned char>(c);
-    const unsigned char minuscula = u | 0x20U;
-    return (minuscula >= 'a' && minuscula <= 'z') || (c >= '0' && c <= '9') || c == '_' || c == '@' || u >= 0x80U;
-}
-
 // Where the FROM of the statement itself ends; the end of the text when it has none.
 std::size_t FinFrom(std::string_view texto) {
     int profundidad = 0;
@@ -25,8 +19,8 @@ std::size_t FinFrom(std::string_view texto) {
         if (c == '(') ++profundidad;
         if (c == ')') --profundidad;
         if (c == '\'') pos = std::min(FinCadena(texto, pos), texto.size()) - 1;
-        const bool suelta = pos > 0 && pos + 4 < texto.size() && !EsDeNombre(texto[pos - 1]);
-        if (suelta && profundidad == 0 && MismoNombre(texto.substr(pos, 4), "FROM") && !EsDeNombre(texto[pos + 4]))
+        if (profundidad != 0 || (c | 0x20) != 'f' || pos == 0 || pos + 4 >= texto.size()) continue;
+        if (!EsDeNombre(texto[pos - 1]) && MismoNombre(texto.substr(pos, 4), "FROM") && !EsDeNombre(texto[pos + 4]))
             return pos + 4;
     }
     return texto.size();

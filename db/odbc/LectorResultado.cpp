@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/RuntimeError.h"
+#include "db/Nombres.h"
 #include "db/odbc/ErrorOdbc.h"
 
 namespace kv {
@@ -124,7 +125,13 @@ std::shared_ptr<const ColumnasOdbc> LectorResultado::Columnas(SQLSMALLINT cuanta
     auto conocidas = formas_.Buscar(texto_);
     if (conocidas && conocidas->size() == static_cast<std::size_t>(cuantas)) return conocidas;
     auto columnas = std::make_shared<ColumnasOdbc>();
-    for (SQLUSMALLINT i = 1; i <= cuantas; ++i) columnas->push_back(Describir(i));
+    for (SQLUSMALLINT i = 1; i <= cuantas; ++i) {
+        ColumnaOdbc columna = Describir(i);
+        columna.primera = std::none_of(columnas->begin(), columnas->end(), [&](const ColumnaOdbc& otra) {
+            return MismoNombre(otra.nombre, columna.nombre);
+        });
+        columnas->push_back(std::move(columna));
+    }
     formas_.Recordar(columnas);
     return columnas;
 }
@@ -140,7 +147,6 @@ ColumnaOdbc LectorResultado::Describir(SQLUSMALLINT posicion) {
     Comprobar(SQLDescribeColW(sentencia_->Get(), posicion, hueco_.data(), kMaximoNombre, &unidades, &tipo, &ancho,
                               &decimales, &admiteNulo));
     DeAncho(hueco_.data(), static_cast<std::size_t>(std::clamp<int>(unidades, 0, kMaximoNombre - 1)), columna.nombre);
-    columna.huella = HuellaNombre(columna.nombre);
     columna.lectura = LecturaDe(tipo, columna.nombre);
     columna.ancho = ancho;
     return columna;

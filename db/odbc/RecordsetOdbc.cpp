@@ -1,5 +1,7 @@
 #include "db/odbc/RecordsetOdbc.h"
 
+#include <algorithm>
+
 #include "base/RuntimeError.h"
 #include "db/Nombres.h"
 #include "db/Tokens.h"
@@ -55,17 +57,25 @@ std::string_view RecordsetOdbc::NombreCampo(std::int32_t posicion) {
     return (*resultado_.columnas)[static_cast<std::size_t>(posicion)].nombre;
 }
 
+std::size_t RecordsetOdbc::Posicion(const ColumnasOdbc& columnas, std::string_view nombre) const {
+    const std::size_t cuantas = columnas.size();
+    std::size_t i = siguiente_ < cuantas ? siguiente_ : 0;
+    for (std::size_t vistas = 0; vistas < cuantas; ++vistas) {
+        if (Identicos(columnas[i].nombre, nombre) && columnas[i].primera) return i;
+        if (++i == cuantas) i = 0;
+    }
+    const auto otra = std::find_if(columnas.begin(), columnas.end(),
+                                   [&](const ColumnaOdbc& columna) { return MismoNombre(columna.nombre, nombre); });
+    return static_cast<std::size_t>(otra - columnas.begin());
+}
+
 const Valor& RecordsetOdbc::LeerCampo(std::string_view nombre) {
     const Resultado& resultado = ConFila();
+    const std::size_t posicion = Posicion(*resultado.columnas, nombre);
     const std::size_t cuantas = resultado.columnas->size();
-    const std::uint32_t huella = HuellaNombre(nombre);
-    // The first of its name, when several columns share it.
-    for (std::size_t i = 0; i < cuantas; ++i) {
-        const ColumnaOdbc& columna = (*resultado.columnas)[i];
-        if (columna.huella == huella && MismoNombre(columna.nombre, nombre))
-            return resultado.valores[fila_ * cuantas + i];
-    }
-    LanzarError(kErrElementoNoEncontrado, "columna " + std::string(nombre));
+    if (posicion == cuantas) LanzarError(kErrElementoNoEncontrado, "columna " + std::string(nombre));
+    siguiente_ = posicion + 1;
+    return resultado.valores[fila_ * cuantas + posicion];
 }
 
 }  // namespace kv

@@ -27,11 +27,15 @@ class RecordsetOdbc : public Recordset {
   private:
     const Resultado& Abierto() const;
     const Resultado& ConFila() const;
+    /// The column that a reading of `nombre` means; as many as there are columns for none.
+    std::size_t Posicion(const ColumnasOdbc& columnas, std::string_view nombre) const;
 
     std::shared_ptr<ConexionOdbc::Interior> interior_;
     Resultado resultado_;
     bool abierto_ = false;
     std::size_t fila_ = 0;
+    // The column that is looked at first: rows are mostly read from left to right.
+    std::size_t siguiente_ = 0;
 };
 
 }  // namespace kv

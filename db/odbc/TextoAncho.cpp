@@ -1,6 +1,7 @@
 #include "db/odbc/TextoAncho.h"
 
 #include <cstdint>
+#include <cstring>
 
 #include "base/RuntimeError.h"
 
@@ -57,6 +58,20 @@ void AgregarUtf8(std::string& utf8, std::uint32_t caracter) {
     agregar(0x80U | (caracter & 0x3FU));
 }
 
+// Most of what travels is ASCII and changes its width by pieces of this many characters.
+constexpr std::size_t kPieza = 8;
+
+bool EsPiezaAscii(const char* utf8) {
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, utf8, kPieza);
+    return (bytes & 0x8080808080808080U) == 0;
+}
+bool EsPiezaAscii(const SQLWCHAR* ancho) {
+    SQLWCHAR juntas = 0;
+    for (std::size_t i = 0; i < kPieza; ++i) juntas |= ancho[i];
+    return juntas < 0x80;
+}
+
 }  // namespace
 
 void AAncho(std::string_view utf8, TextoAncho& ancho) {
@@ -64,6 +79,12 @@ void AAncho(std::string_view utf8, TextoAncho& ancho) {
     ancho.resize(utf8.size());
     std::size_t unidades = 0;
     for (std::size_t pos = 0; pos < utf8.size();) {
+        if (pos + kPieza <= utf8.size() && EsPiezaAscii(utf8.data() + pos)) {
+            for (std::size_t i = 0; i < kPieza; ++i) ancho[unidades + i] = static_cast<unsigned char>(utf8[pos + i]);
+            pos += kPieza;
+            unidades += kPieza;
+            continue;
+        }
         const auto byte = static_cast<unsigned char>(utf8[pos]);
         if (byte < 0x80) {
             ancho[unidades++] = byte;
@@ -84,6 +105,8 @@ void AAncho(std::string_view utf8, TextoAncho& ancho) {
 void DeAncho(const SQLWCHAR* ancho, std::size_t unidades, std::string& utf8) {
     utf8.resize(unidades);
     std::size_t pos = 0;
+    for (; pos + kPieza <= unidades && EsPiezaAscii(ancho + pos); pos += kPieza)
+        for (std::size_t i = 0; i < kPieza; ++i) utf8[pos + i] = static_cast<char>(ancho[pos + i]);
     for (; pos < unidades && ancho[pos] < 0x80; ++pos) utf8[pos] = static_cast<char>(ancho[pos]);
     utf8.resize(pos);
     while (pos < unidades) {

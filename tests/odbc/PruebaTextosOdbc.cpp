@@ -53,8 +53,8 @@ TEST(FormasConocidas, ElMoldeCallaLoQueNoDecideColumnas) {
 }
 
 TEST(TextoAncho, VaYVuelve) {
-    for (const char* texto :
-         {"", "abc", "ñ", "€ x ", "a😀b", "\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF4\x8F\xBF\xBF"}) {
+    for (const char* texto : {"", "abc", "ñ", "€ x ", "a😀b", "dieciséis letras, y más", "ocho letñoocho let€",
+                              "\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF4\x8F\xBF\xBF"}) {
         TextoAncho ancho;
         std::string vuelta;
         AAncho(texto, ancho);
