@@ -8,19 +8,85 @@
 namespace kv::prueba {
 namespace {
 
-const Fecha kDia = Fecha::DeAmd(2026, 3, 5);
+using D = DatosArticulo;
+using Filas = std::vector<ConexionGuion::Fila>;
 
-// The statements of one load under codes that all differ, so that a wrong company is seen.
+const Fecha kHoy = Fecha::DeAmd(2026, 3, 5);
+const Fecha kManana = Fecha::DeAmd(2026, 3, 6);
+
+// The columns of the master row and the property that each one fills.
+struct Dato {
+    std::string columna;
+    std::variant<std::int16_t D::*, std::int32_t D::*, std::uint8_t D::*, bool D::*, Currency D::*, std::string D::*>
+        propiedad;
+};
+const std::vector<Dato> kMaestro = {
+    {"Descripcion", &D::Descripcion},
+    {"Familia_1", &D::Familia_1},
+    {"Familia_2", &D::Familia_2},
+    {"Familia_3", &D::Familia_3},
+    {"UxCaja", &D::UxB},
+    {"Control_NSeries", &D::Control_Series},
+    {"Control_Caducidad", &D::Control_Caducidad},
+    {"DStock", &D::DStock},
+    {"CtaVentas", &D::CtaVentas},
+    {"CtaDVentas", &D::CtaDVentas},
+    {"TipoImpuesto", &D::Impuesto},
+    {"TipoImpuesto2", &D::Impuesto2},
+    {"ArticuloGenerico", &D::Tipo},
+    {"Envase", &D::Cod_Envase},
+    {"RAEE", &D::RAEE},
+    {"ECORAEE", &D::ECORAEE},
+    {"FidelizacionPuntos", &D::FidelizacionPuntos},
+    {"TipoRep", &D::TipoRep},
+    {"Control_Lotes", &D::Control_Lotes},
+    {"Largo", &D::Largo},
+    {"Ancho", &D::Ancho},
+    {"Altura", &D::Altura},
+    {"Bloqueado", &D::BloqueadoGral},
+    {"MsjAlerta", &D::MsjAlerta},
+    {"MotivoBaja", &D::MotivoBaja},
+    {"BajoPedido", &D::BajoPedido},
+    {"UnidadesDecimales", &D::UnidadesDecimales},
+    {"Peso", &D::Peso},
+};
+constexpr std::size_t kRaee = 14;
+
+// What a column holds: every value differs, and of the Booleans only the one of the column `cierta` is true.
+Valor Contenido(std::size_t columna, std::size_t cierta) {
+    return std::visit(
+        [&]<class T>(T D::*) -> Valor {
+            if constexpr (std::is_same_v<T, bool>)
+                return columna == cierta;
+            else if constexpr (std::is_same_v<T, std::string>)
+                return "¡" + std::to_string(columna);
+            else if constexpr (std::is_same_v<T, Currency>)
+                return Currency::DeEntero(static_cast<std::int64_t>(columna));
+            else
+                return static_cast<T>(columna);
+        },
+        kMaestro[columna].propiedad);
+}
+
+// The statements under company codes that all differ, so that a wrong one is seen.
 class Carga : public testing::Test {
   protected:
     Carga() {
         articulo.Conexion(guion);
         articulo.cEmpresa(empresa);
-        guion->EsperaConsulta("SELECT * FROM Clientes WHERE Cod_Empresa =3 AND Codigo =77");
     }
 
-    void Maestro(std::vector<ConexionGuion::Fila> filas) {
-        guion->EsperaConsulta(
+    std::int16_t Cargar() { return articulo.Cargar(1042, 77, kHoy, 9, 6, 2, Currency::DeEntero(2)); }
+
+    ConexionGuion::Paso& Maestro(std::size_t cierta) {
+        std::vector<std::string> columnas = {"PadreVenta"};
+        ConexionGuion::Fila fila = {std::int32_t{0}};
+        for (std::size_t i = 0; i < kMaestro.size(); ++i) {
+            columnas.push_back(kMaestro[i].columna);
+            fila.push_back(Contenido(i, cierta));
+        }
+        guion->EsperaConsulta("SELECT * FROM Clientes WHERE Cod_Empresa =3 AND Codigo =77");
+        return guion->EsperaConsulta(
             "SELECT a.Codigo, a.Descripcion, a.Familia_1, a.Familia_2, a.Familia_3, a.UxCaja, a.Largo, a.Ancho,"
             " a.Altura, a.Control_NSeries, a.DStock, a.TipoImpuesto, a.CtaVentas, a.CtaDVentas, a.Bloqueado,"
             " a.MsjAlerta, a.Envase, a.RAEE, a.ECORAEE, a.FidelizacionPuntos, a.Control_Caducidad, a.TipoRep,"
@@ -28,70 +94,7 @@ class Carga : public testing::Test {
             " ArticuloGenerico, a.UnidadesDecimales, a.PadreVenta FROM Articulos a LEFT JOIN Almacen_Articulos aa ON"
             " aa.Cod_Empresa =1 AND aa.Cod_Almacen =6 AND aa.Cod_Articulo = a.Codigo WHERE a.Cod_Empresa =2"
             " AND a.Codigo =1042",
-            {"Descripcion",
-             "Familia_1",
-             "Familia_2",
-             "Familia_3",
-             "UxCaja",
-             "Control_NSeries",
-             "Control_Caducidad",
-             "DStock",
-             "CtaVentas",
-             "CtaDVentas",
-             "TipoImpuesto",
-             "TipoImpuesto2",
-             "ArticuloGenerico",
-             "Envase",
-             "RAEE",
-             "ECORAEE",
-             "FidelizacionPuntos",
-             "TipoRep",
-             "Control_Lotes",
-             "Largo",
-             "Ancho",
-             "Altura",
-             "Bloqueado",
-             "MsjAlerta",
-             "MotivoBaja",
-             "BajoPedido",
-             "UnidadesDecimales",
-             "Peso",
-             "PadreVenta"},
-            std::move(filas));
-    }
-    static ConexionGuion::Fila Fila(Valor raee = Currency::DeEntero(5)) {
-        using S = std::string;
-        const auto i = [](int v) { return static_cast<std::int16_t>(v); };
-        const auto c = [](int v) { return Currency::DeEntero(v); };
-        return {S("Taladro"),
-                i(5),
-                i(6),
-                i(7),
-                c(12),
-                true,
-                false,
-                true,
-                S("70"),
-                S("708"),
-                std::uint8_t{1},
-                std::uint8_t{2},
-                std::int32_t{1},
-                std::int32_t{33},
-                std::move(raee),
-                c(6),
-                std::int32_t{9},
-                i(4),
-                true,
-                c(10),
-                c(11),
-                c(13),
-                false,
-                S("¡ojo!"),
-                i(8),
-                true,
-                false,
-                c(14),
-                std::int32_t{0}};
+            columnas, {fila});
     }
     void Almacen() {
         guion->EsperaConsulta(
@@ -100,8 +103,10 @@ class Carga : public testing::Test {
             {"Bloqueo", "BloqueoVenta", "Stock", "Pend_Servir", "Pend_Recibir", "Costo"},
             {{true, false, 7.5, 1.0, 2.0, 3.25}});
     }
-    // From the tariff to the customer's place in the chain.
-    void TarifaYCadena(std::vector<ConexionGuion::Fila> niveles) {
+    // From the master row to the customer's place in the chain.
+    void HastaCadena(Filas niveles) {
+        Maestro(0);
+        Almacen();
         guion->EsperaConsulta(
             "SELECT Cod_Tarifa, Pvp FROM Articulos_Tarifas WHERE Cod_Empresa =2 AND Cod_Articulo =1042 AND Cod_Tarifa"
             " =9 AND Pvp <> 0",
@@ -109,72 +114,69 @@ class Carga : public testing::Test {
         guion->EsperaConsulta(
             " SELECT Pvp FROM Clientes_Art_PVP WHERE Cod_Empresa =1 AND Cod_Cliente =77 AND Cod_Articulo =1042"
             " AND Fecha_Inicial <=' 05/03/2026' AND Fecha_Final >=' 05/03/2026'");
+        std::vector<std::string> columnas;
+        for (int i = 1; i <= 10; ++i) columnas.push_back("Cad_Nivel_" + std::to_string(i));
         guion->EsperaConsulta(
             "SELECT Cad_Nivel_1, Cad_Nivel_2, Cad_Nivel_3, Cad_Nivel_4, Cad_Nivel_5, Cad_Nivel_6, Cad_Nivel_7,"
             " Cad_Nivel_8, Cad_Nivel_9, Cad_Nivel_10  FROM Clientes WHERE Cod_Empresa=1 AND Codigo=77",
-            {"Cad_Nivel_1", "Cad_Nivel_2", "Cad_Nivel_3", "Cad_Nivel_4", "Cad_Nivel_5", "Cad_Nivel_6", "Cad_Nivel_7",
-             "Cad_Nivel_8", "Cad_Nivel_9", "Cad_Nivel_10"},
-            std::move(niveles));
+            columnas, std::move(niveles));
     }
 
-    BibliotecaDePrueba biblioteca{kDia, ','};
+    BibliotecaDePrueba biblioteca{kHoy, ','};
     std::shared_ptr<ConexionGuion> guion = std::make_shared<ConexionGuion>();
     std::shared_ptr<EmpresaFija> empresa = std::make_shared<EmpresaFija>();
     clsDatosArt articulo;
 };
 
-TEST_F(Carga, Entera_SentenciasEnOrdenYPropiedades) {
+TEST_F(Carga, Entera_SentenciasEnOrden) {
     articulo.Convenio = "antes";
-    articulo.BloqueadoVenta = articulo.BloqueadoGral = articulo.Control_Caducidad = articulo.UnidadesDecimales = true;
-    Maestro({Fila()});
-    Almacen();
-    TarifaYCadena({});
+    articulo.BloqueadoVenta = true;
+    HastaCadena({});
     guion->EsperaConsulta(
         "SELECT a.PUC, a.Pvp, b.PU_Compra AS PUC_Base, ISNULL(c.Pvp, 0) AS Pvp_Base FROM Clientes_Convenio_Pvp a"
         " INNER JOIN Articulos b ON a.Cod_ArticuloB = b.Codigo AND b.Cod_Empresa =2 LEFT JOIN Articulos_Tarifas c"
         " ON a.Cod_ArticuloB = c.Cod_Articulo AND c.Cod_Empresa =2 WHERE a.Cod_Empresa =1 AND c.Cod_Tarifa = 1"
         " AND a.Cod_Cliente =77 AND a.Cod_Articulo =1042");
-    guion->EsperaProcedimiento("KVP_DevDtoClientesGrupos", {}, {});
-    guion->YFalla(2812, "no existe");
-    guion->EsperaProcedimiento("KVP_DevDtoDescuentosFamilias", {}, {});
-    guion->YFalla(2812, "no existe");
-    EXPECT_EQ(3, articulo.Cargar(1042, 77, kDia, 9, 6, 2, Currency::DeEntero(2)));
+    for (const char* procedimiento : {"KVP_DevDtoClientesGrupos", "KVP_DevDtoDescuentosFamilias"}) {
+        guion->EsperaProcedimiento(procedimiento, {}, {});
+        guion->YFalla(2812, "no existe");
+    }
+    EXPECT_EQ(3, Cargar());
     EXPECT_EQ(20, articulo.Pvp);
     EXPECT_EQ(20, articulo.PvpOriginal);
-    EXPECT_EQ(9, articulo.TarifaPVP);
     EXPECT_EQ(Currency::DeDouble(19.995), articulo.PvpBase);
+    EXPECT_EQ(9, articulo.TarifaPVP);
+    EXPECT_EQ("", articulo.Convenio);
     EXPECT_EQ(3.25, articulo.PCosto);
     EXPECT_EQ(Currency::DeDouble(7.5), articulo.Stock);
     EXPECT_EQ(Currency::DeEntero(1), articulo.PendienteServir);
     EXPECT_EQ(Currency::DeEntero(2), articulo.PendienteRecibir);
     EXPECT_TRUE(articulo.Bloqueado);
     EXPECT_FALSE(articulo.BloqueadoVenta);
-    EXPECT_EQ(1042, articulo.Codigo);
-    EXPECT_EQ("Taladro", articulo.Descripcion);
-    EXPECT_EQ("", articulo.Convenio);
-    EXPECT_EQ("70", articulo.CtaVentas);
-    EXPECT_EQ("708", articulo.CtaDVentas);
-    EXPECT_EQ("¡ojo!", articulo.MsjAlerta);
-    const std::pair<int, int> enteros[] = {
-        {5, articulo.Familia_1},   {6, articulo.Familia_2},          {7, articulo.Familia_3},
-        {33, articulo.Cod_Envase}, {1, articulo.Impuesto},           {2, articulo.Impuesto2},
-        {4, articulo.TipoRep},     {9, articulo.FidelizacionPuntos}, {8, articulo.MotivoBaja}};
-    for (const auto& [esperado, leido] : enteros) EXPECT_EQ(esperado, leido);
-    const std::pair<int, Currency> importes[] = {{12, articulo.UxB},   {5, articulo.RAEE},   {6, articulo.ECORAEE},
-                                                 {10, articulo.Largo}, {11, articulo.Ancho}, {13, articulo.Altura},
-                                                 {14, articulo.Peso}};
-    for (const auto& [esperado, leido] : importes) EXPECT_EQ(Currency::DeEntero(esperado), leido);
-    EXPECT_TRUE(articulo.Control_Series && articulo.DStock && articulo.Tipo && articulo.Control_Lotes &&
-                articulo.BajoPedido);
-    EXPECT_FALSE(articulo.Control_Caducidad || articulo.BloqueadoGral || articulo.UnidadesDecimales);
+}
+
+TEST_F(Carga, DeUnaVariante_CadaColumnaEnSuPropiedad) {
+    articulo.CualidadX = 38;
+    articulo.CualidadY = 4;
+    for (std::size_t cierta = 0; cierta < kMaestro.size(); ++cierta) {
+        Maestro(cierta);
+        Almacen();
+        guion->EsperaConsulta(
+            "SELECT (Stock_Actual + Stock_MiniCompra) AS Stock, P_Medio AS Costo FROM Almacen_Articulos_C"
+            " WHERE Cod_Empresa =1 AND Cod_Almacen =6 AND Cod_Articulo =1042 AND CualidadX =38 AND CualidadY =4");
+        guion->YFalla(1205, "bloqueo");
+        EsperarError(1205, "Proveedor", [&] { Cargar(); });
+        EXPECT_EQ(1042, articulo.Codigo);
+        for (std::size_t i = 0; i < kMaestro.size(); ++i)
+            std::visit([&](auto d) { EXPECT_EQ(Contenido(i, cierta), Valor(articulo.*d)) << kMaestro[i].columna; },
+                       kMaestro[i].propiedad);
+    }
 }
 
 TEST_F(Carga, DiezNiveles_CadaUnoEnSuSitio) {
-    Maestro({Fila()});
-    Almacen();
     ConexionGuion::Fila niveles;
     for (std::int16_t nivel = 11; nivel <= 20; ++nivel) niveles.emplace_back(nivel);
-    TarifaYCadena({niveles});
+    HastaCadena({niveles});
     guion->EsperaConsulta(
         "SELECT TOP 1 a.* FROM Clientes_Cadenas_ConvArt a WHERE a.Cod_Empresa = 1 AND a.Cod_Articulo = 1042"
         " AND Cod_Nivel1 =11 AND Cod_Nivel2 =12 AND Cod_Nivel3 =13 AND Cod_Nivel4 =14 AND Cod_Nivel5 =15"
@@ -182,7 +184,7 @@ TEST_F(Carga, DiezNiveles_CadaUnoEnSuSitio) {
         " AND a.FechaEntrada <='05/03/2026' AND a.FechaSalida >='05/03/2026' AND a.FechaSalida < '31/12/2050'"
         " ORDER BY a.FechaEntrada DESC");
     guion->YFalla(1205, "bloqueo");
-    EsperarError(1205, "clsClientes_Cadenas_ConvArt::Dev_PBase", [&] { articulo.Cargar(1042, 77, kDia, 9, 6, 2); });
+    EsperarError(1205, "clsClientes_Cadenas_ConvArt::Dev_PBase", [&] { Cargar(); });
     EXPECT_EQ(19.995, articulo.Pvp);
     EXPECT_EQ(Currency(), articulo.PvpBase);
 }
@@ -191,15 +193,82 @@ TEST_F(Carga, NuloAMitad_DejaLoAnteriorYLosPreciosACero) {
     articulo.Pvp = articulo.PvpOriginal = articulo.TarifaPVP = 9;
     articulo.Convenio = "antes";
     articulo.Peso = Currency::DeEntero(1);
-    Maestro({Fila(Nulo{})});
-    EsperarError(kErrNulo, "KVDatosArt", [&] { articulo.Cargar(1042, 77, kDia, 9, 6, 2); });
+    Maestro(0).filas[0][1 + kRaee] = Nulo{};
+    EsperarError(kErrNulo, "KVDatosArt", [&] { Cargar(); });
     EXPECT_EQ(1042, articulo.Codigo);
-    EXPECT_EQ(33, articulo.Cod_Envase);
+    EXPECT_EQ(13, articulo.Cod_Envase);
     EXPECT_EQ(0, articulo.Pvp);
     EXPECT_EQ(0, articulo.PvpOriginal);
     EXPECT_EQ(0, articulo.TarifaPVP);
     EXPECT_EQ("antes", articulo.Convenio);
     EXPECT_EQ(Currency::DeEntero(1), articulo.Peso);
+}
+
+TEST_F(Carga, PrecioDeTarifa) {
+    const std::string kVigente =
+        "SELECT Cod_Tarifa, Pvp FROM Articulos_Tarifas WHERE Cod_Empresa =2 AND Cod_Articulo =1042 AND Cod_Tarifa =3"
+        " AND Pvp <> 0";
+    const std::string kVigenteC =
+        "SELECT Cod_Tarifa, Pvp FROM Articulos_Tarifas_C WHERE Cod_Empresa =2 AND Cod_Articulo =1042 AND CualidadX =38"
+        " AND Cod_Tarifa =3 AND Pvp <> 0";
+    const std::string kCambio =
+        "SELECT TOP 1 Cod_Tarifa, Pvp FROM Tarifas_Modificacion WHERE Cod_Empresa =2 AND Cod_Articulo =1042"
+        " AND Cod_Tarifa =3 AND Pvp <> 0 AND Actualizado=1 AND Borrado=0  AND Fecha_Entrada<='06/03/2026'"
+        " ORDER BY Fecha_Entrada DESC, Codigo DESC";
+    const std::string kCambioC =
+        "SELECT TOP 1 Cod_Tarifa, Pvp FROM Tarifas_Modificacion_C WHERE Cod_Empresa =2 AND Cod_Articulo =1042"
+        " AND CualidadX =38 AND Cod_Tarifa =3 AND Pvp <> 0 AND Actualizado=1 AND Borrado=0 "
+        " AND Fecha_Entrada<='06/03/2026' ORDER BY Fecha_Entrada DESC, Codigo DESC";
+    const Valor kPrecio = Currency::DeDouble(12.3456);
+    struct Caso {
+        const char* nombre;
+        std::int16_t tarifa;
+        std::uint8_t x;
+        Fecha dia;
+        bool forzar;
+        std::optional<Filas> interruptor;  // None: the company's switch is not asked for.
+        std::string sentencia;
+        Filas precio;
+        std::int32_t error = 0;
+    };
+    const Caso kCasos[] = {
+        {"hoy no mira adelante ni forzado", 3, 0, kHoy, true, {}, kVigente, {{kPrecio}}},
+        {"variante", 3, 38, kHoy, false, {}, kVigenteC, {{kPrecio}}},
+        {"futura forzada", 3, 0, kManana, true, {}, kCambio, {{kPrecio}}},
+        {"futura de una variante", 3, 38, kManana, false, Filas{{true}}, kCambioC, {{kPrecio}}},
+        {"interruptor apagado", 3, 0, kManana, false, Filas{{false}}, kVigente, {{kPrecio}}},
+        {"empresa sin fila", 3, 0, kManana, false, Filas{}, kVigente, {{kPrecio}}},
+        {"interruptor nulo", 3, 0, kManana, false, Filas{{Nulo{}}}, "", {}, kErrNulo},
+        {"precio nulo", 3, 0, kHoy, false, {}, kVigente, {{Nulo{}}}, kErrNulo},
+        {"sin precio pide el cliente", 3, 0, kHoy, false, {}, kVigente, {}, kErrObjetoNoEstablecido},
+        {"tarifa 0", 0, 0, kHoy, false, {}, "", {}, kErrObjetoNoEstablecido},
+        {"tarifa negativa", -1, 0, kHoy, false, {}, "", {}, kErrObjetoNoEstablecido},
+    };
+    for (const Caso& caso : kCasos) {
+        SCOPED_TRACE(caso.nombre);
+        if (caso.interruptor)
+            guion->EsperaConsulta("SELECT TarifasxFechas FROM Empresas WHERE Codigo=1", {"TarifasxFechas"},
+                                  *caso.interruptor);
+        if (!caso.sentencia.empty()) guion->EsperaConsulta(caso.sentencia, {"Pvp"}, caso.precio);
+        articulo.Codigo = 1042;
+        articulo.CualidadX = caso.x;
+        articulo.TarifaPVP = 77;
+        const auto precio = [&] { return articulo.DevPvp(caso.tarifa, caso.dia, caso.forzar); };
+        if (caso.error != 0)
+            EsperarError(caso.error, "KVDatosArt", precio);
+        else
+            EXPECT_EQ(kPrecio, Valor(precio()));
+        EXPECT_EQ(caso.error != 0 ? 77 : 3, articulo.TarifaPVP);
+        guion->Terminar();
+    }
+}
+
+TEST(SinConexionOEmpresa, Error91) {
+    const BibliotecaDePrueba biblioteca(kHoy);
+    clsDatosArt articulo;
+    EsperarError(kErrObjetoNoEstablecido, "KVDatosArt", [&] { articulo.DevPvp(3, kHoy); });
+    articulo.Conexion(std::make_shared<ConexionGuion>());
+    EsperarError(kErrObjetoNoEstablecido, "KVDatosArt", [&] { articulo.DevPvp(3, kHoy); });
 }
 
 }  // namespace
