@@ -7,6 +7,7 @@
 #include "schema/Demostracion.h"
 #include "schema/Esquema.h"
 #include "tests/comun/FicheroTemporal.h"
+#include "tests/comun/LeerValor.h"
 
 namespace kv::prueba {
 
@@ -32,12 +33,5 @@ class BaseDePrueba {
     CarpetaTemporal carpeta_;
     std::string ruta_ = carpeta_.Fichero("prueba.kv");
 };
-
-/// The first row's column of a query, as the database typed it.
-inline Valor LeerValor(Connection& conexion, const std::string& sql) {
-    std::unique_ptr<Recordset> rs;
-    AbrirLectura(rs, conexion, sql);
-    return rs->Fields(rs->NombreCampo(0)).Value();
-}
 
 }  // namespace kv::prueba

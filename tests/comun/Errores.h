@@ -2,11 +2,23 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <string_view>
 
 #include "base/RuntimeError.h"
 
 namespace kv::prueba {
+
+/// What `accion` fails with, as "number|source|description"; empty when it does not fail.
+template <class Accion>
+std::string FalloDe(Accion&& accion) {
+    try {
+        accion();
+    } catch (const RuntimeError& error) {
+        return std::to_string(error.numero) + "|" + error.origen + "|" + error.descripcion;
+    }
+    return {};
+}
 
 /// Runs `accion` and checks that it fails with this number and source; an empty source is not looked at.
 template <class Accion>
