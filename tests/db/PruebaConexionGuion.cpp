@@ -8,73 +8,36 @@
 namespace kv::prueba {
 namespace {
 
-void Abrir(ConexionGuion& guion, std::string_view texto) {
-    std::unique_ptr<Recordset> rs;
-    AbrirLectura(rs, guion, texto);
+Parameter Entero(Valor valor) {
+    return {"@A", DataType::adInteger, ParameterDirection::adParamInputOutput, 0, std::move(valor)};
 }
 
-TEST(ConexionGuion, TextoDistinto_FallaYEnsenaLosDos) {
-    ConexionGuion guion;
-    guion.EsperaConsulta("SELECT 1");
-    EXPECT_NONFATAL_FAILURE(EsperarError(-1, "ConexionGuion", [&] { Abrir(guion, "SELECT  1"); }), "|SELECT  1|");
-    Abrir(guion, "SELECT 1");
-}
-
-TEST(ConexionGuion, OperacionDeMasOPasoDeMenos_Fallan) {
-    ConexionGuion guion;
-    EXPECT_NONFATAL_FAILURE(EsperarError(-1, "", [&] { guion.Ejecutar("DELETE FROM T"); }), "inesperada");
-    guion.EsperaCommitTrans();
-    EXPECT_NONFATAL_FAILURE(guion.Terminar(), "paso sin ejecutar");
-}
-
-TEST(ConexionGuion, ConstantesYCuentaDeAfectados_SeComprueban) {
-    ConexionGuion guion;
-    std::unique_ptr<Recordset> rs;
-    guion.EsperaConsulta("A").cursor = CursorType::adOpenKeyset;
-    EXPECT_NONFATAL_FAILURE(AbrirEdicion(rs, guion, "A"), "LockType");
-    guion.EsperaEjecucion("B");
-    EXPECT_NONFATAL_FAILURE(guion.EjecutarContando("B"), "afectados");
-    guion.EsperaEscritura("B", 3);
-    EXPECT_EQ(3, guion.EjecutarContando("B"));
-}
-
-TEST(ConexionGuion, ParametrosDistintos_Fallan) {
-    ConexionGuion guion;
-    const Parameter esperado{"@A", DataType::adInteger, ParameterDirection::adParamInput, 0, std::int32_t{1}};
-    Parameter otro = esperado;
-    otro.Value = std::int16_t{1};
-    guion.EsperaProcedimiento("P", {esperado}, {});
-    const auto comando = guion.CrearCommand();
+/// Calls a procedure with one parameter; the value that it leaves there.
+Valor Llamar(Connection& conexion, const Parameter& parametro) {
+    const auto comando = conexion.CrearCommand();
     comando->CommandType = CommandType::adCmdStoredProc;
     comando->CommandTimeout = 500;
     comando->CommandText = "P";
-    comando->Parameters.Append(otro);
-    EXPECT_NONFATAL_FAILURE(comando->Execute(CommandType::adOptionUnspecified), "parámetros de P");
-    EXPECT_EQ("@A", comando->Parameters.Item("@a").Name);
+    comando->Parameters.Append(parametro);
+    comando->Execute(CommandType::adOptionUnspecified);
     EsperarError(kErrElementoNoEncontrado, "", [&] { comando->Parameters.Item("@B"); });
+    return comando->Parameters.Item("@a").Value;
 }
 
-TEST(ConexionGuion, FalloPedido_SeLanzaEnSuPaso) {
+TEST(ConexionGuion, LoQueNoEsElGuion_Falla) {
     ConexionGuion guion;
-    guion.EsperaBeginTrans();
-    guion.EsperaEjecucion("UPDATE T");
-    guion.YFalla(1205, "bloqueo");
-    guion.BeginTrans();
-    EsperarError(1205, "Proveedor", [&] { guion.Ejecutar("UPDATE T"); });
-}
-
-TEST(ConexionGuion, CamposYEstado_ComoAdo) {
-    ConexionGuion guion;
-    guion.EsperaConsulta("A", {"Uno"}, {{std::int32_t{1}}});
     std::unique_ptr<Recordset> rs;
-    AbrirLectura(rs, guion, "A");
-    EXPECT_EQ(1, ALong(rs->Fields("UNO").Value()));
-    EsperarError(kErrElementoNoEncontrado, "", [&] { rs->Fields("Dos"); });
-    rs->MoveNext();
-    EXPECT_TRUE(rs->Eof());
-    EsperarError(kErrSinRegistro, "", [&] { rs->Fields("Uno"); });
-    rs->Close();
-    EsperarError(kErrObjetoCerrado, "", [&] { rs->Eof(); });
+    guion.EsperaConsulta("SELECT 1").cursor = CursorType::adOpenKeyset;
+    EXPECT_NONFATAL_FAILURE(EsperarError(-1, "ConexionGuion", [&] { AbrirLectura(rs, guion, "SELECT  1"); }),
+                            "|SELECT  1|");
+    EXPECT_NONFATAL_FAILURE(AbrirEdicion(rs, guion, "SELECT 1"), "LockType");
+    EXPECT_NONFATAL_FAILURE(EsperarError(-1, "", [&] { guion.Ejecutar("DELETE FROM T"); }), "inesperada");
+    guion.EsperaEjecucion("B");
+    EXPECT_NONFATAL_FAILURE(guion.EjecutarContando("B"), "afectados");
+    guion.EsperaProcedimiento("P", {Entero(std::int32_t{1})}, {});
+    EXPECT_NONFATAL_FAILURE(Llamar(guion, Entero(std::int16_t{1})), "parámetros de P");
+    guion.EsperaCommitTrans();
+    EXPECT_NONFATAL_FAILURE(guion.Terminar(), "paso sin ejecutar");
 }
 
 TEST(ConexionTrazada, InformaDeCadaOperacionYDejaPasarTodo) {
@@ -84,6 +47,9 @@ TEST(ConexionTrazada, InformaDeCadaOperacionYDejaPasarTodo) {
     guion->EsperaEscritura("B", 2);
     guion->EsperaEjecucion("C");
     guion->YFalla(7, "no");
+    guion->EsperaProcedimiento("P", {Entero(std::int32_t{1})}, {Entero(std::int32_t{5})});
+    guion->EsperaRollbackTrans();
+    guion->EsperaCommitTrans();
     std::vector<std::string> visto;
     ConexionTrazada trazada(guion, [&](const OperacionTrazada& o) {
         visto.push_back(std::string(o.clase) + "|" + std::string(o.texto) + "|" + (o.hayFila ? "fila" : "") +
@@ -93,9 +59,20 @@ TEST(ConexionTrazada, InformaDeCadaOperacionYDejaPasarTodo) {
     std::unique_ptr<Recordset> rs;
     AbrirLectura(rs, trazada, "A");
     EXPECT_EQ(1, ALong(rs->Fields("uno").Value()));
+    EsperarError(kErrElementoNoEncontrado, "", [&] { rs->Fields("Dos"); });
+    rs->MoveNext();
+    EXPECT_TRUE(rs->Eof());
+    EsperarError(kErrSinRegistro, "", [&] { rs->Fields("Uno"); });
+    rs->Close();
+    EsperarError(kErrObjetoCerrado, "", [&] { rs->Eof(); });
     EXPECT_EQ(2, trazada.EjecutarContando("B"));
     EsperarError(7, "Proveedor", [&] { trazada.Ejecutar("C"); });
-    EXPECT_EQ((std::vector<std::string>{"BeginTrans||-1", "Open|A|fila-1", "Execute|B|2", "Execute|C|-1no"}), visto);
+    EXPECT_EQ(Valor(std::int32_t{5}), Llamar(trazada, Entero(std::int32_t{1})));
+    trazada.RollbackTrans();
+    trazada.CommitTrans();
+    EXPECT_EQ((std::vector<std::string>{"BeginTrans||-1", "Open|A|fila-1", "Execute|B|2", "Execute|C|-1no",
+                                        "Command|P|-1", "RollbackTrans||-1", "CommitTrans||-1"}),
+              visto);
 }
 
 }  // namespace

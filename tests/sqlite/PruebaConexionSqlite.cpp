@@ -6,6 +6,7 @@
 #include "tests/comun/ContratoAdaptador.h"
 #include "tests/comun/Errores.h"
 #include "tests/comun/FicheroTemporal.h"
+#include "tests/comun/LeerValor.h"
 
 namespace kv::prueba {
 namespace {
@@ -33,53 +34,35 @@ struct Base {
 };
 
 std::shared_ptr<Connection> Conectar() {
-    auto base = std::make_shared<Base>();
-    std::shared_ptr<Connection> conexion = base->Abrir();
     // The folder lives as long as the connection.
-    Connection* const abierta = conexion.get();
-    return {abierta, [base = std::move(base), conexion = std::move(conexion)](Connection*) mutable {
-                conexion.reset();
-                base.reset();
-            }};
+    struct Abierta {
+        Base base;
+        std::shared_ptr<ConexionSqlite> conexion = base.Abrir();
+    };
+    const auto abierta = std::make_shared<Abierta>();
+    return {abierta, abierta->conexion.get()};
 }
 
 INSTANTIATE_TEST_SUITE_P(Sqlite, ContratoAdaptador, testing::Values(AdaptadorProbado{"sqlite", Conectar}));
 
-TEST(ConexionSqlite, ElMismoTextoConOtrosValores_NoSePreparaDeNuevo) {
-    const Base base;
-    const auto conexion = base.Abrir();
-    std::unique_ptr<Recordset> rs;
-    const auto leer = [&](const std::string& sql) {
-        conexion->BeginTrans();
-        AbrirLectura(rs, *conexion, sql);
-        const bool hay = !rs->Eof();
-        rs->Close();
-        conexion->CommitTrans();
-        return hay;
-    };
-    EXPECT_TRUE(leer("SELECT Texto FROM Contrato WHERE Codigo =1 AND Fecha >='05/03/2026'"));
-    EXPECT_TRUE(leer("SELECT Codigo FROM Contrato WHERE Importe =-0.5"));
-    const auto preparadas = conexion->Preparaciones();
-    for (int i = 0; i < 50; ++i) {
-        EXPECT_EQ(i == 1,
-                  leer("SELECT Texto FROM Contrato WHERE Codigo =" + std::to_string(i) + " AND Fecha >='05/03/2026'"));
-        EXPECT_EQ(i == 12, leer("SELECT Codigo FROM Contrato WHERE Importe =" + std::to_string(i) + ".3456"));
-    }
-    EXPECT_EQ(preparadas, conexion->Preparaciones());
-    EXPECT_TRUE(leer("SELECT Texto FROM Contrato WHERE Codigo =1 AND  Fecha >='05/03/2026'"));
-    EXPECT_EQ(preparadas + 1, conexion->Preparaciones());
-}
-
-TEST(ConexionSqlite, MuchasPlantillas_SeOlvidanLasMasViejasSinPerderNada) {
+TEST(ConexionSqlite, CadaTextoSePreparaUnaVez_YSeOlvidanLosMasViejosSinPerderNada) {
     const Base base;
     const auto conexion = base.Abrir();
     std::unique_ptr<Recordset> abierto;
     AbrirLectura(abierto, *conexion, "SELECT Codigo FROM Contrato ORDER BY Codigo");
-    for (int i = 0; i < 500; ++i) {
-        std::unique_ptr<Recordset> rs;
-        AbrirLectura(rs, *conexion, "SELECT Codigo + " + std::to_string(i) + " AS Suma FROM Contrato WHERE Codigo =1");
-        ASSERT_EQ(i + 1, ALong(rs->Fields("Suma").Value()));
+    const auto cuantas = [&](const std::string& donde) {
+        return ALong(LeerValor(*conexion, "SELECT COUNT(*) AS N FROM Contrato WHERE " + donde));
+    };
+    for (int i = 0; i < 50; ++i) {
+        EXPECT_EQ(i == 1 ? 1 : 0, cuantas("Codigo =" + std::to_string(i) + " AND Fecha >='05/03/2026'"));
+        EXPECT_EQ(i == 12 ? 1 : 0, cuantas("Importe =" + std::to_string(i) + ".3456"));
     }
+    EXPECT_EQ(3U, conexion->Preparaciones());
+    EXPECT_EQ(1, cuantas("Codigo =1 AND  Fecha >='05/03/2026'"));
+    EXPECT_EQ(4U, conexion->Preparaciones());
+    for (int i = 0; i < 500; ++i) ASSERT_EQ(1, cuantas("Codigo + " + std::to_string(i) + " =" + std::to_string(i + 1)));
+    EXPECT_EQ(Valor(std::int64_t{3000000001}),
+              LeerValor(*conexion, "SELECT Codigo + 3000000000 AS Suma FROM Contrato WHERE Codigo =1"));
     abierto->MoveNext();
     EXPECT_EQ(2, ALong(abierto->Fields("Codigo").Value()));
 }
@@ -93,11 +76,11 @@ TEST(ConexionSqlite, Procedimiento_EntradasPorNombreYSalidas) {
     using D = ParameterDirection;
     comando->Parameters.Append({"Return", DataType::adInteger, D::adParamReturnValue, 0, Nulo{}});
     comando->Parameters.Append({"@Cliente", DataType::adInteger, D::adParamInput, 0, std::int32_t{1}});
-    comando->Parameters.Append({"@Veces", DataType::adInteger, D::adParamInput, 0, Currency::DeEntero(2)});
+    comando->Parameters.Append({"@Veces", DataType::adInteger, D::adParamInput, 0, 2.5});
     comando->Parameters.Append({"@SinUso", DataType::adInteger, D::adParamInput, 0, std::int32_t{5}});
     comando->Parameters.Append({"@Dto", DataType::adCurrency, D::adParamOutput, 0, Nulo{}});
     comando->Execute(CommandType::adOptionUnspecified);
-    EXPECT_EQ(Currency::DeDouble(24.6912), ACurrency(comando->Parameters.Item("@dto").Value));
+    EXPECT_EQ(Currency::DeDouble(30.864), ACurrency(comando->Parameters.Item("@dto").Value));
     EXPECT_EQ(Valor(std::int32_t{0}), comando->Parameters.Item("Return").Value);
     comando->CommandText = "NoHay";
     EsperarError(1, "SQLite", [&] { comando->Execute(CommandType::adOptionUnspecified); });
@@ -105,25 +88,27 @@ TEST(ConexionSqlite, Procedimiento_EntradasPorNombreYSalidas) {
 
 TEST(ConexionSqlite, FicherosQueNoSirven_DicenCualYPorQue) {
     const Base base;
-    const auto abrir = [](const std::string& ruta, IdentidadBase identidad = kIdentidad) {
-        try {
-            ConexionSqlite::Abrir(ruta, identidad, ConexionSqlite::Modo::SoloLectura);
-        } catch (const RuntimeError& error) {
-            return error.descripcion;
-        }
-        return std::string();
+    std::ofstream(base.carpeta.Fichero("texto.kv")) << std::string(5000, 'x');
+    std::ofstream(base.carpeta.Fichero("vacio.kv")).flush();
+    const struct {
+        const char* fichero;
+        IdentidadBase identidad;
+        int numero;
+        const char* motivo;
+    } casos[] = {
+        {"falta.kv", kIdentidad, 14, " no existe"},
+        {".", kIdentidad, 14, " no es un fichero"},
+        {"texto.kv", kIdentidad, 26, " no es una base de datos"},
+        {"vacio.kv", kIdentidad, 26, " no es una base de datos de KVDatosArt"},
+        {"base.kv", {kIdentidad.aplicacion + 1, 3}, 26, " no es una base de datos de KVDatosArt"},
+        {"base.kv", {kIdentidad.aplicacion, 4}, 17, " tiene la versión de esquema 3 y hace falta la 4"},
+        {"base.kv", {kIdentidad.aplicacion, 2}, 17, " tiene la versión de esquema 3 y hace falta la 2"},
     };
-    const std::string falta = base.carpeta.Fichero("falta.kv");
-    EXPECT_EQ("«" + falta + "» no existe", abrir(falta));
-    const std::string texto = base.carpeta.Fichero("texto.kv");
-    std::ofstream(texto) << std::string(5000, 'x');
-    EXPECT_EQ("«" + texto + "» no es una base de datos", abrir(texto));
-    const std::string vacio = base.carpeta.Fichero("vacio.kv");
-    std::ofstream(vacio).flush();
-    EXPECT_EQ("«" + vacio + "» no es una base de datos de KVDatosArt", abrir(vacio));
-    EXPECT_EQ("«" + base.carpeta.Fichero(".") + "» no es un fichero", abrir(base.carpeta.Fichero(".")));
-    EXPECT_NE(std::string::npos, abrir(base.ruta, {kIdentidad.aplicacion, 4}).find("versión de esquema 3"));
-    EXPECT_EQ("", abrir(base.ruta));
+    for (const auto& caso : casos) {
+        const std::string ruta = base.carpeta.Fichero(caso.fichero);
+        const auto abrir = [&] { ConexionSqlite::Abrir(ruta, caso.identidad, ConexionSqlite::Modo::SoloLectura); };
+        EXPECT_EQ(std::to_string(caso.numero) + "|SQLite|«" + ruta + "»" + caso.motivo, FalloDe(abrir));
+    }
 }
 
 TEST(ConexionSqlite, CrearQueFalla_NoDejaNada) {
@@ -140,9 +125,7 @@ TEST(ConexionSqlite, CrearQueFalla_NoDejaNada) {
 }
 
 TEST(ConexionSqlite, SoloLectura_NoEscribe) {
-    const Base base;
-    const auto conexion = base.Abrir(ConexionSqlite::Modo::SoloLectura);
-    EXPECT_THROW(conexion->Ejecutar("DELETE FROM Contrato"), RuntimeError);
+    EXPECT_THROW(Base().Abrir(ConexionSqlite::Modo::SoloLectura)->Ejecutar("DELETE FROM Contrato"), RuntimeError);
 }
 
 }  // namespace
