@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <string>
 
@@ -18,9 +21,24 @@ struct BaseOdbc {
 };
 
 /// The server that scripts/postgres.sh started, as the file named by KV_POSTGRES says.
-BaseOdbc Postgres();
+inline BaseOdbc Postgres() {
+    const std::string falta = "falta: ";
+    const char* fichero = std::getenv("KV_POSTGRES");
+    if (fichero == nullptr) return {"KV_POSTGRES no dice dónde está el PostgreSQL de las pruebas", ""};
+    std::string linea;
+    std::ifstream entrada(fichero);
+    if (!std::getline(entrada, linea)) linea = falta + "no se puede leer " + fichero;
+    return linea.starts_with(falta) ? BaseOdbc{linea.substr(falta.size()), ""} : BaseOdbc{"", linea};
+}
 
 /// The path of a driver's library; empty when it is not installed.
-std::string Controlador(const std::string& biblioteca);
+inline std::string Controlador(const std::string& biblioteca) {
+    for (const auto& carpeta : std::filesystem::directory_iterator("/usr/lib")) {
+        const std::filesystem::path ruta = carpeta.path() / "odbc" / biblioteca;
+        std::error_code ignorado;
+        if (std::filesystem::exists(ruta, ignorado)) return ruta.string();
+    }
+    return {};
+}
 
 }  // namespace kv::prueba
