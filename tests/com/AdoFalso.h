@@ -94,8 +94,12 @@ class Falso : public Contado<Interfaz> {
 
 class CampoFalso : public Falso<ado::Field> {
   public:
-    explicit CampoFalso(const Valor& valor) : Falso(IID_NULL), valor_(valor) {}
-    HRESULT STDMETHODCALLTYPE get_Name(BSTR*) override { return E_NOTIMPL; }
+    explicit CampoFalso(const Valor& valor, std::string_view nombre = {})
+        : Falso(IID_NULL), valor_(valor), nombre_(nombre) {}
+    HRESULT STDMETHODCALLTYPE get_Name(BSTR* nombre) override {
+        *nombre = Cadena(nombre_).Soltar();
+        return S_OK;
+    }
     HRESULT STDMETHODCALLTYPE get_Value(VARIANT* valor) override {
         Contar(std::holds_alternative<std::string>(valor_) ? 1 : 0);
         *valor = Variante(valor_).Soltar();
@@ -104,6 +108,7 @@ class CampoFalso : public Falso<ado::Field> {
 
   private:
     Valor valor_;
+    std::string nombre_;
 };
 
 class CamposFalsos : public Falso<ado::Fields> {
