@@ -34,7 +34,7 @@ std::string Decimal(unsigned char escala, bool negativo, ULONG alto, ULONGLONG b
     return Leer(v);
 }
 
-TEST(Variante, CadaTipoSeLeeComoElSuyo) {
+TEST(Variante, CadaTipoSeLeeComoElSuyo_TambienPorReferencia) {
     CY cy;
     cy.int64 = -123456789;
     EXPECT_EQ("0:", Leer(VT_EMPTY, &VARIANT::lVal, 0L));
@@ -55,9 +55,7 @@ TEST(Variante, CadaTipoSeLeeComoElSuyo) {
     EXPECT_EQ("10:", Leer(VT_BSTR, &VARIANT::bstrVal, static_cast<BSTR>(nullptr)));
     EXPECT_EQ("error 13", Leer(VT_DISPATCH, &VARIANT::pdispVal, static_cast<IDispatch*>(nullptr)));
     EXPECT_EQ("error 13", Leer(VT_ARRAY | VT_UI1, &VARIANT::parray, static_cast<SAFEARRAY*>(nullptr)));
-}
 
-TEST(Variante, ReferenciasSeSiguen) {
     double doble = 2.5;
     SHORT corto = -7;
     Variante dentro(Valor{std::string("Peña 5 €")});

@@ -33,11 +33,10 @@ inline BaseOdbc Postgres() {
 
 /// The path of a driver's library; empty when it is not installed.
 inline std::string Controlador(const std::string& biblioteca) {
-    for (const auto& carpeta : std::filesystem::directory_iterator("/usr/lib")) {
-        const std::filesystem::path ruta = carpeta.path() / "odbc" / biblioteca;
-        std::error_code ignorado;
-        if (std::filesystem::exists(ruta, ignorado)) return ruta.string();
-    }
+    std::error_code ignorado;
+    for (const auto& carpeta : std::filesystem::directory_iterator("/usr/lib"))
+        if (const auto ruta = carpeta.path() / "odbc" / biblioteca; std::filesystem::exists(ruta, ignorado))
+            return ruta.string();
     return {};
 }
 
