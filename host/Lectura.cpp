@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <limits>
+#include <nlohmann/json.hpp>
 
 #include "base/RuntimeError.h"
 #include "host/Fallo.h"
@@ -14,6 +15,20 @@ namespace {
 }
 
 }  // namespace
+
+void ExigirUtf8(int argc, const char* const* argv) {
+    for (int i = 1; i < argc; ++i) {
+        try {
+            (void)nlohmann::json(argv[i]).dump();
+        } catch (const nlohmann::json::type_error&) {
+            // The text itself may be a connection string with its password.
+            const std::string anterior = i > 1 ? argv[i - 1] : "";
+            const bool esOpcion = anterior.starts_with("--") && anterior.find('=') == std::string::npos;
+            throw Fallo(kUso, "el argumento " + std::to_string(i) + (esOpcion ? ", tras " + anterior + "," : "") +
+                                  " no es texto UTF-8");
+        }
+    }
+}
 
 std::int32_t LeerEntero(const std::string& opcion, const std::string& texto, std::int32_t minimo, std::int32_t maximo) {
     std::int32_t valor = 0;

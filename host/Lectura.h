@@ -11,6 +11,8 @@ namespace kv::host {
 
 // What a person writes on the command line, read strictly. Each function names the option in its error (exit code 2).
 
+/// Refuses a command line with a text that is no UTF-8; names the argument by its place and by the option before it.
+void ExigirUtf8(int argc, const char* const* argv);
 /// A whole number between both limits, inclusive.
 std::int32_t LeerEntero(const std::string& opcion, const std::string& texto, std::int32_t minimo, std::int32_t maximo);
 /// A code of 16 bits from `minimo` to 32767.

@@ -1,9 +1,12 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
+#include <string>
+#include <vector>
 
 #include "base/RuntimeError.h"
 #include "host/Fallo.h"
+#include "host/Lectura.h"
 #include "host/Ordenes.h"
 
 namespace {
@@ -13,16 +16,37 @@ constexpr const char* kPie =
     "Códigos de salida: 0 hecho; 1 respuesta negativa (no existe, sin precio, rechazado, hay hallazgos);\n"
     "2 orden mal escrita; 3 fallo de la base de datos o de un fichero.";
 
-std::string EnCastellano(const CLI::ParseError& error) {
+// What follows an equals sign may be the password of a connection string that was not quoted.
+std::string SinClave(const std::string& texto) {
+    return texto.substr(0, texto.find('='));
+}
+
+// The program's own command is missing or misspelt, or that of the family of commands that was named.
+std::string SinOrden(const CLI::App& programa) {
+    const CLI::App* familia = &programa;
+    while (!familia->get_subcommands().empty()) familia = familia->get_subcommands().back();
+    const std::vector<std::string> sobrantes = familia->remaining();
+    std::string texto = "falta la orden";
+    if (!sobrantes.empty() && sobrantes[0].starts_with('-'))
+        texto += " antes de «" + SinClave(sobrantes[0]) + "»";
+    else if (!sobrantes.empty())
+        texto = "orden desconocida: «" + SinClave(sobrantes[0]) + "»";
+    std::string separador = "; las de " + familia->get_name() + ": ";
+    for (const CLI::App* orden : familia->get_subcommands(nullptr)) {
+        texto += separador + orden->get_name();
+        separador = ", ";
+    }
+    return texto + " (--help las cuenta)";
+}
+
+std::string EnCastellano(const CLI::ParseError& error, const CLI::App& programa) {
     const std::string texto = error.what();
     if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
-        if (texto.find("subcommand") != std::string::npos) return "falta la orden; kvdatosart --help las cuenta";
+        if (texto.find("subcommand") != std::string::npos) return SinOrden(programa);
         return "falta " + texto.substr(0, texto.find(" is required"));
     }
-    // What follows an equals sign may be the password of a connection string that was not quoted.
     if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr)
-        return "argumento desconocido" +
-               texto.substr(0, texto.find('=')).substr(std::min(texto.find(':'), texto.size()));
+        return "argumento desconocido" + SinClave(texto).substr(std::min(texto.find(':'), texto.size()));
     if (texto.find("At Most") != std::string::npos) return "repetido " + texto.substr(0, texto.find(':'));
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr)
         return "falta el valor de " + texto.substr(0, texto.find(':'));
@@ -80,12 +104,13 @@ int main(int argc, char** argv) {
     kv::host::AnadirRevisar(programa);
     Encabezar(programa);
     try {
+        kv::host::ExigirUtf8(argc, argv);
         programa.parse(argc, argv);
         return kv::host::kHecho;
     } catch (const CLI::CallForHelp& ayuda) {
         return programa.exit(ayuda, std::cout, std::cerr);
     } catch (const CLI::ParseError& error) {
-        return Fracaso(kv::host::kUso, EnCastellano(error));
+        return Fracaso(kv::host::kUso, EnCastellano(error, programa));
     } catch (const kv::host::Fallo& fallo) {
         return Fracaso(fallo.codigo, fallo.what());
     } catch (const kv::RuntimeError& error) {
