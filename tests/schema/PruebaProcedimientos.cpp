@@ -1,94 +1,64 @@
 #include <gtest/gtest.h>
 
-#include "db/ValoresSql.h"
 #include "rules/clsCliente_DtosFamilias.h"
 #include "rules/clsCliente_Grp_Dtos.h"
+#include "schema/Escritor.h"
 #include "tests/comun/BaseDemo.h"
 #include "tests/comun/EmpresaFija.h"
 
 namespace kv::prueba {
 namespace {
 
-// A discount row: of article 50 (families 3, 4 and 5) unless it says otherwise.
+// A discount row of article 50, of families 3, 4 and 5, unless it says otherwise.
 struct FilaDto {
     int nivel;
     int f1;
     int f2;
     int f3;
     int articulo;
-    double descuento;
-    double minimo = 0;
-    double maximo = 0;
+    int descuento;
+    int minimo = 0;
+    int maximo = 0;
     int deOtro = 0;
 };
+using Filas = std::vector<FilaDto>;
+using Captions = std::array<std::string, 3>;
 
 constexpr FilaDto kSeccion{1, 3, 0, 0, 0, 2};
 constexpr FilaDto kFamilia{2, 3, 4, 0, 0, 4};
 constexpr FilaDto kSubfamilia{3, 3, 4, 5, 0, 6};
 constexpr FilaDto kArticulo{4, 3, 4, 5, 50, 8};
+constexpr FilaDto kFamiliaPorTramo{3, 3, 4, 5, 0, 6, 1, 50};
+const Filas kTramos = {{4, 3, 4, 5, 50, 5},          {4, 3, 4, 5, 50, 7, 1, 10}, {4, 3, 4, 5, 50, 9, 11, 100},
+                       {4, 3, 4, 5, 50, 10, 5, 100}, {4, 3, 4, 5, 50, 3, 0, 2},  {4, 3, 4, 5, 50, 4, 1, 3}};
+const Captions kTres = {"Sección", "Familia", "Subfamilia"};
+const Captions kDos = {"Sección", "Familia", ""};
+const Captions kSinSegunda = {"Sección", "", "Subfamilia"};
 
 constexpr int kGrupo = 7;
 constexpr int kCliente = 20;
 
-class Procedimientos : public testing::Test {
-  protected:
-    // The company keeps its customers under another code, where the group is found.
-    Procedimientos() {
-        Ejecutar("INSERT INTO Empresas (Codigo, Cod_EmpresaClientes) VALUES (1, 3)");
-        Ejecutar("INSERT INTO Clientes (Cod_Empresa, Codigo, Grupo_Dto) VALUES (3, 20, 7)");
-        Ejecutar("INSERT INTO Clientes (Cod_Empresa, Codigo, Grupo_Dto) VALUES (1, 20, 8)");
-    }
+void Insertar(demo::Escritor& escritor, const FilaDto& f) {
+    const std::string clave = "Cod_Empresa, Nivel, Familia_1, Familia_2, Familia_3, Cod_Articulo, Descuento, ";
+    if (f.minimo == 0 && f.maximo == 0)
+        escritor.Fila("Descuentos_Familias", clave + "Cod_Cliente", 1, f.nivel, f.f1, f.f2, f.f3, f.articulo,
+                      f.descuento, kCliente + f.deOtro);
+    escritor.Fila("Clientes_Grp_Descuentos_Fam", clave + "Cod_Grupo, Unidades_Min, Unidades_Max", 1, f.nivel, f.f1,
+                  f.f2, f.f3, f.articulo, f.descuento, kGrupo + f.deOtro, f.minimo, f.maximo);
+}
 
-    void Ejecutar(const std::string& sql) { conexion_->Ejecutar(sql); }
-
-    void Insertar(const FilaDto& f) {
-        std::string clave;
-        Agregar(clave, SqlEntero(f.nivel), ",", SqlEntero(f.f1), ",", SqlEntero(f.f2), ",", SqlEntero(f.f3), ",",
-                SqlEntero(f.articulo), ",", SqlDoble(f.descuento), ")");
-        if (f.minimo == 0 && f.maximo == 0)
-            Ejecutar(
-                TextoSql("INSERT INTO Descuentos_Familias (Cod_Empresa, Cod_Cliente, Nivel, Familia_1, Familia_2,"
-                         " Familia_3, Cod_Articulo, Descuento) VALUES (1,",
-                         SqlEntero(kCliente + f.deOtro), ",", clave));
-        Ejecutar(
-            TextoSql("INSERT INTO Clientes_Grp_Descuentos_Fam (Cod_Empresa, Cod_Grupo, Unidades_Min, Unidades_Max,"
-                     " Nivel, Familia_1, Familia_2, Familia_3, Cod_Articulo, Descuento) VALUES (1,",
-                     SqlEntero(kGrupo + f.deOtro), ",", SqlDoble(f.minimo), ",", SqlDoble(f.maximo), ",", clave));
-    }
-
-    template <class Descuentos>
-    Descuentos Nuevo() {
-        Descuentos d;
-        d.Conexion(conexion_);
-        d.cEmpresa(empresa_);
-        d.Cod_Articulo = 50;
-        d.Familia_1 = 3;
-        d.Familia_2 = 4;
-        d.Familia_3 = 5;
-        return d;
-    }
-    double DeCliente() {
-        auto dtos = Nuevo<clsCliente_DtosFamilias>();
-        dtos.Cliente = kCliente;
-        return dtos.Dev_Descuento_Activo();
-    }
-    double DeGrupo(double unidades) {
-        return Nuevo<clsCliente_Grp_Dtos>().Dev_Descuento_Activo(kCliente, Currency::DeDouble(unidades)).ADouble();
-    }
-
-    BaseDePrueba base_{BaseDePrueba::Datos::Ninguno, Fecha::DeAmd(2027, 2, 10)};
-    std::shared_ptr<Connection> conexion_ = base_.Abrir();
-    std::shared_ptr<EmpresaFija> empresa_ = std::make_shared<EmpresaFija>();
-};
-
-TEST_F(Procedimientos, ElArticuloGanaALaFamilia_YLaMasHondaALaMenosHonda) {
+// The article's row wins over its families', and a deeper family over a shallower one. Within a level, the range of
+// units with the highest lower bound wins, the narrower one among those, and the row for any quantity is the last.
+TEST(Procedimientos, GanaLaFilaMasCercana) {
     struct Caso {
         const char* nombre;
-        std::vector<FilaDto> filas;
+        Filas filas;
         double esperado;
-        std::array<std::string, 3> niveles = {"Sección", "Familia", "Subfamilia"};
+        Captions niveles = kTres;
+        double unidades = 1;
+        bool porTramos = false;  // The customer's own discounts have no ranges.
     };
-    const std::vector<Caso> casos = {
+    const Caso kCasos[] = {
         {"sin filas", {}, 0},
         {"sección", {kSeccion}, 2},
         {"familia", {kSeccion, kFamilia}, 4},
@@ -98,55 +68,62 @@ TEST_F(Procedimientos, ElArticuloGanaALaFamilia_YLaMasHondaALaMenosHonda) {
         {"artículo que cambió de familia", {{4, 9, 9, 9, 50, 8}, kSubfamilia}, 8},
         {"artículo bajo dos familias", {{4, 9, 9, 9, 50, 8}, {4, 2, 9, 9, 50, 7}}, 7},
         {"otro artículo", {{4, 3, 4, 5, 51, 8}, kSeccion}, 2},
+        {"otro artículo, de cuando había dos niveles", {{3, 3, 4, 5, 51, 8}, kSeccion}, 2},
         {"otras familias", {{1, 4, 0, 0, 0, 2}, {2, 3, 5, 0, 0, 4}, {3, 3, 4, 6, 0, 6}}, 0},
         {"de otro cliente o grupo", {{1, 3, 0, 0, 0, 2, 0, 0, 1}}, 0},
-        {"dos niveles: el artículo es el tercero", {{3, 3, 4, 5, 50, 8}, kFamilia}, 8, {"Sección", "Familia", ""}},
-        {"dos niveles: la subfamilia no cuenta", {kSubfamilia, kFamilia}, 4, {"Sección", "Familia", ""}},
-        {"sin el segundo: el artículo es el cuarto", {kArticulo, kFamilia}, 8, {"Sección", "", "Subfamilia"}},
-        {"sin el segundo: la familia no cuenta", {kFamilia, kSeccion}, 2, {"Sección", "", "Subfamilia"}},
+        {"dos niveles: el artículo es el tercero", {{3, 3, 4, 5, 50, 8}, kFamilia}, 8, kDos},
+        {"dos niveles: la subfamilia no cuenta", {kSubfamilia, kFamilia}, 4, kDos},
+        {"sin el segundo: el artículo es el cuarto", {kArticulo, kFamilia}, 8, kSinSegunda},
+        {"sin el segundo: la familia no cuenta", {kFamilia, kSeccion}, 2, kSinSegunda},
+        {"sólo cabe el que empieza en 0", kTramos, 3, kTres, 0, true},
+        {"el que empieza en 0 gana al de cualquiera", kTramos, 3, kTres, 0.5, true},
+        {"dos con el mismo mínimo: el más estrecho", kTramos, 4, kTres, 1, true},
+        {"primera unidad del siguiente", kTramos, 10, kTres, 5, true},
+        {"mayor mínimo", kTramos, 9, kTres, 11, true},
+        {"último", kTramos, 9, kTres, 100, true},
+        {"pasado el último, el de cualquiera", kTramos, 5, kTres, 100.5, true},
+        {"tramo de familia", {kFamiliaPorTramo, kSeccion}, 6, kTres, 50, true},
+        {"fuera del tramo de familia", {kFamiliaPorTramo, kSeccion}, 2, kTres, 50.0001, true},
+        {"el artículo gana al tramo de la familia", {kArticulo, kFamiliaPorTramo}, 8, kTres, 5, true},
+        {"fuera del tramo del artículo, la familia",
+         {{4, 3, 4, 5, 50, 9, 10, 20}, kFamiliaPorTramo},
+         6,
+         kTres,
+         9,
+         true},
     };
-    for (const Caso& caso : casos) {
+    const Fecha hoy = Fecha::DeAmd(2027, 2, 10);
+    const BaseDePrueba base(BaseDePrueba::Datos::Ninguno, hoy);
+    const std::shared_ptr<Connection> conexion = base.Abrir();
+    const auto empresa = std::make_shared<EmpresaFija>();
+    demo::Escritor escritor(*conexion, hoy);
+    // The company keeps its customers under another code, where the group is found.
+    escritor.Fila("Empresas", "Codigo, Cod_EmpresaClientes", 1, 3);
+    escritor.Fila("Clientes", "Cod_Empresa, Codigo, Grupo_Dto", 3, kCliente, kGrupo);
+    escritor.Fila("Clientes", "Cod_Empresa, Codigo, Grupo_Dto", 1, kCliente, kGrupo + 1);
+    const auto nuevo = [&]<class Descuentos>(Descuentos d) {
+        d.Conexion(conexion);
+        d.cEmpresa(empresa);
+        d.Cod_Articulo = 50;
+        d.Familia_1 = 3;
+        d.Familia_2 = 4;
+        d.Familia_3 = 5;
+        return d;
+    };
+    for (const Caso& caso : kCasos) {
         SCOPED_TRACE(caso.nombre);
-        empresa_->captions = caso.niveles;
-        conexion_->BeginTrans();
-        for (const FilaDto& fila : caso.filas) Insertar(fila);
-        EXPECT_DOUBLE_EQ(caso.esperado, DeCliente());
-        EXPECT_DOUBLE_EQ(caso.esperado, DeGrupo(1));
-        conexion_->RollbackTrans();
-    }
-}
-
-TEST_F(Procedimientos, EntreTramosDeUnidades_GanaElDeMayorMinimoYElDeCualquieraVaElUltimo) {
-    const std::vector<FilaDto> tramos = {
-        {4, 3, 4, 5, 50, 5},          {4, 3, 4, 5, 50, 7, 1, 10}, {4, 3, 4, 5, 50, 9, 11, 100},
-        {4, 3, 4, 5, 50, 10, 5, 100}, {4, 3, 4, 5, 50, 3, 0, 2},  {4, 3, 4, 5, 50, 4, 1, 3},
-    };
-    const FilaDto familiaPorTramo{3, 3, 4, 5, 0, 6, 1, 50};
-    struct Caso {
-        const char* nombre;
-        std::vector<FilaDto> filas;
-        double unidades;
-        double esperado;
-    };
-    const std::vector<Caso> casos = {
-        {"sólo cabe el que empieza en 0", tramos, 0, 3},
-        {"el que empieza en 0 gana al de cualquiera", tramos, 0.5, 3},
-        {"dos con el mismo mínimo: el más estrecho", tramos, 1, 4},
-        {"primera unidad del siguiente", tramos, 5, 10},
-        {"mayor mínimo", tramos, 11, 9},
-        {"último", tramos, 100, 9},
-        {"pasado el último, el de cualquiera", tramos, 100.5, 5},
-        {"tramo de familia", {familiaPorTramo, kSeccion}, 50, 6},
-        {"fuera del tramo de familia", {familiaPorTramo, kSeccion}, 50.0001, 2},
-        {"cualquiera del artículo gana al tramo de la familia", {kArticulo, familiaPorTramo}, 5, 8},
-        {"fuera del tramo del artículo, la familia", {{4, 3, 4, 5, 50, 9, 10, 20}, familiaPorTramo}, 9, 6},
-    };
-    for (const Caso& caso : casos) {
-        SCOPED_TRACE(caso.nombre);
-        conexion_->BeginTrans();
-        for (const FilaDto& fila : caso.filas) Insertar(fila);
-        EXPECT_DOUBLE_EQ(caso.esperado, DeGrupo(caso.unidades));
-        conexion_->RollbackTrans();
+        empresa->captions = caso.niveles;
+        conexion->BeginTrans();
+        for (const FilaDto& fila : caso.filas) Insertar(escritor, fila);
+        auto grupos = nuevo(clsCliente_Grp_Dtos());
+        auto familias = nuevo(clsCliente_DtosFamilias());
+        familias.Cliente = kCliente;
+        EXPECT_EQ(Currency::DeDouble(caso.esperado),
+                  grupos.Dev_Descuento_Activo(kCliente, Currency::DeDouble(caso.unidades)));
+        if (!caso.porTramos) {
+            EXPECT_DOUBLE_EQ(caso.esperado, familias.Dev_Descuento_Activo());
+        }
+        conexion->RollbackTrans();
     }
 }
 
