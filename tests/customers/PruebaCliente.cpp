@@ -1,165 +1,12 @@
-#include <gtest/gtest.h>
-
 #include "customers/ColumnasCliente.h"
 #include "customers/clsCliente.h"
-#include "tests/comun/ConexionGuion.h"
-#include "tests/comun/EmpresaFija.h"
-#include "tests/comun/Errores.h"
+#include "tests/comun/BaseDemo.h"
+#include "tests/comun/ConGuion.h"
 
 namespace kv::prueba {
 namespace {
 
-const Fecha kDia = Fecha::DeAmd(2026, 3, 5);
-
-class Cliente : public testing::Test {
-  protected:
-    Cliente() {
-        cliente.Conexion(guion);
-        cliente.cEmpresa(std::make_shared<EmpresaFija>());
-        cliente.Codigo = 77;
-        cliente.Nombre = "Obras Duero";
-    }
-
-    // A whole row: each column holds its position, so that one read into its neighbour's member is seen.
-    static ConexionGuion::Fila Fila() {
-        struct Visita {
-            int i;
-            Valor operator()(std::int16_t clsCliente::*) const { return static_cast<std::int16_t>(i); }
-            Valor operator()(std::int32_t clsCliente::*) const { return std::int32_t{i}; }
-            Valor operator()(std::uint8_t clsCliente::*) const { return static_cast<std::uint8_t>(i); }
-            Valor operator()(bool clsCliente::*) const { return i % 2 == 0; }
-            Valor operator()(float clsCliente::*) const { return static_cast<float>(i); }
-            Valor operator()(double clsCliente::*) const { return static_cast<double>(i); }
-            Valor operator()(Currency clsCliente::*) const { return Currency::DeEntero(i); }
-            Valor operator()(std::string clsCliente::*) const { return "t" + std::to_string(i); }
-            Valor operator()(std::optional<Fecha> clsCliente::*) const { return i % 2 == 0 ? Valor(kDia) : Nulo{}; }
-        };
-        ConexionGuion::Fila fila;
-        for (const auto& columna : kColumnasCliente)
-            fila.push_back(std::visit(Visita{static_cast<int>(fila.size())}, columna.destino));
-        return fila;
-    }
-    static std::vector<std::string> Columnas() {
-        std::vector<std::string> columnas;
-        for (const auto& columna : kColumnasCliente) columnas.emplace_back(columna.nombre);
-        return columnas;
-    }
-
-    BibliotecaDePrueba biblioteca{kDia, ','};
-    std::shared_ptr<ConexionGuion> guion = std::make_shared<ConexionGuion>();
-    clsCliente cliente;
-};
-
 constexpr const char* kCargar = "SELECT * FROM Clientes WHERE Cod_Empresa =3 AND Codigo =77";
-
-TEST_F(Cliente, Cargar_CadaColumnaASuVariable) {
-    guion->EsperaConsulta(kCargar, Columnas(), {Fila()});
-    clsCliente destino;
-    EXPECT_TRUE(cliente.Cargar(&destino));
-    EXPECT_EQ("Obras Duero", cliente.Nombre);
-    EXPECT_EQ(0, destino.Codigo);
-    EXPECT_EQ("t1", destino.Nombre);
-    EXPECT_FALSE(destino.IntraComunitario);
-    EXPECT_EQ(25, destino.Divisa);
-    EXPECT_EQ(31, destino.AlmacenAsoc);
-    EXPECT_EQ(32, destino.TarifaPVP);
-    EXPECT_EQ(33, destino.TarifaPromocion);
-    EXPECT_EQ(std::nullopt, destino.FechaBloq);
-    EXPECT_EQ(kDia, destino.FechaEspecial);
-    EXPECT_EQ(56, destino.FormaPago);
-    EXPECT_EQ(Currency::DeEntero(70), destino.DtoPPago);
-    EXPECT_EQ("t73", destino.CCC);
-    EXPECT_EQ("t77", destino.Observaciones);
-    EXPECT_EQ(90, destino.TipoCliente);
-    EXPECT_EQ(92, destino.Cad_Nivel_1);
-    EXPECT_EQ(101, destino.Cad_Nivel_10);
-    EXPECT_FALSE(destino.Factura_PedirVto);
-    EXPECT_EQ(104U, kColumnasCliente.size());
-}
-
-TEST_F(Cliente, Cargar_SinFilaYConNuloAMitad) {
-    guion->EsperaConsulta(kCargar);
-    EXPECT_FALSE(cliente.Cargar());
-    EXPECT_EQ("Obras Duero", cliente.Nombre);
-    ConexionGuion::Fila fila = Fila();
-    fila[3] = Nulo{};
-    guion->EsperaConsulta(kCargar, Columnas(), {fila});
-    EsperarError(kErrNulo, "clsCliente::Cargar", [&] { cliente.Cargar(); });
-    EXPECT_EQ("t1", cliente.Nombre);
-    EXPECT_EQ("", cliente.Direccion);
-}
-
-TEST_F(Cliente, Recorrido_PorCodigoYPorNombre) {
-    const std::string cabeza = "SELECT * FROM Clientes WHERE Codigo IN (SELECT ";
-    const auto espera = [&](const std::string& resto) { guion->EsperaConsulta(cabeza + resto); };
-    espera("ISNULL(MIN(Codigo), 0) AS Codigo FROM Clientes  WHERE Cod_Empresa =3)");
-    espera("ISNULL(MAX(Codigo), 0) AS Codigo FROM Clientes  WHERE Cod_Empresa =3)");
-    espera("TOP 1 Codigo FROM Clientes WHERE Cod_Empresa =3 AND Codigo < 77 ORDER BY Codigo DESC)");
-    espera("TOP 1 Codigo FROM Clientes WHERE Cod_Empresa =3 AND Codigo > 77 ORDER BY Codigo ASC)");
-    EXPECT_FALSE(cliente.Cargar_Primero());
-    EXPECT_FALSE(cliente.Cargar_Ultimo());
-    EXPECT_FALSE(cliente.Cargar_Anterior());
-    EXPECT_FALSE(cliente.Cargar_Siguiente());
-    cliente.FichaClienteModoDesp = true;
-    espera("ISNULL(MIN(Codigo), 0) AS Codigo FROM Clientes  WHERE Cod_Empresa =3)");
-    espera("TOP 1 Codigo FROM Clientes WHERE Cod_Empresa =3 AND Nombre < 'Obras Duero' ORDER BY Nombre DESC)");
-    espera("TOP 1 Codigo FROM Clientes WHERE Cod_Empresa =3 AND Nombre > 'Obras Duero' ORDER BY Nombre ASC)");
-    EXPECT_FALSE(cliente.Cargar_Primero());
-    EXPECT_FALSE(cliente.Cargar_Anterior());
-    EXPECT_FALSE(cliente.Cargar_Siguiente());
-}
-
-TEST_F(Cliente, Telefonos_DiezComoMucho) {
-    std::vector<ConexionGuion::Fila> filas;
-    for (int i = 0; i < 12; ++i) filas.push_back({static_cast<std::uint8_t>(i), "n" + std::to_string(i)});
-    constexpr const char* kSql =
-        "SELECT Codigo, Numero FROM Clientes_Telefonos WHERE Cod_Empresa =3 AND Cod_Cliente =77 ORDER BY Codigo";
-    guion->EsperaConsulta(kSql, {"Codigo", "Numero"}, filas);
-    cliente.Cargar_Telefonos();
-    EXPECT_EQ(10U, cliente.NumeroTelefonos());
-    EXPECT_EQ("n9", cliente.Numero(9));
-    EXPECT_EQ("n3", cliente.TelefonoFS);
-    filas.resize(1);
-    guion->EsperaConsulta(kSql, {"Codigo", "Numero"}, filas);
-    cliente.Cargar_Telefonos();
-    EXPECT_EQ("n0", cliente.TelefonoP);
-    EXPECT_EQ("", cliente.TelefonoS);
-    EsperarError(kErrSubindice, "", [&] { (void)cliente.Numero(1); });
-    guion->EsperaEjecucion(
-        "INSERT INTO Clientes_Telefonos (Cod_Empresa, Cod_Cliente, Codigo, Numero) VALUES (3, 77, 2, '600 1')");
-    cliente.Insertar_Telefono(2, "600 1");
-}
-
-TEST_F(Cliente, Consultas) {
-    guion->EsperaEjecucion(
-        "UPDATE Clientes SET FUVenta ='05/03/2026' WHERE Cod_Empresa =3 AND Codigo =77 AND FUVenta < '05/03/2026'");
-    guion->EsperaEjecucion(
-        "UPDATE Clientes SET FUCobro ='05/03/2026' WHERE Cod_Empresa =3 AND Codigo =77 AND FUCobro < '05/03/2026'");
-    cliente.Act_FUVenta(kDia);
-    cliente.Act_FUCobro(kDia);
-    constexpr const char* kNuevo =
-        "SELECT ISNULL(MAX(Codigo), 0) AS Codigo FROM Clientes WHERE Cod_Empresa =3 AND Codigo >= 1000";
-    guion->EsperaConsulta(kNuevo, {"Codigo"}, {{std::int32_t{0}}});
-    EXPECT_EQ(1, cliente.Dev_Codigo_Nuevo(1000));
-    guion->EsperaConsulta(kNuevo, {"Codigo"}, {{std::int32_t{2147483647}}});
-    EsperarError(kErrDesbordamiento, "", [&] { cliente.Dev_Codigo_Nuevo(1000); });
-    constexpr const char* kNotas =
-        " SELECT COUNT(*) AS Cant FROM Clientes_Notas WHERE Cod_Empresa =3 AND Pendiente = 1"
-        " AND Vencimiento <= '05/03/2026'";
-    guion->EsperaConsulta(kNotas, {"Cant"}, {{std::int32_t{1}}});
-    EXPECT_TRUE(cliente.Verif_Notas());
-    guion->EsperaConsulta(
-        "SELECT ISNULL(SUM(Total), 0) AS Total FROM Albaranes_F WHERE Cod_Empresa =1 AND Cliente =77"
-        " AND Factura_Codigo = 0",
-        {"Total"}, {{Currency::DeDouble(10.5)}});
-    EXPECT_EQ(Currency::DeDouble(10.5), cliente.Dev_SaldoAlbaranes());
-    guion->EsperaConsulta(
-        "SELECT ISNULL(SUM(Puntos),0) AS Puntos FROM Clientes_Puntos WHERE Cod_Empresa=1 AND Cod_Cliente=77",
-        {"Puntos"}, {{std::int32_t{-4}}});
-    EXPECT_EQ(Currency::DeEntero(-4), cliente.Dev_SaldoPuntos());
-    guion->EsperaConsulta("SELECT Codigo FROM Clientes WHERE Cod_Empresa =3 AND Codigo =77");
-    EXPECT_FALSE(cliente.Existe());
-}
 
 constexpr const char* kSondas[] = {
     "SELECT TOP 1 Codigo FROM Clientes WHERE Cod_Empresa =3 AND Padre =77",
@@ -188,43 +35,206 @@ constexpr const char* kBorrados[] = {
     "DELETE FROM Clientes_Art_PVP WHERE Cod_Empresa =3 AND Cod_Cliente =77",
 };
 
-TEST_F(Cliente, Eliminar_SeDetieneEnLaPrimeraDependencia) {
-    for (std::size_t hallada = 0; hallada < std::size(kSondas); ++hallada) {
+class Cliente : public ConGuion<clsCliente> {
+  protected:
+    Cliente() {
+        objeto.Codigo = 77;
+        objeto.Nombre = "Obras Duero";
+        for (const auto& columna : kColumnasCliente) columnas.emplace_back(columna.nombre);
+    }
+    // The deletion as far as the statement of this number, the commit behind the last one.
+    void EsperarBorrado(std::size_t hasta = std::size(kBorrados)) {
+        guion->EsperaBeginTrans();
+        for (std::size_t i = 0; i < std::min(hasta + 1, std::size(kBorrados)); ++i)
+            guion->EsperaEjecucion(kBorrados[i]);
+        if (hasta == std::size(kBorrados)) guion->EsperaCommitTrans();
+    }
+
+    std::vector<std::string> columnas;
+};
+
+// Each column of the row holds its position, so that one read into another's member is seen.
+TEST_F(Cliente, Cargar_CadaColumnaASuVariable) {
+    ConexionGuion::Fila fila;
+    for (std::int16_t i = 0; i < 104; ++i) fila.push_back(i);
+    fila[35] = Nulo{};  // Fecha_Bloq
+    guion->EsperaConsulta(kCargar, columnas, {fila});
+    clsCliente c;
+    EXPECT_TRUE(objeto.Cargar(&c));
+    EXPECT_EQ("Obras Duero", objeto.Nombre);
+    EXPECT_EQ((std::array<int, 9>{25, 29, 31, 32, 33, 56, 90, 92, 101}),
+              (std::array<int, 9>{c.Divisa, c.AgenciaTransp, c.AlmacenAsoc, c.TarifaPVP, c.TarifaPromocion, c.FormaPago,
+                                  c.TipoCliente, c.Cad_Nivel_1, c.Cad_Nivel_10}));
+    EXPECT_EQ((std::array<std::string, 5>{"1", "36", "73", "74", "77"}),
+              (std::array{c.Nombre, c.MotivoBloq, c.CCC, c.CCCRemesas, c.Observaciones}));
+    EXPECT_EQ(Currency::DeEntero(70), c.DtoPPago);
+    EXPECT_EQ(std::nullopt, c.FechaBloq);
+    EXPECT_EQ(Fecha::DeOle(40), c.FechaEspecial);
+    // No member is read twice.
+    for (std::size_t i = 0; i < fila.size(); ++i) {
+        const auto comparar = [&](auto miembro) {
+            clsCliente solo;
+            Asignar(solo.*miembro, fila[i]);
+            EXPECT_EQ(solo.*miembro, c.*miembro) << columnas[i];
+        };
+        std::visit(comparar, kColumnasCliente.at(i).destino);
+    }
+    EXPECT_EQ(104U, columnas.size());
+    fila[3] = Nulo{};
+    guion->EsperaConsulta(kCargar, columnas, {fila});
+    EsperarError(kErrNulo, "", [&] { objeto.Cargar(); });
+    EXPECT_EQ("1", objeto.Nombre);
+    EXPECT_EQ("", objeto.Direccion);
+}
+
+TEST_F(Cliente, Recorrido_PorCodigoYPorNombre) {
+    const auto espera = [&](const std::string& resto) {
+        guion->EsperaConsulta("SELECT * FROM Clientes WHERE Codigo IN (SELECT " + resto);
+    };
+    for (const bool porNombre : {false, true}) {
+        objeto.FichaClienteModoDesp = porNombre;
+        const std::string donde = "TOP 1 Codigo FROM Clientes WHERE Cod_Empresa =3 AND ";
+        espera("ISNULL(MIN(Codigo), 0) AS Codigo FROM Clientes  WHERE Cod_Empresa =3)");
+        EXPECT_FALSE(objeto.Cargar_Primero());
+        espera("ISNULL(MAX(Codigo), 0) AS Codigo FROM Clientes  WHERE Cod_Empresa =3)");
+        EXPECT_FALSE(objeto.Cargar_Ultimo());
+        espera(donde +
+               (porNombre ? "Nombre < 'Obras Duero' ORDER BY Nombre DESC)" : "Codigo < 77 ORDER BY Codigo DESC)"));
+        EXPECT_FALSE(objeto.Cargar_Anterior());
+        espera(donde +
+               (porNombre ? "Nombre > 'Obras Duero' ORDER BY Nombre ASC)" : "Codigo > 77 ORDER BY Codigo ASC)"));
+        EXPECT_FALSE(objeto.Cargar_Siguiente());
+    }
+}
+
+TEST_F(Cliente, Telefonos_DiezComoMucho) {
+    std::vector<ConexionGuion::Fila> filas;
+    for (int i = 0; i < 12; ++i) filas.push_back({"n" + std::to_string(i)});
+    constexpr const char* kSql =
+        "SELECT Codigo, Numero FROM Clientes_Telefonos WHERE Cod_Empresa =3 AND Cod_Cliente =77 ORDER BY Codigo";
+    guion->EsperaConsulta(kSql, {"Numero"}, filas);
+    objeto.Cargar_Telefonos();
+    EXPECT_EQ(10U, objeto.NumeroTelefonos());
+    EXPECT_EQ("n9", objeto.Numero(9));
+    EXPECT_EQ("n0 n1 n2 n3",
+              objeto.TelefonoP + ' ' + objeto.TelefonoS + ' ' + objeto.TelefonoFP + ' ' + objeto.TelefonoFS);
+    filas.resize(1);
+    guion->EsperaConsulta(kSql, {"Numero"}, filas);
+    objeto.Cargar_Telefonos();
+    EXPECT_EQ("", objeto.TelefonoS);
+    EsperarError(kErrSubindice, "", [&] { (void)objeto.Numero(1); });
+    guion->EsperaEjecucion(
+        "INSERT INTO Clientes_Telefonos (Cod_Empresa, Cod_Cliente, Codigo, Numero) VALUES (3, 77, 2, '600 1')");
+    objeto.Insertar_Telefono(2, "600 1");
+}
+
+TEST_F(Cliente, Consultas) {
+    const auto espera = [&](const char* sql, const char* columna, Valor valor) {
+        guion->EsperaConsulta(sql, {columna}, {{std::move(valor)}});
+    };
+    guion->EsperaEjecucion(
+        "UPDATE Clientes SET FUVenta ='05/03/2026' WHERE Cod_Empresa =3 AND Codigo =77 AND FUVenta < '05/03/2026'");
+    objeto.Act_FUVenta(dia);
+    guion->EsperaEjecucion(
+        "UPDATE Clientes SET FUCobro ='05/03/2026' WHERE Cod_Empresa =3 AND Codigo =77 AND FUCobro < '05/03/2026'");
+    objeto.Act_FUCobro(dia);
+    constexpr const char* kNuevo =
+        "SELECT ISNULL(MAX(Codigo), 0) AS Codigo FROM Clientes WHERE Cod_Empresa =3 AND Codigo >= 1000";
+    espera(kNuevo, "Codigo", std::int32_t{0});
+    EXPECT_EQ(1, objeto.Dev_Codigo_Nuevo(1000));
+    espera(kNuevo, "Codigo", std::int32_t{2147483647});
+    EsperarError(kErrDesbordamiento, "", [&] { objeto.Dev_Codigo_Nuevo(1000); });
+    for (const std::int32_t notas : {0, 1}) {
+        espera(
+            " SELECT COUNT(*) AS Cant FROM Clientes_Notas WHERE Cod_Empresa =3 AND Pendiente = 1"
+            " AND Vencimiento <= '05/03/2026'",
+            "Cant", notas);
+        EXPECT_EQ(notas == 1, objeto.Verif_Notas());
+    }
+    espera(
+        "SELECT ISNULL(SUM(Total), 0) AS Total FROM Albaranes_F WHERE Cod_Empresa =1 AND Cliente =77"
+        " AND Factura_Codigo = 0",
+        "Total", Currency::DeDouble(10.5));
+    EXPECT_EQ(Currency::DeDouble(10.5), objeto.Dev_SaldoAlbaranes());
+    espera("SELECT ISNULL(SUM(Puntos),0) AS Puntos FROM Clientes_Puntos WHERE Cod_Empresa=1 AND Cod_Cliente=77",
+           "Puntos", std::int32_t{-4});
+    EXPECT_EQ(Currency::DeEntero(-4), objeto.Dev_SaldoPuntos());
+    guion->EsperaConsulta("SELECT Codigo FROM Clientes WHERE Cod_Empresa =3 AND Codigo =77");
+    EXPECT_FALSE(objeto.Existe());
+}
+
+TEST_F(Cliente, Eliminar_SeDetieneEnLaPrimeraDependenciaOBorraTodo) {
+    for (std::size_t hallada = 0; hallada <= std::size(kSondas); ++hallada) {
+        const bool libre = hallada == std::size(kSondas);
         for (std::size_t i = 0; i < hallada; ++i) guion->EsperaConsulta(kSondas[i]);
-        guion->EsperaConsulta(kSondas[hallada], {"Codigo"}, {{std::int32_t{1}}});
-        EXPECT_FALSE(cliente.Eliminar(false));
+        if (libre)
+            EsperarBorrado();
+        else
+            guion->EsperaConsulta(kSondas[hallada], {"Codigo"}, {{std::int32_t{1}}});
+        EXPECT_EQ(libre, objeto.Eliminar(false)) << hallada;
         guion->Terminar();
     }
     ASSERT_EQ(std::size(kSondas), biblioteca.Mensajes().size());
     EXPECT_EQ("El cliente no se puede eliminar porque tiene dependencias", biblioteca.Mensajes()[0].texto);
     EXPECT_EQ("¡Atención!", biblioteca.Mensajes()[0].titulo);
-}
-
-TEST_F(Cliente, Eliminar_BorraTodoEnUnaTransaccion) {
-    for (const char* sonda : kSondas) guion->EsperaConsulta(sonda);
-    guion->EsperaBeginTrans();
-    for (const char* borrado : kBorrados) guion->EsperaEjecucion(borrado);
-    guion->EsperaCommitTrans();
-    EXPECT_TRUE(cliente.Eliminar(false));
+    EsperarBorrado();
+    EXPECT_TRUE(objeto.Eliminar(true));
 }
 
 TEST_F(Cliente, Eliminar_FalloEnCadaPaso) {
-    for (std::size_t fallo = 0; fallo <= std::size(kBorrados); ++fallo) {
-        guion->EsperaBeginTrans();
-        for (std::size_t i = 0; i < std::min(fallo + 1, std::size(kBorrados)); ++i)
-            guion->EsperaEjecucion(kBorrados[i]);
-        if (fallo == std::size(kBorrados)) guion->EsperaCommitTrans();
+    const auto falla = [&](bool forzar) {
         guion->YFalla(547, "referencia");
-        guion->EsperaRollbackTrans();
-        EsperarError(547, "clsCliente::Eliminar", [&] { cliente.Eliminar(true); });
+        if (forzar) guion->EsperaRollbackTrans();
+        EsperarError(547, "", [&] { objeto.Eliminar(forzar); });
         guion->Terminar();
+    };
+    for (std::size_t paso = 0; paso <= std::size(kBorrados); ++paso) {
+        EsperarBorrado(paso);
+        falla(true);
     }
     guion->EsperaConsulta(kSondas[0]);
-    guion->YFalla(208, "no existe");
-    EsperarError(208, "clsCliente::Eliminar", [&] { cliente.Eliminar(false); });
+    falla(false);
     guion->EsperaBeginTrans();
     guion->YFalla(3, "no");
-    EsperarError(3, "clsCliente::Eliminar", [&] { cliente.Eliminar(true); });
+    EsperarError(3, "", [&] { objeto.Eliminar(true); });
+}
+
+// A customer of the demonstration, whole, under another code and then changed.
+TEST(ClienteEscrito, VuelveEnteroTrasInsertarYModificar) {
+    const Fecha hoy = Fecha::DeAmd(2026, 11, 21);
+    const BibliotecaDePrueba biblioteca(hoy, ',');
+    const BaseDePrueba base(BaseDePrueba::Datos::Demostracion, hoy);
+    const auto conexion = base.Abrir();
+    const auto empresa = std::make_shared<EmpresaFija>();
+    empresa->codEmpresaClientes = 1;
+    clsCliente escrito;
+    clsCliente leido;
+    for (clsCliente* cliente : {&escrito, &leido}) {
+        cliente->Conexion(conexion);
+        cliente->cEmpresa(empresa);
+    }
+    const auto comparar = [&] {
+        ASSERT_TRUE(leido.Cargar());
+        for (const auto& columna : kColumnasCliente)
+            std::visit([&](auto m) { EXPECT_EQ(escrito.*m, leido.*m) << columna.nombre; }, columna.destino);
+    };
+    escrito.Codigo = 11;
+    ASSERT_TRUE(escrito.Cargar());
+    leido.Codigo = escrito.Codigo = 5011;
+    EXPECT_FALSE(leido.Existe());
+    escrito.Insertar();
+    comparar();
+    escrito.Nombre = "Ñandú € 24 h";
+    escrito.Credito = Currency::DeDouble(-1234.5678);
+    escrito.Bloqueado = true;
+    escrito.FAlta.reset();
+    escrito.FechaBloq = hoy;
+    escrito.Cad_Nivel_10 = -7;
+    escrito.Modificar();
+    comparar();
+    leido.Codigo = 11;
+    ASSERT_TRUE(leido.Cargar());
+    EXPECT_NE("Ñandú € 24 h", leido.Nombre);
 }
 
 }  // namespace

@@ -1,18 +1,12 @@
-#include <gtest/gtest.h>
-
 #include "rules/clsCliente_Articulo.h"
-#include "tests/comun/ConexionGuion.h"
-#include "tests/comun/EmpresaFija.h"
-#include "tests/comun/Errores.h"
+#include "tests/comun/ConGuion.h"
 
 namespace kv::prueba {
 namespace {
 
-class ClienteArticulo : public testing::Test {
+class ClienteArticulo : public ConGuion<clsCliente_Articulo> {
   protected:
     ClienteArticulo() {
-        objeto.Conexion(guion);
-        objeto.cEmpresa(empresa);
         objeto.Cod_Empresa = 1;
         objeto.Cod_Almacen = 2;
         objeto.Cod_Cliente = 77;
@@ -22,13 +16,16 @@ class ClienteArticulo : public testing::Test {
         objeto.Fecha_Inicial = Fecha::DeAmd(2026, 1, 1);
         objeto.Fecha_Final = Fecha::DeAmd(2026, 12, 31);
     }
-
-    const Fecha dia = Fecha::DeAmd(2026, 3, 5);
-    BibliotecaDePrueba biblioteca{dia, ','};
-    std::shared_ptr<ConexionGuion> guion = std::make_shared<ConexionGuion>();
-    std::shared_ptr<EmpresaFija> empresa = std::make_shared<EmpresaFija>();
-    clsCliente_Articulo objeto;
 };
+
+const std::string kDeArticulo =
+    " SELECT a.* , b.Nombre as Descripcion from Clientes b  INNER JOIN Clientes_Art_PVP a "
+    " ON (b.Codigo = a.Cod_Cliente)  and (b.Cod_Empresa = 4)";
+const std::string kDeCliente =
+    " SELECT a.* , b.Descripcion from Articulos b  INNER JOIN Clientes_Art_PVP a "
+    " ON (b.Codigo = a.Cod_Articulo)  and (b.Cod_Empresa = 4)";
+constexpr const char* kInsertar =
+    "INSERT INTO Clientes_Art_PVP (Cod_Cliente,Cod_Empresa,Cod_Articulo,PVP,Fecha_Inicial,Fecha_Final) Values (";
 
 TEST_F(ClienteArticulo, DevPrecio_ConElBlancoTrasLaComilla) {
     constexpr const char* kSql =
@@ -43,94 +40,73 @@ TEST_F(ClienteArticulo, DevPrecio_ConElBlancoTrasLaComilla) {
 }
 
 TEST_F(ClienteArticulo, Escrituras_EnLosDosModos) {
-    guion->EsperaEjecucion(
-        "INSERT INTO Clientes_Art_PVP (Cod_Cliente,Cod_Empresa,Cod_Articulo,PVP,Fecha_Inicial,Fecha_Final) Values ("
-        "77,1,1042,12.5,'01/01/2026','31/12/2026')");
+    guion->EsperaEjecucion(std::string(kInsertar) + "77,1,1042,12.5,'01/01/2026','31/12/2026')");
     objeto.Insertar();
-    guion->EsperaEjecucion(
-        "DELETE FROM Clientes_Art_PVP WHERE Cod_Empresa = 1 AND Cod_Articulo = 5 AND Cod_Cliente =  77"
-        " AND Fecha_Inicial ='05/03/2026' AND Fecha_Final = '31/12/2026'");
-    objeto.Eliminar(5, dia, objeto.Fecha_Final);
-    guion->EsperaEjecucion(
-        " UPDATE Clientes_Art_PVP SET Cod_Articulo=1042 ,Cod_Cliente=77,PVP=12.5 WHERE Cod_Empresa =1"
-        " AND Cod_Articulo =5 AND Cod_Cliente =77 AND Fecha_Inicial = '01/01/2026' AND Fecha_Final = '31/12/2026'");
-    objeto.Modificar(5);
-    objeto.Por_Articulo(true);
-    guion->EsperaEjecucion(
-        " DELETE FROM Clientes_Art_PVP WHERE Cod_Empresa = 1 AND Cod_Articulo = 1042 AND Cod_Cliente =  5"
-        " AND Fecha_Inicial ='05/03/2026' AND Fecha_Final = '31/12/2026'");
-    objeto.Eliminar(5, dia, objeto.Fecha_Final);
-    guion->EsperaEjecucion(
-        " UPDATE Clientes_Art_PVP SET Cod_Articulo=1042 ,Cod_Cliente=77,PVP=12.5 WHERE Cod_Empresa =1"
-        " AND Cod_Articulo =1042 AND Cod_Cliente =5 AND Fecha_Inicial = '01/01/2026' AND Fecha_Final = '31/12/2026'");
-    objeto.Modificar(5);
-}
-
-TEST_F(ClienteArticulo, Recorrido_EnLosDosModos) {
-    const std::string articulos =
-        " SELECT a.* , b.Nombre as Descripcion from Clientes b  INNER JOIN Clientes_Art_PVP a "
-        " ON (b.Codigo = a.Cod_Cliente)  and (b.Cod_Empresa = 4)";
-    const std::string clientes =
-        " SELECT a.* , b.Descripcion from Articulos b  INNER JOIN Clientes_Art_PVP a "
-        " ON (b.Codigo = a.Cod_Articulo)  and (b.Cod_Empresa = 4)";
-    using C = clsCliente_Articulo;
-    struct Caso {
-        bool (C::*metodo)(std::unique_ptr<Recordset>&);
-        const std::string& cabeza;
-        const char* donde;
+    struct Modo {
+        bool porArticulo;
+        std::string borrado;
+        std::string clave;
     };
-    objeto.Key(std::int32_t{30});
-    for (const Caso& caso :
-         {Caso{&C::Cargar_Siguiente, articulos,
-               " WHERE a.Cod_Empresa=1 and a.Cod_Articulo = (SELECT TOP 1 Cod_Articulo FROM Clientes_Art_PVP "
-               " WHERE Cod_Empresa =1 AND Cod_Articulo  > 30 ORDER BY Cod_Articulo ASC)"},
-          {&C::Cargar_Anterior, articulos,
-           " WHERE a.Cod_Empresa=1 and a.Cod_Articulo = (SELECT TOP 1 Cod_Articulo FROM Clientes_Art_PVP "
-           " WHERE Cod_Empresa =1 AND Cod_Articulo  < 30 ORDER BY Cod_Articulo DESC)"},
-          {&C::Cargar_Primero, articulos,
-           " WHERE (a.Cod_Empresa=1) and (a.Cod_Articulo = (SELECT ISNULL(MIN(Cod_Articulo), 0) FROM"
-           " Clientes_Art_PVP  WHERE Cod_Empresa =1))"},
-          {&C::Cargar_Ultimo, articulos,
-           " WHERE a.Cod_Empresa=1 and a.Cod_Articulo = (SELECT ISNULL(MAX(Cod_Articulo), 0) AS Cod_Articulo FROM"
-           " Clientes_Art_PVP  WHERE Cod_Empresa =1)"},
-          {&C::Cargar_Siguiente, clientes,
-           " WHERE a.Cod_Empresa=1 and a.Cod_Cliente = (SELECT TOP 1 Cod_Cliente FROM Clientes_Art_PVP "
-           " WHERE Cod_Empresa =1 AND Cod_Cliente  > 30 ORDER BY Cod_Cliente ASC)"},
-          {&C::Cargar_Anterior, clientes,
-           " WHERE a.Cod_Empresa=1 and a.Cod_Cliente = (SELECT TOP 1 Cod_Cliente FROM Clientes_Art_PVP "
-           " WHERE Cod_Empresa =1 AND Cod_Cliente  < 30 ORDER BY Cod_Cliente DESC)"},
-          {&C::Cargar_Primero, clientes,
-           " WHERE a.Cod_Empresa=1 and a.Cod_Cliente = (SELECT ISNULL(MIN(Cod_Cliente), 0) AS Cod_Cliente FROM"
-           " Clientes_Art_PVP  WHERE Cod_Empresa =1)"},
-          {&C::Cargar_Ultimo, clientes,
-           " WHERE a.Cod_Empresa=1 and a.Cod_Cliente = (SELECT ISNULL(MAX(Cod_Cliente), 0) AS Cod_Cliente FROM"
-           " Clientes_Art_PVP  WHERE Cod_Empresa =1)"}}) {
-        objeto.Por_Articulo(&caso.cabeza == &articulos);
-        guion->EsperaConsulta(caso.cabeza + caso.donde);
-        std::unique_ptr<Recordset> rs;
-        EXPECT_FALSE((objeto.*caso.metodo)(rs));
-        guion->Terminar();
+    for (const Modo& modo : {Modo{false,
+                                  "DELETE FROM Clientes_Art_PVP WHERE Cod_Empresa = 1 AND Cod_Articulo = 5"
+                                  " AND Cod_Cliente =  77",
+                                  "Cod_Articulo =5 AND Cod_Cliente =77"},
+                             {true,
+                              " DELETE FROM Clientes_Art_PVP WHERE Cod_Empresa = 1 AND Cod_Articulo = 1042"
+                              " AND Cod_Cliente =  5",
+                              "Cod_Articulo =1042 AND Cod_Cliente =5"}}) {
+        objeto.Por_Articulo(modo.porArticulo);
+        guion->EsperaEjecucion(modo.borrado + " AND Fecha_Inicial ='05/03/2026' AND Fecha_Final = '06/03/2026'");
+        objeto.Eliminar(5, dia, dia + 1);
+        guion->EsperaEjecucion(
+            " UPDATE Clientes_Art_PVP SET Cod_Articulo=1042 ,Cod_Cliente=77,PVP=12.5 WHERE Cod_Empresa =1 AND " +
+            modo.clave + " AND Fecha_Inicial = '01/01/2026' AND Fecha_Final = '31/12/2026'");
+        objeto.Modificar(5);
     }
 }
 
-TEST_F(ClienteArticulo, Cargar_CopiaLaPrimeraFilaYCambiaDeConexion) {
-    const auto otra = std::make_shared<ConexionGuion>();
+TEST_F(ClienteArticulo, Recorrido_EnLosDosModos) {
+    using C = clsCliente_Articulo;
+    struct Caso {
+        bool (C::*metodo)(std::unique_ptr<Recordset>&);
+        std::string donde;  // @ is the column that moves
+    };
+    const std::string igual = " WHERE a.Cod_Empresa=1 and a.@ = (SELECT ";
+    const std::string tabla = " FROM Clientes_Art_PVP  WHERE Cod_Empresa =1";
+    const Caso kCasos[] = {{&C::Cargar_Siguiente, igual + "TOP 1 @" + tabla + " AND @  > 30 ORDER BY @ ASC)"},
+                           {&C::Cargar_Anterior, igual + "TOP 1 @" + tabla + " AND @  < 30 ORDER BY @ DESC)"},
+                           {&C::Cargar_Primero, igual + "ISNULL(MIN(@), 0) AS @" + tabla + ")"},
+                           {&C::Cargar_Ultimo, igual + "ISNULL(MAX(@), 0) AS @" + tabla + ")"}};
+    objeto.Key(std::int32_t{30});
     std::unique_ptr<Recordset> rs;
+    for (const bool porArticulo : {false, true})
+        for (const Caso& caso : kCasos) {
+            objeto.Por_Articulo(porArticulo);
+            std::string sql = (porArticulo ? kDeArticulo : kDeCliente) + caso.donde;
+            // The first article is asked for with brackets of its own and without a name.
+            if (porArticulo && caso.metodo == &C::Cargar_Primero)
+                sql = kDeArticulo + " WHERE (a.Cod_Empresa=1) and (a.@ = (SELECT ISNULL(MIN(@), 0)" + tabla + "))";
+            for (auto pos = sql.find('@'); pos != std::string::npos; pos = sql.find('@'))
+                sql.replace(pos, 1, porArticulo ? "Cod_Articulo" : "Cod_Cliente");
+            guion->EsperaConsulta(sql);
+            EXPECT_FALSE((objeto.*caso.metodo)(rs));
+            rs->Close();
+        }
+}
+
+TEST_F(ClienteArticulo, Cargar_CopiaLaPrimeraFilaYCambiaDeConexion) {
+    std::unique_ptr<Recordset> rs;
+    guion->EsperaConsulta(kDeArticulo + " Where a.Cod_Articulo = 12,5 and a.Cod_Empresa = 1");
+    EXPECT_FALSE(objeto.Cargar(rs, true, Valor(12.5), nullptr));
+    const auto otra = std::make_shared<ConexionGuion>();
     otra->EsperaConsulta(
-        " SELECT a.* , b.Descripcion from Articulos b  INNER JOIN Clientes_Art_PVP a  ON (b.Codigo = a.Cod_Articulo) "
-        " and (b.Cod_Empresa = 4) Where a.Cod_Cliente = 12,5 and a.Cod_Empresa = 1",
+        kDeCliente + " Where a.Cod_Cliente = 5 and a.Cod_Empresa = 1",
         {"Cod_Articulo", "Cod_Empresa", "Cod_Cliente", "Descripcion", "Fecha_Inicial", "Fecha_Final", "PVP"},
-        {{std::int32_t{8}, std::int16_t{6}, std::int32_t{9}, std::string("Taladro"), dia, dia, 3.5}});
-    EXPECT_TRUE(objeto.Cargar(rs, false, Valor(12.5), otra));
-    EXPECT_EQ(8, objeto.Cod_Articulo);
-    EXPECT_EQ(6, objeto.Cod_Empresa);
+        {{std::int32_t{8}, std::int16_t{6}, std::int32_t{9}, std::string("Taladro"), dia, dia + 1, 3.5}});
+    EXPECT_TRUE(objeto.Cargar(rs, false, std::int32_t{5}, otra));
     EXPECT_EQ("Taladro", objeto.Descripcion);
-    EXPECT_EQ(3.5, objeto.precio);
     EXPECT_EQ(ObjectState::adStateOpen, rs->State());
-    rs->Close();
-    otra->EsperaEjecucion(
-        "INSERT INTO Clientes_Art_PVP (Cod_Cliente,Cod_Empresa,Cod_Articulo,PVP,Fecha_Inicial,Fecha_Final) Values ("
-        "9,6,8,3.5,'05/03/2026','05/03/2026')");
+    otra->EsperaEjecucion(std::string(kInsertar) + "9,6,8,3.5,'05/03/2026','06/03/2026')");
     objeto.Insertar();
     rs.reset();
 }
@@ -145,11 +121,12 @@ void EsperarEnLasDos(ConexionGuion& guion, const std::string& tabla, const std::
     }
 }
 
+constexpr const char* kClave = " WHERE Cod_Empresa = 1 AND Cod_Almacen =2 AND Cod_Cliente = 77 AND Cod_Articulo = 1042";
+
 TEST_F(ClienteArticulo, Acumular_ConSuCosteYEnLasDosTablas) {
     const std::string totales =
-        " Unidades = Unidades + -2.5, Importe_PVP = Importe_PVP + 10.13, Importe_Costo = Importe_Costo + 4.01"
-        " WHERE Cod_Empresa = 1 AND Cod_Almacen =2 AND Cod_Cliente = 77 AND Cod_Articulo = 1042 AND Fecha "
-        "='05/03/2026'";
+        " Unidades = Unidades + -2.5, Importe_PVP = Importe_PVP + 10.13, Importe_Costo = Importe_Costo + 4.01" +
+        std::string(kClave) + " AND Fecha ='05/03/2026'";
     EsperarEnLasDos(*guion, "Clientes_Articulos", totales,
                     " Fecha, Unidades, Importe_PVP, Importe_Costo) VALUES (1, 2, 77, 1042, '05/03/2026', -2.5, 10.13,"
                     " 4.01)");
@@ -166,8 +143,8 @@ TEST_F(ClienteArticulo, Acumular_SinCoste_LoPideAlAlmacen) {
         {"Costo"}, {{1.5}});
     guion->EsperaEscritura(
         " UPDATE Clientes_Articulos SET Unidades = Unidades + 2, Importe_PVP = Importe_PVP + 10, Importe_Costo ="
-        " Importe_Costo + 3 WHERE Cod_Empresa = 1 AND Cod_Almacen =2 AND Cod_Cliente = 77 AND Cod_Articulo = 1042"
-        " AND Fecha ='05/03/2026'",
+        " Importe_Costo + 3" +
+            std::string(kClave) + " AND Fecha ='05/03/2026'",
         0);
     guion->YFalla(1205, "bloqueo");
     EsperarError(1205, "clsClientes_Articulo::Acumular",
@@ -181,9 +158,8 @@ TEST_F(ClienteArticulo, AcumularC_LeeElCosteDelArticulo) {
         "=1042",
         {"Costo"}, {{2.0}});
     EsperarEnLasDos(*guion, "Clientes_Articulos_C",
-                    " Unidades = Unidades + 3, Importe_PVP = Importe_PVP + 10, Importe_Costo = Importe_Costo + 6"
-                    " WHERE Cod_Empresa = 1 AND Cod_Almacen =2 AND Cod_Cliente = 77 AND Cod_Articulo = 1042"
-                    " AND CualidadX = 38 AND CualidadY = 4 AND Fecha ='05/03/2026'",
+                    " Unidades = Unidades + 3, Importe_PVP = Importe_PVP + 10, Importe_Costo = Importe_Costo + 6" +
+                        std::string(kClave) + " AND CualidadX = 38 AND CualidadY = 4 AND Fecha ='05/03/2026'",
                     " CualidadX, CualidadY, Fecha, Unidades, Importe_PVP, Importe_Costo) VALUES (1, 2, 77, 1042, 38, 4,"
                     " '05/03/2026', 3, 10, 6)");
     objeto.Acumular_C(dia, Currency::DeEntero(3), Currency::DeEntero(10), Currency(), 38, 4);
