@@ -133,6 +133,7 @@ TEST_F(Cadenas, Neto_DeArribaAbajoYDentroDelNodoDel1Al5) {
         {"clase desconocida", {{false, {{7, 1}}}}, 100},
         // 19.99 - 1.50 = 18.49; - 1.39 = 17.10; x 2 / 3 = 11.40
         {"redondeo en cada paso", {{false, {{0, 7.5, 0, true}, {0, 7.5, 0, true}, {2, 2, 1}}}}, 11.4, 19.99},
+        {"centésimas", {{false, {{0, 10, 0, true}, {0, 10, 0, true}, {0, 10, 0, true}}}}, 0.76, 1.05},
         {"bajo cero", {{false, {{1, 50}}}}, -20, 30},
     };
     for (const auto& caso : kCasos) {
@@ -166,8 +167,8 @@ TEST_F(Cadenas, TextoTotal_CadaClase) {
     empresa->decPrecios = 3;
     Esperar({{false, {{0, 7.125}, {1, 1.5}, {2, 5, 1}, {9, 1}}}});
     EXPECT_EQ("PB: 100  DTOS: 7,13% E1,500 M5,1", objeto.Dev_CadenaConvenio_Total(kDia));
-    Esperar({{false, {{9, 1}, {0, 2}}}});
-    EXPECT_EQ("PB: 100  DTOS: 2,00%", objeto.Dev_CadenaConvenio_Total(kDia));
+    Esperar({{false, {{9, 1}}}});
+    EXPECT_EQ("PB: 100  DTOS:", objeto.Dev_CadenaConvenio_Total(kDia));
 }
 
 TEST_F(Cadenas, TextoDelNodo_ConSusBlancosYSuRareza) {
