@@ -75,9 +75,8 @@ retirar() {
     fi
 }
 
-repetir() { vino 300 "$construido/tests/com/prueba_com.exe" "Z:$trabajo/cargas.txt"; }
-servidor() { vino 300 "$construido/tests/com/prueba_servidor.exe" registrado "Z:$trabajo/cargas.txt"; }
-sin_registro() { vino 60 "$construido/tests/com/prueba_servidor.exe" manifiesto "Z:$construido/component/com/KVDatosArt.manifest"; }
+# probar STAGE [FILE]: a stage of the tests' program.
+probar() { vino 300 "$construido/tests/com/prueba_com.exe" "$@"; }
 
 # guion HOST OPTION: the recorded loads priced from VBScript and JScript; 42 says that all of it ran, since a script host
 # ends with 0 after an error that nobody caught.
@@ -113,17 +112,16 @@ for bits in 64 32; do
     fi
     etapa "$bits bits: registro, repetición, ranuras y objetos"
     registrar
-    repetir
-    servidor
+    probar cargas "Z:$trabajo/cargas.txt"
     etapa "$bits bits: guiones"
     guiones
     etapa "$bits bits: coste de una carga"
     medir
     retirar
     etapa "$bits bits: claves del registro"
-    vino 60 "$construido/tests/com/prueba_registro.exe"
+    probar claves
     etapa "$bits bits: uso sin registro"
-    sin_registro
+    probar manifiesto "Z:$construido/component/com/KVDatosArt.manifest"
     etapa "$bits bits: ADO"
     probar_ado "$bits"
     etapa "$bits bits: ejemplos"

@@ -6,14 +6,6 @@
 
 namespace kv::prueba {
 
-/// A new object and the one reference to it.
-template <class Objeto, class... Partes>
-PunteroCom<Objeto> Nuevo(Partes&&... partes) {
-    PunteroCom<Objeto> puntero;
-    *puntero.Recibir() = new Objeto(std::forward<Partes>(partes)...);
-    return puntero;
-}
-
 /// Objects of ours stand for a class of ADO as long as this lives.
 template <class Objeto>
 class ClaseFalsa {

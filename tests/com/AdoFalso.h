@@ -1,8 +1,11 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "db/Nombres.h"
@@ -25,6 +28,14 @@ struct Estado {
 inline Estado& Global() {
     static Estado estado;
     return estado;
+}
+
+/// A new object with the one reference that it is born with.
+template <class Objeto, class... Argumentos>
+PunteroCom<Objeto> Nuevo(Argumentos&&... argumentos) {
+    PunteroCom<Objeto> nuevo;
+    *nuevo.Recibir() = new Objeto(std::forward<Argumentos>(argumentos)...);
+    return nuevo;
 }
 
 /// Reports a difference as a provider does: its own HRESULT, source and text.
@@ -50,94 +61,76 @@ inline HRESULT Tomar(char clase, const std::string& texto, Paso& paso) {
     return S_OK;
 }
 
-inline void Contar(long textos = 0) {
+/// Counts a call, and complains unless it was as it must be.
+inline HRESULT Contar(long textos = 0, bool bien = true, const char* queja = "") {
     ++Global().llamadas;
     Global().textos += textos;
+    return bien ? S_OK : Quejarse(queja);
+}
+
+/// Counts a call and leaves its result.
+template <class T>
+HRESULT Dar(T* destino, T valor, long textos = 0) {
+    *destino = valor;
+    return Contar(textos);
 }
 
 /// References, counted in the state, and the one identifier that the object answers to besides IUnknown and IDispatch.
 template <class Interfaz>
-class Contado : public Interfaz {
-  public:
-    explicit Contado(const GUID& generacion) : generacion_(generacion) { ++Global().vivos; }
+struct Contado : Interfaz {
+    explicit Contado(const GUID& generacion = IID_NULL) : generacion_(generacion) { ++Global().vivos; }
     virtual ~Contado() { --Global().vivos; }
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** objeto) override {
+    STDMETHODIMP QueryInterface(REFIID iid, void** objeto) override {
         *objeto = iid == IID_IUnknown || iid == IID_IDispatch || iid == generacion_ ? this : nullptr;
-        if (*objeto == nullptr) return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
+        return *objeto != nullptr ? AddRef(), S_OK : E_NOINTERFACE;
     }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++referencias_; }
-    ULONG STDMETHODCALLTYPE Release() override {
+    STDMETHODIMP_(ULONG) AddRef() override { return ++referencias_; }
+    STDMETHODIMP_(ULONG) Release() override {
         const ULONG quedan = --referencias_;
         if (quedan == 0) delete this;
         return quedan;
     }
-
-  private:
-    GUID generacion_;
+    const GUID generacion_;
     ULONG referencias_ = 1;
 };
 
 /// The parts of IDispatch that early-bound callers never use.
 template <class Interfaz>
-class Falso : public Contado<Interfaz> {
-  public:
+struct Falso : Contado<Interfaz> {
     using Contado<Interfaz>::Contado;
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
         return E_NOTIMPL;
     }
 };
 
-class CampoFalso : public Falso<ado::Field> {
-  public:
-    explicit CampoFalso(const Valor& valor, std::string_view nombre = {})
-        : Falso(IID_NULL), valor_(valor), nombre_(nombre) {}
-    HRESULT STDMETHODCALLTYPE get_Name(BSTR* nombre) override {
-        *nombre = Cadena(nombre_).Soltar();
-        return S_OK;
+struct CampoFalso : Falso<ado::Field> {
+    explicit CampoFalso(const Valor& valor, std::string_view nombre = {}) : valor_(valor), nombre_(nombre) {}
+    STDMETHODIMP get_Name(BSTR* nombre) override { return Dar(nombre, Cadena(nombre_).Soltar()); }
+    STDMETHODIMP get_Value(VARIANT* valor) override {
+        return Dar(valor, Variante(valor_).Soltar(), std::holds_alternative<std::string>(valor_) ? 1 : 0);
     }
-    HRESULT STDMETHODCALLTYPE get_Value(VARIANT* valor) override {
-        Contar(std::holds_alternative<std::string>(valor_) ? 1 : 0);
-        *valor = Variante(valor_).Soltar();
-        return S_OK;
-    }
-
-  private:
-    Valor valor_;
-    std::string nombre_;
+    const Valor valor_;
+    const std::string nombre_;
 };
 
-class CamposFalsos : public Falso<ado::Fields> {
-  public:
-    explicit CamposFalsos(std::shared_ptr<const Paso> paso) : Falso(IID_NULL), paso_(std::move(paso)) {}
-    HRESULT STDMETHODCALLTYPE get_Count(long* cuantos) override {
-        *cuantos = static_cast<long>(paso_->fila.size());
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE get_Item(VARIANT indice, ado::Field** campo) override {
-        Contar(1);
-        if (indice.vt != VT_BSTR) return Quejarse("campo pedido por posición");
-        const std::string pedido = Utf8(indice.bstrVal);
-        for (const auto& [nombre, valor] : paso_->fila) {
-            if (!MismoNombre(nombre, pedido)) continue;
-            *campo = new CampoFalso(valor);
-            return S_OK;
-        }
+struct CamposFalsos : Falso<ado::Fields> {
+    explicit CamposFalsos(std::shared_ptr<const Paso> paso) : paso_(std::move(paso)) {}
+    STDMETHODIMP get_Count(long*) override { return E_NOTIMPL; }
+    STDMETHODIMP get_Item(VARIANT indice, ado::Field** campo) override {
+        const std::string pedido = indice.vt == VT_BSTR ? Utf8(indice.bstrVal) : "por posición";
+        for (const auto& [nombre, valor] : paso_->fila)
+            if (MismoNombre(nombre, pedido)) return Dar<ado::Field*>(campo, new CampoFalso(valor), 1);
         return Quejarse("no hay campo " + pedido, static_cast<HRESULT>(0x800A0CC1));
     }
-
-  private:
-    std::shared_ptr<const Paso> paso_;
+    const std::shared_ptr<const Paso> paso_;
 };
 
-class RecordsetFalso : public Falso<ado::Recordset> {
-  public:
-    explicit RecordsetFalso(const GUID& generacion) : Falso(generacion) {}
-    HRESULT STDMETHODCALLTYPE Open(VARIANT origen, VARIANT conexion, int cursor, int bloqueo, long opciones) override {
+struct RecordsetFalso : Falso<ado::Recordset> {
+    using Falso::Falso;
+    STDMETHODIMP Open(VARIANT origen, VARIANT conexion, int cursor, int bloqueo, long opciones) override {
         Contar(1);
         if (abierto_) return Quejarse("abierto dos veces", static_cast<HRESULT>(0x800A0E79));
         if (conexion.vt != VT_DISPATCH || cursor != 0 || bloqueo != 1 || opciones != 1)
@@ -147,45 +140,28 @@ class RecordsetFalso : public Falso<ado::Recordset> {
         abierto_ = SUCCEEDED(hr);
         return hr;
     }
-    HRESULT STDMETHODCALLTYPE get_EOF(VARIANT_BOOL* fin) override {
-        Contar();
+    STDMETHODIMP get_EOF(VARIANT_BOOL* fin) override {
         *fin = !paso_ || paso_->fila.empty() ? VARIANT_TRUE : VARIANT_FALSE;
-        return abierto_ ? S_OK : Quejarse("EOF cerrado");
+        return Contar(0, abierto_, "EOF cerrado");
     }
-    HRESULT STDMETHODCALLTYPE get_Fields(ado::Fields** campos) override {
-        Contar();
-        *campos = new CamposFalsos(paso_);
-        return S_OK;
+    STDMETHODIMP get_Fields(ado::Fields** campos) override {
+        return Dar<ado::Fields*>(campos, new CamposFalsos(paso_));
     }
-    HRESULT STDMETHODCALLTYPE Close() override {
-        Contar();
-        if (!abierto_) return Quejarse("cerrado dos veces");
-        abierto_ = false;
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE MoveNext() override { return Quejarse("MoveNext en una carga"); }
-    HRESULT STDMETHODCALLTYPE get_State(long* estado) override {
-        *estado = abierto_ ? 1 : 0;
-        return S_OK;
-    }
-
-  private:
+    STDMETHODIMP Close() override { return Contar(0, std::exchange(abierto_, false), "cerrado dos veces"); }
+    STDMETHODIMP MoveNext() override { return Quejarse("MoveNext en una carga"); }
+    STDMETHODIMP get_State(long*) override { return Quejarse("State en una carga"); }
     std::shared_ptr<Paso> paso_;
     bool abierto_ = false;
 };
 
-class ConexionFalsa : public Falso<ado::Connection> {
-  public:
-    explicit ConexionFalsa(const GUID& generacion) : Falso(generacion) {}
-    HRESULT STDMETHODCALLTYPE Execute(BSTR, VARIANT*, long, ado::Recordset**) override { return Quejarse("Execute"); }
-    HRESULT STDMETHODCALLTYPE BeginTrans(long*) override { return Quejarse("BeginTrans"); }
-    HRESULT STDMETHODCALLTYPE CommitTrans() override { return Quejarse("CommitTrans"); }
-    HRESULT STDMETHODCALLTYPE RollbackTrans() override { return Quejarse("RollbackTrans"); }
-    HRESULT STDMETHODCALLTYPE Open(BSTR, BSTR, BSTR, long) override { return Quejarse("Open"); }
-    HRESULT STDMETHODCALLTYPE get_State(long* estado) override {
-        *estado = 1;
-        return S_OK;
-    }
+struct ConexionFalsa : Falso<ado::Connection> {
+    using Falso::Falso;
+    STDMETHODIMP Execute(BSTR, VARIANT*, long, ado::Recordset**) override { return Quejarse("Execute"); }
+    STDMETHODIMP BeginTrans(long*) override { return Quejarse("BeginTrans"); }
+    STDMETHODIMP CommitTrans() override { return Quejarse("CommitTrans"); }
+    STDMETHODIMP RollbackTrans() override { return Quejarse("RollbackTrans"); }
+    STDMETHODIMP Open(BSTR, BSTR, BSTR, long) override { return Quejarse("Open"); }
+    STDMETHODIMP get_State(long*) override { return Quejarse("State"); }
 };
 
 }  // namespace kv::prueba

@@ -4,147 +4,113 @@
 
 namespace kv::prueba {
 
-class ParametroFalso : public Falso<ado::Parameter> {
-  public:
-    ParametroFalso() : Falso(ado::Identificador(0x50C)) {}
-    HRESULT STDMETHODCALLTYPE get_Value(VARIANT* valor) override {
-        Contar();
-        *valor = Variante(salida).Soltar();
-        return S_OK;
-    }
+struct ParametroFalso : Falso<ado::Parameter> {
+    STDMETHODIMP get_Value(VARIANT* valor) override { return Dar(valor, Variante(salida).Soltar()); }
     std::string escrito;
     Valor salida;
 };
 
-class ParametrosFalsos : public Falso<ado::Parameters> {
-  public:
-    ParametrosFalsos() : Falso(IID_NULL) {}
-    HRESULT STDMETHODCALLTYPE get_Count(long*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Append(IDispatch* parametro) override {
-        Contar();
+struct ParametrosFalsos : Falso<ado::Parameters> {
+    STDMETHODIMP get_Count(long*) override { return E_NOTIMPL; }
+    STDMETHODIMP Append(IDispatch* parametro) override {
         lista.emplace_back(static_cast<ParametroFalso*>(parametro));
-        return S_OK;
+        return Contar();
     }
     std::vector<PunteroCom<ParametroFalso>> lista;
 };
 
 /// The rows that a procedure leaves: as with a real provider, its outputs arrive when they are let go.
-class FilasPendientes : public RecordsetFalso {
-  public:
-    FilasPendientes(std::vector<PunteroCom<ParametroFalso>> parametros, std::vector<Valor> salidas)
-        : RecordsetFalso(IID_NULL), parametros_(std::move(parametros)), salidas_(std::move(salidas)) {}
-    ~FilasPendientes() override {
-        for (std::size_t i = 0; i < salidas_.size(); ++i) parametros_[i]->salida = salidas_[i];
-    }
-
-  private:
-    std::vector<PunteroCom<ParametroFalso>> parametros_;
-    std::vector<Valor> salidas_;
+struct FilasPendientes : RecordsetFalso {
+    explicit FilasPendientes(std::function<void()> alSoltar) : alSoltar_(std::move(alSoltar)) {}
+    ~FilasPendientes() override { alSoltar_(); }
+    const std::function<void()> alSoltar_;
 };
 
 /// A stored procedure of the recording: checks every parameter, then gives back the recorded outputs.
-class ComandoFalso : public Falso<ado::Command> {
-  public:
-    explicit ComandoFalso(const GUID& generacion) : Falso(generacion) { *lista_.Recibir() = new ParametrosFalsos; }
-    HRESULT STDMETHODCALLTYPE putref_ActiveConnection(ado::Connection* c) override {
-        Contar();
-        return c != nullptr ? S_OK : E_POINTER;
+struct ComandoFalso : Falso<ado::Command> {
+    using Falso::Falso;
+    STDMETHODIMP putref_ActiveConnection(ado::Connection* c) override { return Dar(&conectado_, c != nullptr); }
+    STDMETHODIMP put_CommandText(BSTR texto) override { return Dar(&texto_, Utf8(texto), 1); }
+    STDMETHODIMP put_CommandTimeout(long segundos) override { return Dar(&segundos_, segundos); }
+    STDMETHODIMP put_CommandType(int tipo) override { return Dar(&tipo_, tipo); }
+    STDMETHODIMP get_Parameters(ado::Parameters** parametros) override {
+        parametros_->AddRef();
+        return Dar<ado::Parameters*>(parametros, parametros_.Get());
     }
-    HRESULT STDMETHODCALLTYPE put_CommandText(BSTR texto) override {
-        Contar(1);
-        texto_ = Utf8(texto);
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE put_CommandTimeout(long segundos) override {
-        Contar();
-        return segundos == 500 ? S_OK : Quejarse("CommandTimeout");
-    }
-    HRESULT STDMETHODCALLTYPE put_CommandType(int tipo) override {
-        Contar();
-        return tipo == 4 ? S_OK : Quejarse("CommandType");
-    }
-    HRESULT STDMETHODCALLTYPE get_Parameters(ado::Parameters** parametros) override {
-        Contar();
-        *parametros = PunteroCom<ParametrosFalsos>(lista_).Get();
-        (*parametros)->AddRef();
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE CreateParameter(BSTR nombre, int tipo, int direccion, LONG_PTR tamano, VARIANT valor,
-                                              ado::Parameter** parametro) override {
-        Contar(1);
+    STDMETHODIMP CreateParameter(BSTR nombre, int tipo, int direccion, LONG_PTR tamano, VARIANT valor,
+                                 ado::Parameter** parametro) override {
         Variante copia;
         if (valor.vt != VT_ERROR) VariantCopy(&copia.Get(), &valor);
         auto* nuevo = new ParametroFalso;
         nuevo->escrito = Utf8(nombre) + '\t' + std::to_string(tipo) + '\t' + std::to_string(direccion) + '\t' +
                          std::to_string(tamano) + '\t' + Codificar(copia.AValor());
-        *parametro = nuevo;
-        return S_OK;
+        return Dar<ado::Parameter*>(parametro, nuevo, 1);
     }
-    HRESULT STDMETHODCALLTYPE Execute(VARIANT*, VARIANT*, long, ado::Recordset** rs) override {
-        Contar();
+    STDMETHODIMP Execute(VARIANT*, VARIANT*, long, ado::Recordset** rs) override {
         *rs = nullptr;
+        if (!conectado_ || tipo_ != 4 || segundos_ != 500) return Quejarse("conexión, tipo o plazo de " + texto_);
         Paso paso;
         if (const HRESULT hr = Tomar('P', texto_, paso); FAILED(hr)) return hr;
-        if (paso.parametros.size() != lista_->lista.size()) return Quejarse("número de parámetros de " + texto_);
-        for (std::size_t i = 0; i < paso.parametros.size(); ++i) {
-            ParametroFalso& parametro = *lista_->lista[i].Get();
-            if (parametro.escrito != paso.parametros[i])
-                return Quejarse("parámetro |" + paso.parametros[i] + "|, llega |" + parametro.escrito + "|");
-        }
-        *rs = new FilasPendientes(lista_->lista, paso.salidas);
-        return S_OK;
+        const auto& lista = parametros_->lista;
+        if (paso.parametros.size() != lista.size()) return Quejarse("número de parámetros de " + texto_);
+        for (std::size_t i = 0; i < lista.size(); ++i)
+            if (lista[i]->escrito != paso.parametros[i])
+                return Quejarse("parámetro |" + paso.parametros[i] + "|, llega |" + lista[i]->escrito + "|");
+        return Dar<ado::Recordset*>(rs, new FilasPendientes([lista, salidas = paso.salidas] {
+                                        for (std::size_t i = 0; i < salidas.size(); ++i) lista[i]->salida = salidas[i];
+                                    }));
     }
-
-  private:
     std::string texto_;
-    PunteroCom<ParametrosFalsos> lista_;
+    long segundos_ = 0;
+    int tipo_ = 0;
+    bool conectado_ = false;
+    const PunteroCom<ParametrosFalsos> parametros_ = Nuevo<ParametrosFalsos>();
 };
 
-/// The company by name; counts how often each identifier is asked for.
-class EmpresaFalsa : public Falso<IDispatch> {
-  public:
-    EmpresaFalsa() : Falso(IID_NULL) {}
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* nombres, UINT, LCID, DISPID* ids) override {
-        Contar(1);
-        std::string nombre;
-        for (const wchar_t* p = nombres[0]; *p != 0; ++p) nombre += static_cast<char>(*p);
-        ++preguntas[nombre];
-        if (nombre == falta) return DISP_E_UNKNOWNNAME;
-        nombres_.push_back(nombre);
-        ids[0] = static_cast<DISPID>(nombres_.size());
-        return S_OK;
+/// An object called by name alone: a name gets its identifier when it is asked for, and `falta` never does.
+struct PorNombreFalso : Falso<IDispatch> {
+    using Falso::Falso;
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* nombres, UINT, LCID, DISPID* ids) override {
+        Cadena nombre;
+        *nombre.Recibir() = SysAllocString(nombres[0]);
+        nombres_.push_back(Utf8(nombre.Get()));
+        ++preguntas[nombres_.back()];
+        Dar(ids, static_cast<DISPID>(nombres_.size()), 1);
+        return nombres_.back() == falta ? DISP_E_UNKNOWNNAME : S_OK;
     }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* argumentos, VARIANT* resultado,
-                                     EXCEPINFO*, UINT*) override {
-        Contar();
-        std::string nombre = nombres_[static_cast<std::size_t>(id) - 1];
-        if (argumentos->cArgs == 1) nombre += std::to_string(argumentos->rgvarg[0].iVal);
-        *resultado = Variante(valores[nombre]).Soltar();
-        return S_OK;
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* dados, VARIANT* resultado, EXCEPINFO*,
+                        UINT*) override {
+        Variante dado;
+        if (dados->cArgs > 0) VariantCopyInd(&dado.Get(), &dados->rgvarg[0]);
+        Variante leido;
+        Leer(nombres_[static_cast<std::size_t>(id) - 1], dado.AValor(), leido.Get());
+        return resultado != nullptr ? Dar(resultado, leido.Soltar()) : Contar();
     }
-    std::map<std::string, Valor> valores;
+    /// What a member gives for its one argument, NULL without any.
+    virtual void Leer(const std::string& nombre, const Valor& dado, VARIANT& resultado) = 0;
+
+    std::vector<std::string> nombres_;
     std::map<std::string, int> preguntas;
     std::string falta;
+};
 
-  private:
-    std::vector<std::string> nombres_;
+/// The company; a numbered member's value is kept under its name and number.
+struct EmpresaFalsa : PorNombreFalso {
+    void Leer(const std::string& nombre, const Valor& dado, VARIANT& resultado) override {
+        resultado = Variante(valores[nombre + (EsNulo(dado) ? "" : AString(dado, '.'))]).Soltar();
+    }
+    std::map<std::string, Valor> valores;
 };
 
 /// Serves the objects that the component creates by ADO's class identifiers, within this process.
 template <class Objeto>
-class FabricaFalsa : public Contado<IClassFactory> {
-  public:
-    explicit FabricaFalsa(const GUID& generacion) : Contado(IID_IClassFactory), generacion_(generacion) {}
-    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID iid, void** objeto) override {
-        auto* nuevo = new Objeto(generacion_);
-        const HRESULT hr = nuevo->QueryInterface(iid, objeto);
-        nuevo->Release();
-        return hr;
+struct FabricaFalsa : Contado<IClassFactory> {
+    explicit FabricaFalsa(const GUID& generacion = IID_NULL) : Contado(IID_IClassFactory), suya_(generacion) {}
+    STDMETHODIMP CreateInstance(IUnknown*, REFIID iid, void** objeto) override {
+        return Nuevo<Objeto>(suya_)->QueryInterface(iid, objeto);
     }
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
-
-  private:
-    GUID generacion_;
+    STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+    const GUID suya_;
 };
 
 }  // namespace kv::prueba

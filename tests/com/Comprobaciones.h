@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <deque>
 #include <iostream>
 #include <stdexcept>
 #include <string>
@@ -34,54 +35,55 @@ inline PunteroCom<::_clsDatosArt> Crear() {
     return objeto;
 }
 
-/// A by-name call and all that it left.
+/// What a by-name call left: its value encoded, or a failure.
 struct Llamada {
     HRESULT hr = E_FAIL;
-    Variante valor;
-    UINT erroneo = 99;  // place of the wrong argument among those passed
+    std::string valor;
     HRESULT numero = 0;
-    std::string origen;
-    std::string descripcion;
+    std::string error;  // source and text, parted by a bar
+
+    /// The HRESULT that a caller of the vtable would get.
+    HRESULT Fallo() const { return hr == DISP_E_EXCEPTION ? numero : hr; }
 };
 
-/// Positional arguments in the order of the call; named ones by their identifiers.
-inline void PorNombre(Llamada& ll, IDispatch& o, const std::string& nombre, WORD clase,
-                      std::vector<VARIANT> posicionales = {}, std::vector<std::pair<DISPID, VARIANT>> nombrados = {}) {
+/// Positional arguments in the order of the call; named ones by their identifiers. NULL is one marked as left out.
+inline Llamada PorNombre(IDispatch& o, const std::string& nombre, WORD clase,
+                         const std::vector<Valor>& posicionales = {},
+                         const std::vector<std::pair<DISPID, Valor>>& nombrados = {}) {
+    Llamada ll;
     const Cadena ancho(nombre);
     OLECHAR* pedido = ancho.Get();
     DISPID id = 0;
-    if (ll.hr = o.GetIDsOfNames(IID_NULL, &pedido, 1, LOCALE_USER_DEFAULT, &id); FAILED(ll.hr)) return;
+    if (ll.hr = o.GetIDsOfNames(IID_NULL, &pedido, 1, LOCALE_USER_DEFAULT, &id); FAILED(ll.hr)) return ll;
+    std::deque<Variante> propios;
     std::vector<VARIANT> todos;
     std::vector<DISPID> ids;
-    for (const auto& [cual, valor] : nombrados) todos.push_back(valor), ids.push_back(cual);
-    todos.insert(todos.end(), posicionales.rbegin(), posicionales.rend());
+    const auto anadir = [&](const Valor& dado) {
+        VARIANT& v = propios.emplace_back(dado).Get();
+        if (v.vt == VT_NULL) v.vt = VT_ERROR, v.scode = DISP_E_PARAMNOTFOUND;
+        todos.push_back(v);
+    };
+    for (const auto& [cual, dado] : nombrados) anadir(dado), ids.push_back(cual);
+    for (auto dado = posicionales.rbegin(); dado != posicionales.rend(); ++dado) anadir(*dado);
     DISPPARAMS argumentos{todos.data(), ids.data(), static_cast<UINT>(todos.size()), static_cast<UINT>(ids.size())};
     EXCEPINFO e{};
-    ll.hr = o.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, clase, &argumentos, ll.valor.Recibir(), &e, &ll.erroneo);
+    Variante leido;
+    UINT erroneo = 0;
+    ll.hr = o.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, clase, &argumentos, leido.Recibir(), &e, &erroneo);
     ll.numero = e.scode;
-    ll.origen = Utf8(e.bstrSource);
-    ll.descripcion = Utf8(e.bstrDescription);
+    ll.error = Utf8(e.bstrSource) + "|" + Utf8(e.bstrDescription);
     for (BSTR b : {e.bstrSource, e.bstrDescription, e.bstrHelpFile}) SysFreeString(b);
+    ll.valor = Codificar(leido.AValor());
+    return ll;
 }
 
-inline Valor Leer(IDispatch& o, const std::string& nombre) {
-    Llamada ll;
-    PorNombre(ll, o, nombre, DISPATCH_PROPERTYGET);
-    return FAILED(ll.hr) ? Valor(std::string("sin valor")) : ll.valor.AValor();
+/// The encoded value of a property; nothing else of the object moves.
+inline std::string Leer(IDispatch& o, const std::string& nombre) {
+    return PorNombre(o, nombre, DISPATCH_PROPERTYGET).valor;
 }
 
-inline HRESULT Poner(IDispatch& o, const std::string& nombre, const VARIANT& valor, WORD clase = DISPATCH_PROPERTYPUT) {
-    Llamada ll;
-    PorNombre(ll, o, nombre, clase, {}, {{DISPID_PROPERTYPUT, valor}});
-    return ll.hr;
-}
-
-/// Description of the thread's error object, which is taken from it.
-inline std::string TextoError() {
-    PunteroCom<IErrorInfo> info;
-    Cadena texto;
-    if (GetErrorInfo(0, info.Recibir()) == S_OK) info->GetDescription(texto.Recibir());
-    return Utf8(texto.Get());
+inline HRESULT Poner(IDispatch& o, const std::string& nombre, const Valor& valor) {
+    return PorNombre(o, nombre, DISPATCH_PROPERTYPUT, {}, {{DISPID_PROPERTYPUT, valor}}).hr;
 }
 
 /// Shows the counts; the exit code of the program.

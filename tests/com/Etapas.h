@@ -1,29 +1,24 @@
 #pragma once
 
-#include "tests/com/ComandoFalso.h"
 #include "tests/com/Comprobaciones.h"
+#include "tests/com/Escena.h"
 
-// The parts of prueba_servidor. All but the last need the registered class.
+// The parts of prueba_com. The first three need the registered class, the last two that it is not registered.
 namespace kv::prueba {
 
-/// A recording with fakes that stand for its company and connection.
-struct Escena {
-    std::vector<Caso> casos;
-    PunteroCom<EmpresaFalsa> empresa;
-    PunteroCom<ConexionFalsa> conexion;
-
-    /// A new object with both references and the variant of a case, whose load is what the fakes answer next.
-    PunteroCom<::_clsDatosArt> Preparar(const Caso& caso) const;
-    /// Loads a case through the vtable and checks its status.
-    void Cargar(::_clsDatosArt& o, const Caso& caso) const;
-};
+/// A new object with the scene's references and the variant of a case, whose load is what the fakes answer next.
+PunteroCom<::_clsDatosArt> Preparar(const Escena& escena, const Caso& caso);
+/// Loads a case through the vtable.
+Llamada CargarPorRanura(::_clsDatosArt& o, const Caso& caso);
 
 /// Every member: description, slot and name.
 void ProbarRanuras();
-/// Every recorded load by name, in each way of passing the arguments; wrong ones.
-void ProbarPorNombre(const Escena& escena);
-/// Independence, references, identity, the class factory, parents and errors.
+/// Every recorded load with its price and parent; wrong arguments.
+void ProbarCargas(const Escena& escena);
+/// References, identity, the class factory, parents, errors and null pointers.
 void ProbarObjetos(const Escena& escena);
+/// The keys that the registration's own code makes, and what removal leaves.
+void ProbarClaves();
 /// Use without registration, through the manifest.
 void ProbarManifiesto(const char* ruta);
 

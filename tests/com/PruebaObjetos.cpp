@@ -1,22 +1,17 @@
-#include <cstring>
-
+#include "component/com/ArgumentosCompletos.h"
+#include "db/ado/EmpresaDispatch.h"
 #include "tests/com/Etapas.h"
 
 namespace kv::prueba {
 namespace {
 
 constexpr GUID kDesconocido = {0x5a1c0f3e, 0x11, 0x22, {1, 2, 3, 4, 5, 6, 7, 8}};
-
-HMODULE Dll() {
-    return GetModuleHandleW(L"KVDatosArt.dll");
-}
+constexpr HRESULT kSinObjeto = static_cast<HRESULT>(0x800A005B);
 
 HRESULT SePuedeDescargar() {
-    const auto direccion = GetProcAddress(Dll(), "DllCanUnloadNow");
-    HRESULT(STDMETHODCALLTYPE * funcion)() = nullptr;
-    static_assert(sizeof funcion == sizeof direccion);
-    std::memcpy(&funcion, &direccion, sizeof funcion);
-    return funcion();
+    using Funcion = HRESULT(STDMETHODCALLTYPE*)();
+    const auto direccion = GetProcAddress(GetModuleHandleW(L"KVDatosArt.dll"), "DllCanUnloadNow");
+    return reinterpret_cast<Funcion>(reinterpret_cast<void*>(direccion))();
 }
 
 template <class Interfaz>
@@ -25,201 +20,241 @@ ULONG Referencias(Interfaz& objeto) {
     return objeto.Release();
 }
 
-/// Loads of two objects in turns, each with its own values to the end.
-void ProbarIndependencia(const Escena& escena) {
-    const Caso& uno = escena.casos[24];
-    const Caso& dos = escena.casos[400];
-    const auto a = escena.Preparar(uno);
-    const auto b = escena.Preparar(dos);
-    for (int vuelta = 0; vuelta < 2; ++vuelta) {
-        escena.Cargar(*a.Get(), uno);
-        escena.Cargar(*b.Get(), dos);
-    }
-    for (const auto& [objeto, caso] : {std::pair{a.Get(), &uno}, std::pair{b.Get(), &dos}})
-        for (const auto& [nombre, valor] : caso->propiedades)
-            Exigir(Codificar(Leer(*objeto, nombre)) == valor, "cada objeto lo suyo: " + nombre);
-}
-
 void ProbarReferencias(const Escena& escena) {
     const auto vivos = Global().vivos;
     const ULONG conexion = Referencias(*escena.conexion.Get());
     const ULONG empresa = Referencias(*escena.empresa.Get());
     {
-        PunteroCom<ConexionFalsa> otra;
-        *otra.Recibir() = new ConexionFalsa(ado::kConnection[1]);
-        const auto o = escena.Preparar(escena.casos[24]);
+        const auto otra = Nuevo<ConexionFalsa>(ado::kConnection[1]);
+        const auto o = Preparar(escena, escena.casos[24]);
+        Exigir(CargarPorRanura(*o.Get(), escena.casos[24]).hr == S_OK, "carga");
         Exigir(Referencias(*escena.conexion.Get()) == conexion + 1, "una referencia a la conexión");
         Exigir(Referencias(*escena.empresa.Get()) == empresa + 1, "una referencia a la empresa");
-        escena.Cargar(*o.Get(), escena.casos[24]);
         Exigir(o->putref_Conexion(otra.Get()) == S_OK && Referencias(*escena.conexion.Get()) == conexion, "sustituida");
         Exigir(o->putref_Conexion(escena.empresa.Get()) != S_OK && Referencias(*otra.Get()) == 2,
                "la mala no sustituye");
         Exigir(o->putref_Conexion(nullptr) == S_OK && Referencias(*otra.Get()) == 1, "Nothing suelta");
-        Exigir(SePuedeDescargar() == S_FALSE, "un objeto retiene la DLL");
     }
-    Exigir(Referencias(*escena.conexion.Get()) == conexion, "conexión devuelta");
     Exigir(Referencias(*escena.empresa.Get()) == empresa, "empresa devuelta");
     Exigir(Global().vivos == vivos, "nada más queda vivo");
     Exigir(SePuedeDescargar() == S_OK, "nada retiene la DLL");
 }
 
-/// From every interface to every other, with one IUnknown.
+/// Every interface leads back to one IUnknown.
 void ProbarIdentidad() {
     const auto o = Crear();
-    const IID interfaces[] = {IID_IUnknown, IID_IDispatch, IID__clsDatosArt, IID_ISupportErrorInfo};
     PunteroCom<IUnknown> identidad;
     o->QueryInterface(IID_IUnknown, identidad.RecibirVoid());
-    for (const IID& desde : interfaces)
-        for (const IID& hasta : interfaces) {
-            PunteroCom<IUnknown> primera;
-            PunteroCom<IUnknown> segunda;
-            PunteroCom<IUnknown> vuelta;
-            Exigir(o->QueryInterface(desde, primera.RecibirVoid()) == S_OK, "QueryInterface");
-            Exigir(primera->QueryInterface(hasta, segunda.RecibirVoid()) == S_OK, "de una a otra");
-            Exigir(segunda->QueryInterface(IID_IUnknown, vuelta.RecibirVoid()) == S_OK, "de vuelta");
-            Exigir(vuelta.Get() == identidad.Get(), "una sola identidad");
-        }
-    void* nada = o.Get();
-    Exigir(o->QueryInterface(kDesconocido, &nada) == E_NOINTERFACE && nada == nullptr, "interfaz desconocida");
-    Exigir(o->QueryInterface(IID_IUnknown, nullptr) == E_POINTER, "QueryInterface a nulo");
+    for (const IID& iid : {IID_IDispatch, IID__clsDatosArt, IID_ISupportErrorInfo}) {
+        PunteroCom<IUnknown> otra;
+        PunteroCom<IUnknown> vuelta;
+        Exigir(identidad->QueryInterface(iid, otra.RecibirVoid()) == S_OK, "QueryInterface");
+        Exigir(otra->QueryInterface(IID_IUnknown, vuelta.RecibirVoid()) == S_OK, "vuelta");
+        Exigir(vuelta.Get() == identidad.Get(), "una sola identidad");
+    }
     Exigir(Referencias(*o.Get()) == 2, "referencias de más");
+    PunteroCom<ISupportErrorInfo> errores;
+    o->QueryInterface(IID_ISupportErrorInfo, errores.RecibirVoid());
+    Exigir(errores->InterfaceSupportsErrorInfo(IID__clsDatosArt) == S_OK, "da objetos de error");
+    Exigir(errores->InterfaceSupportsErrorInfo(kDesconocido) == S_FALSE, "no de una interfaz ajena");
 }
 
-void ProbarFabrica() {
+PunteroCom<IClassFactory> Fabrica() {
     PunteroCom<IClassFactory> fabrica;
-    Exigir(CoGetClassObject(CLSID_clsDatosArt, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
-                            fabrica.RecibirVoid()) == S_OK,
-           "fábrica");
-    PunteroCom<ConexionFalsa> exterior;
-    *exterior.Recibir() = new ConexionFalsa(ado::kConnection[0]);
-    void* nada = exterior.Get();
-    Exigir(fabrica->CreateInstance(exterior.Get(), IID_IUnknown, &nada) == CLASS_E_NOAGGREGATION && nada == nullptr,
-           "no se agrega");
-    Exigir(fabrica->CreateInstance(nullptr, kDesconocido, &nada) == E_NOINTERFACE && nada == nullptr, "sin interfaz");
-    Exigir(fabrica->CreateInstance(nullptr, IID_IUnknown, nullptr) == E_POINTER, "creación a nulo");
-    Exigir(fabrica->QueryInterface(IID_IDispatch, &nada) == E_NOINTERFACE && nada == nullptr,
-           "la fábrica no es Dispatch");
-    Exigir(fabrica->LockServer(TRUE) == S_OK, "bloqueo");
-    fabrica = {};
-    Exigir(SePuedeDescargar() == S_FALSE, "bloqueada, no se descarga");
     CoGetClassObject(CLSID_clsDatosArt, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, fabrica.RecibirVoid());
-    fabrica->LockServer(FALSE);
-    fabrica = {};
+    return fabrica;
+}
+
+void ProbarBloqueo() {
+    Fabrica()->LockServer(TRUE);
+    Exigir(SePuedeDescargar() == S_FALSE, "bloqueada, no se descarga");
+    Fabrica()->LockServer(FALSE);
     Exigir(SePuedeDescargar() == S_OK, "desbloqueada");
 }
 
+/// A parent is loaded once, outlives its child, and has no connection of its own.
 void ProbarPadre(const Escena& escena) {
-    int conPadre = 0;
-    for (const Caso& caso : escena.casos) {
-        auto o = escena.Preparar(caso);
-        if (caso.padre.empty() && conPadre > 0) continue;
-        escena.Cargar(*o.Get(), caso);
-        Global().pasos = caso.pasosPadre;
-        PunteroCom<::_clsDatosArt> padre;
-        PunteroCom<::_clsDatosArt> otraVez;
-        Exigir(o->get_padre(padre.Recibir()) == S_OK && o->get_padre(otraVez.Recibir()) == S_OK, "padre");
-        Exigir(Global().pasos.empty() && padre.Get() == otraVez.Get(), "el padre se carga una vez y es uno");
-        Exigir(static_cast<bool>(padre) != caso.padre.empty(), "hay padre o no");
-        if (!padre) continue;
-        ++conPadre;
-        otraVez = {};
-        Exigir(o->get_padre(nullptr) == E_POINTER, "padre a nulo");
-        o = {};
-        Exigir(Referencias(*padre.Get()) == 1, "el padre queda sólo nuestro");
-        Exigir(std::to_string(std::get<std::int32_t>(Leer(*padre.Get(), "Codigo"))) == caso.padre[0], "artículo padre");
-        Exigir(Codificar(Leer(*padre.Get(), "Pvp")) == caso.padre[1], "precio del padre");
-        short estado = 0;
-        Exigir(padre->Cargar(1, 1, 46000, 1, 1, 2, CURRENCY{}, &estado) == static_cast<HRESULT>(0x800A005B),
-               "el padre no hereda la conexión");
-        Exigir(SePuedeDescargar() == S_FALSE, "el padre retiene la DLL");
+    PunteroCom<::_clsDatosArt> padre;
+    const Caso* caso = escena.casos.data();
+    while (caso->padre.empty()) ++caso;
+    {
+        const auto o = Preparar(escena, *caso);
+        PunteroCom<::_clsDatosArt> antes;
+        CargarPorRanura(*o.Get(), *caso);
+        Global().pasos = caso->pasosPadre;
+        o->get_padre(antes.Recibir());
+        Exigir(o->get_padre(padre.Recibir()) == S_OK && padre.Get() == antes.Get(), "el padre es uno");
     }
-    Exigir(conPadre > 0, "alguno con padre");
-    Exigir(SePuedeDescargar() == S_OK, "padres devueltos");
+    Exigir(Referencias(*padre.Get()) == 1 && SePuedeDescargar() == S_FALSE, "el padre queda sólo nuestro");
+    Exigir(CargarPorRanura(*padre.Get(), *caso).hr == kSinObjeto, "el padre no hereda la conexión");
+}
+
+/// Script hosts without Set assign objects as values; a parent that was put is the one that is read.
+void ProbarSinSet(const Escena& escena) {
+    const auto o = Crear();
+    const auto otro = Crear();
+    const std::pair<DISPID, IDispatch*> objetos[] = {
+        {30, escena.conexion.Get()}, {31, escena.empresa.Get()}, {48, otro.Get()}};
+    for (const auto& [id, objeto] : objetos) {
+        Variante valor(objeto);
+        DISPID puesto = DISPID_PROPERTYPUT;
+        DISPPARAMS dados{&valor.Get(), &puesto, 1, 1};
+        Exigir(o->Invoke(id, IID_NULL, 0, DISPATCH_PROPERTYPUT, &dados, nullptr, nullptr, nullptr) == S_OK,
+               "sin Set " + std::to_string(id));
+    }
+    PunteroCom<::_clsDatosArt> padre;
+    Exigir(o->get_padre(padre.Recibir()) == S_OK && padre.Get() == otro.Get(), "el padre puesto");
+}
+
+/// Source and text of the thread's error object, which is taken from it.
+std::string ErrorDelHilo() {
+    PunteroCom<IErrorInfo> info;
+    Cadena origen;
+    Cadena texto;
+    if (GetErrorInfo(0, info.Recibir()) != S_OK) return {};
+    info->GetSource(origen.Recibir());
+    info->GetDescription(texto.Recibir());
+    return Utf8(origen.Get()) + "|" + Utf8(texto.Get());
 }
 
 /// The thread's error object and the record of a by-name call say the same.
 void ProbarErrores(const Escena& escena) {
-    PunteroCom<EmpresaFalsa> incompleta;
-    *incompleta.Recibir() = new EmpresaFalsa;
+    const auto incompleta = Nuevo<EmpresaFalsa>();
     incompleta->falta = "CodEmpresaClientes";
+    IDispatch* const conexion = escena.conexion.Get();
+    IDispatch* const empresa = escena.empresa.Get();
     const struct {
-        const char* que;
         IDispatch* conexion;
         IDispatch* empresa;
-        double fecha;
         std::uint32_t numero;
-        const char* origen;
-        const char* descripcion;
+        const char* error;
     } casos[] = {
-        {"sin Conexion", nullptr, escena.empresa.Get(), 46000, 0x800A005B,
-         "clsCliente::", "Variable de objeto no establecida: Conexion"},
-        {"sin cEmpresa", escena.conexion.Get(), nullptr, 46000, 0x800A005B,
-         "clsCliente::", "Variable de objeto no establecida: cEmpresa"},
-        {"empresa sin un miembro", escena.conexion.Get(), incompleta.Get(), 46000, 0x800A01B6, "",
-         "cEmpresa no tiene CodEmpresaClientes"},
-        {"fecha imposible", escena.conexion.Get(), escena.empresa.Get(), 1e300, 0x800A0006, "KVDatosArt",
-         "Desbordamiento"},
-        {"del proveedor", escena.conexion.Get(), escena.empresa.Get(), 46000, 0x80040E14, "", "de más: |SELECT"},
+        {nullptr, empresa, 0x800A005B, "Variable de objeto no establecida: Conexion"},
+        {conexion, nullptr, 0x800A005B, "Variable de objeto no establecida: cEmpresa"},
+        {conexion, incompleta.Get(), 0x800A01B6, "cEmpresa no tiene CodEmpresaClientes"},
+        {conexion, empresa, 0x80040E14, "de más: |SELECT * FROM Clientes WHERE Cod_Empresa =1 AND Codigo =1|"},
     };
+    Caso caso;
+    caso.argumentos = {"C", "1", "1", "46000", "1", "0", "0"};
+    Global().pasos.clear();
     for (const auto& c : casos) {
         const auto o = Crear();
         o->putref_Conexion(c.conexion);
         o->putref_cEmpresa(c.empresa);
-        Global().pasos.clear();
-        short estado = -1;
-        const HRESULT hr = o->Cargar(1, 1, c.fecha, 1, 1, 2, CURRENCY{}, &estado);
-        const std::string texto = TextoError();
-        Exigir(static_cast<std::uint32_t>(hr) == c.numero && estado == 0, std::string(c.que) + ": número");
-        Exigir(texto.starts_with(c.descripcion), std::string(c.que) + ": " + texto);
-        VARIANT fecha{};
-        fecha.vt = VT_DATE;
-        fecha.date = c.fecha;
-        VARIANT uno{};
-        uno.vt = VT_I2;
-        uno.iVal = 1;
-        Llamada ll;
-        PorNombre(ll, *o.Get(), "Cargar", DISPATCH_METHOD, {uno, uno, fecha, uno, uno, uno});
-        Exigir(ll.hr == DISP_E_EXCEPTION && ll.numero == hr && ll.descripcion == texto,
-               std::string(c.que) + ": por nombre");
-        Exigir(ll.origen.starts_with(c.origen) && !ll.origen.empty(), std::string(c.que) + ": origen " + ll.origen);
+        const Llamada ranura = CargarPorRanura(*o.Get(), caso);
+        const std::string error = ErrorDelHilo();
+        Exigir(static_cast<std::uint32_t>(ranura.hr) == c.numero && ranura.valor == "3:0", c.error);
+        Exigir(error == std::string("clsCliente::Cargar|") + c.error, error + " en vez de " + c.error);
+        const Llamada ll = PorNombre(*o.Get(), "Cargar", DISPATCH_METHOD, {1, 1, 46000, 1, 1, 2});
+        Exigir(ll.Fallo() == ranura.hr && ll.error == error, "por nombre: " + ll.error);
     }
 }
 
-void ProbarNulos() {
+/// The calls that no host makes on purpose.
+void ProbarDesatinos() {
     const auto o = Crear();
+    const auto fabrica = Fabrica();
+    void* nadas[4] = {o.Get(), o.Get(), o.Get(), o.Get()};
+    DISPPARAMS sin{};
+    CURRENCY precio;
+    precio.int64 = 7;
+    const auto ajeno = Nuevo<EmpresaFalsa>();
+    auto* const noEs = reinterpret_cast<::_clsDatosArt*>(static_cast<IDispatch*>(ajeno.Get()));
+    const auto invocar = [&](REFIID iid, DISPPARAMS* dados) {
+        return o->Invoke(1, iid, 0, DISPATCH_PROPERTYGET, dados, nullptr, nullptr, nullptr);
+    };
+    PunteroCom<ITypeInfo> info;
     const struct {
         const char* que;
         HRESULT hr;
+        HRESULT esperado;
     } casos[] = {
-        {"Cargar", o->Cargar(1, 1, 46000, 1, 1, 2, CURRENCY{}, nullptr)},
-        {"DevPvp", o->DevPvp(1, 46000, 0, nullptr)},
-        {"GetTypeInfoCount", o->GetTypeInfoCount(nullptr)},
-        {"GetTypeInfo", o->GetTypeInfo(0, 0, nullptr)},
-        {"GetIDsOfNames", o->GetIDsOfNames(IID_NULL, nullptr, 1, 0, nullptr)},
+        {"Cargar a nulo", o->Cargar(1, 1, 46000, 1, 1, 2, CURRENCY{}, nullptr), E_POINTER},
+        {"DevPvp a nulo", o->DevPvp(1, 46000, 0, nullptr), E_POINTER},
+        {"interfaz desconocida", o->QueryInterface(kDesconocido, &nadas[0]), E_NOINTERFACE},
+        {"la fábrica no es Dispatch", fabrica->QueryInterface(IID_IDispatch, &nadas[1]), E_NOINTERFACE},
+        {"no se agrega", fabrica->CreateInstance(o.Get(), IID_IUnknown, &nadas[2]), CLASS_E_NOAGGREGATION},
+        {"creación sin interfaz", fabrica->CreateInstance(nullptr, kDesconocido, &nadas[3]), E_NOINTERFACE},
+        {"fecha inmensa", o->DevPvp(1, 1e300, 0, &precio), static_cast<HRESULT>(0x800A0006)},
+        {"propiedad a nulo", o->get_Codigo(nullptr), E_POINTER},
+        {"padre de otra clase", o->putref_padre(noEs), static_cast<HRESULT>(0x800A000D)},
+        {"padre a nulo", o->get_padre(nullptr), E_POINTER},
+        {"QueryInterface a nulo", o->QueryInterface(IID_IUnknown, nullptr), E_POINTER},
+        {"GetTypeInfoCount a nulo", o->GetTypeInfoCount(nullptr), E_POINTER},
+        {"GetTypeInfo a nulo", o->GetTypeInfo(0, 0, nullptr), E_POINTER},
+        {"GetIDsOfNames a nulo", o->GetIDsOfNames(IID_NULL, nullptr, 1, 0, nullptr), E_POINTER},
+        {"creación a nulo", fabrica->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER},
+        {"otra descripción", o->GetTypeInfo(1, 0, info.Recibir()), DISP_E_BADINDEX},
+        {"Invoke sin argumentos", invocar(IID_NULL, nullptr), E_INVALIDARG},
+        {"Invoke con interfaz", invocar(kDesconocido, &sin), DISP_E_UNKNOWNINTERFACE},
     };
-    for (const auto& c : casos) Exigir(c.hr == E_POINTER, std::string(c.que) + " a nulo");
-    PunteroCom<ITypeInfo> info;
-    Exigir(o->GetTypeInfo(1, 0, info.Recibir()) == DISP_E_BADINDEX, "índice de la descripción");
-    Exigir(o->Invoke(1, IID_NULL, 0, DISPATCH_PROPERTYGET, nullptr, nullptr, nullptr, nullptr) == E_INVALIDARG,
-           "Invoke");
-    DISPPARAMS sin{};
-    Exigir(
-        o->Invoke(1, kDesconocido, 0, DISPATCH_PROPERTYGET, &sin, nullptr, nullptr, nullptr) == DISP_E_UNKNOWNINTERFACE,
-        "Invoke con interfaz");
-    Exigir(o->put_Descripcion(nullptr) == S_OK && Codificar(Leer(*o.Get(), "Descripcion")) == "10:",
-           "texto nulo, vacío");
+    for (const auto& c : casos) Exigir(c.hr == c.esperado, c.que);
+    Exigir(precio.int64 == 0, "precio de un fallo");
+    for (const void* nada : nadas) Exigir(nada == nullptr, "nada que no se da");
+    Exigir(o->put_Descripcion(nullptr) == S_OK && Leer(*o.Get(), "Descripcion") == "10:", "texto nulo, vacío");
+}
+
+/// Each member of the company is asked for under its own name.
+void ProbarEmpresa() {
+    const auto falsa = Nuevo<EmpresaFalsa>();
+    const EmpresaDispatch e(falsa.Get());
+    const char* const nombres[] = {"CodEmpresa",    "CodEmpresaArticulos", "CodEmpresaClientes", "CodEmpresaExtra",
+                                   "TarifaEmpresa", "DecPrecios",          "DecImportes",        "DecCostes"};
+    for (std::int16_t i = 0; const char* nombre : nombres) falsa->valores[nombre] = i++;
+    falsa->valores["VenderSinStock"] = true;
+    falsa->valores["CosteUltimaCompra"] = false;
+    const std::int16_t leidos[] = {
+        e.CodEmpresa(),    e.CodEmpresaArticulos(), e.CodEmpresaClientes(), e.CodEmpresaExtra(),
+        e.TarifaEmpresa(), e.DecPrecios(),          e.DecImportes(),        e.DecCostes()};
+    for (std::int16_t i = 0; const char* nombre : nombres) Exigir(leidos[i] == i, nombre), ++i;
+    Exigir(e.VenderSinStock() && !e.CosteUltimaCompra(), "VenderSinStock y CosteUltimaCompra");
+}
+
+/// Wine fills in what is missing and does not tell which argument is wrong, so the class itself is asked.
+void ProbarCompletos() {
+    VARIANT importe{};
+    importe.vt = VT_CY;
+    VARIANT dados[7]{};
+    dados[0].vt = VT_ERROR;
+    dados[0].scode = DISP_E_PARAMNOTFOUND;
+    DISPPARAMS seis{dados + 1, nullptr, 6, 0};
+    DISPPARAMS siete{dados, nullptr, 7, 0};
+    ArgumentosCompletos sin(seis, 6, importe);
+    ArgumentosCompletos marcado(siete, 6, importe);
+    Exigir(sin.Get()->cArgs == 7 && sin.Get()->rgvarg[0].vt == VT_CY && sin.Situar(6) == 5, "optativo que no está");
+    Exigir(marcado.Get()->rgvarg[0].vt == VT_CY && marcado.Situar(6) == 6, "optativo marcado como ausente");
+}
+
+/// Texts follow the user's decimal separator.
+void ProbarSeparador(const Escena& escena) {
+    SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, L",");
+    int conDecimales = 0;
+    for (const Caso& caso : escena.casos) {
+        const std::string& convenio = caso.propiedades.at("Convenio");
+        const std::size_t punto = convenio.find('.');
+        if (punto == std::string::npos || convenio.find("DTOS") != std::string::npos) continue;
+        const auto o = Preparar(escena, caso);
+        CargarPorRanura(*o.Get(), caso);
+        Exigir(Leer(*o.Get(), "Convenio") == std::string(convenio).replace(punto, 1, ","), "con coma " + convenio);
+        ++conDecimales;
+    }
+    Exigir(conDecimales > 0, "alguna carga con decimales en su texto");
+    SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, L".");
 }
 
 }  // namespace
 
 void ProbarObjetos(const Escena& escena) {
-    ProbarIndependencia(escena);
     ProbarReferencias(escena);
     ProbarIdentidad();
-    ProbarFabrica();
+    ProbarBloqueo();
     ProbarPadre(escena);
+    ProbarSinSet(escena);
     ProbarErrores(escena);
-    ProbarNulos();
+    ProbarDesatinos();
+    ProbarEmpresa();
+    ProbarCompletos();
+    ProbarSeparador(escena);
 }
 
 }  // namespace kv::prueba

@@ -2,6 +2,7 @@
 
 #include <fstream>
 #include <iostream>
+#include <iterator>
 
 #include "component/clsDatosArt.h"
 #include "db/BibliotecaComun.h"
@@ -12,60 +13,42 @@
 namespace kv::prueba {
 namespace {
 
-void EscribirPropiedades(std::ostream& salida, const clsDatosArt& a) {
+void EscribirEmpresa(std::ostream& salida, const kv::cEmpresa& e) {
+    constexpr const char* kNombres[] = {
+        "CodEmpresa",     "CodEmpresaArticulos", "CodEmpresaClientes", "CodEmpresaExtra", "TarifaEmpresa",
+        "VenderSinStock", "CosteUltimaCompra",   "DecPrecios",         "DecImportes",     "DecCostes",
+        "Parametro1",     "Parametro2",          "CaptionFamilia0",    "CaptionFamilia1", "CaptionFamilia2"};
+    const Valor valores[] = {e.CodEmpresa(),      e.CodEmpresaArticulos(), e.CodEmpresaClientes(), e.CodEmpresaExtra(),
+                             e.TarifaEmpresa(),   e.VenderSinStock(),      e.CosteUltimaCompra(),  e.DecPrecios(),
+                             e.DecImportes(),     e.DecCostes(),           e.Parametro(1),         e.Parametro(2),
+                             e.CaptionFamilia(0), e.CaptionFamilia(1),     e.CaptionFamilia(2)};
+    for (std::size_t i = 0; i < std::size(kNombres); ++i)
+        salida << "E\t" << kNombres[i] << '\t' << Codificar(valores[i]) << '\n';
+}
+
+/// A load, the price asked for after it and the parent.
+void Grabar(std::ostream& salida, clsDatosArt& a, int articulo, int cliente, Fecha hoy) {
+    const int vuelta = articulo + cliente;
+    const Fecha dia = hoy + vuelta / 4 % 2 * (vuelta % 40);
+    const auto tarifa = static_cast<std::int16_t>(vuelta % 4 - 1);
+    const bool forzar = articulo % 2 == 0;
+    a.CualidadX = static_cast<std::uint8_t>(vuelta % 3);
+    salida << "C\t" << articulo << '\t' << cliente << '\t' << static_cast<long>(dia.AOle()) << '\t' << tarifa << '\t'
+           << vuelta % 15 << '\t' << vuelta % 3 << '\t' << forzar << '\n';
+    const std::int16_t estado = a.Cargar(articulo, cliente, dia, tarifa, 1, 2, Currency::DeEntero(vuelta % 15));
+    salida << "R\t" << estado << '\n';
 #define KV_PROPIEDAD(nombre, tipo) salida << "V\t" #nombre "\t" << Codificar(Valor(a.nombre)) << '\n';
 #include "component/com/Propiedades.inc"
 #undef KV_PROPIEDAD
-}
-
-void EscribirEmpresa(std::ostream& salida, const kv::cEmpresa& e) {
-    const auto dato = [&](const char* nombre, const Valor& valor) {
-        salida << "E\t" << nombre << '\t' << Codificar(valor) << '\n';
-    };
-    dato("CodEmpresa", e.CodEmpresa());
-    dato("CodEmpresaArticulos", e.CodEmpresaArticulos());
-    dato("CodEmpresaClientes", e.CodEmpresaClientes());
-    dato("CodEmpresaExtra", e.CodEmpresaExtra());
-    dato("TarifaEmpresa", e.TarifaEmpresa());
-    dato("VenderSinStock", e.VenderSinStock());
-    dato("CosteUltimaCompra", e.CosteUltimaCompra());
-    dato("DecPrecios", e.DecPrecios());
-    dato("DecImportes", e.DecImportes());
-    dato("DecCostes", e.DecCostes());
-    dato("Parametro1", e.Parametro(1));
-    dato("Parametro2", e.Parametro(2));
-    for (std::int16_t i = 0; i < 3; ++i) dato(("CaptionFamilia" + std::to_string(i)).c_str(), e.CaptionFamilia(i));
-}
-
-struct Caso {
-    int articulo, cliente, tarifa, unidades, cualidadX;
-    bool forzar;
-};
-
-void GrabarPrecio(std::ostream& salida, clsDatosArt& a, const Caso& c, Fecha dia) {
     try {
-        const Currency precio = a.DevPvp(static_cast<std::int16_t>(c.tarifa), dia, c.forzar);
+        const Currency precio = a.DevPvp(tarifa, dia, forzar);
         salida << "D\t" << precio.Diezmilesimas() << '\n';
     } catch (const RuntimeError& error) {
         salida << "X\t" << error.numero << '\n';
     }
-}
-
-void GrabarPadre(std::ostream& salida, clsDatosArt& a) {
     salida << "H\n";
-    if (const auto padre = a.padre()) salida << "H\t" << padre->Codigo << '\t' << Codificar(padre->Pvp) << '\n';
-}
-
-void Grabar(std::ostream& salida, clsDatosArt& a, const Caso& c, Fecha dia) {
-    salida << "C\t" << c.articulo << '\t' << c.cliente << '\t' << static_cast<long>(dia.AOle()) << '\t' << c.tarifa
-           << '\t' << c.unidades << '\t' << c.cualidadX << '\t' << c.forzar << '\n';
-    a.CualidadX = static_cast<std::uint8_t>(c.cualidadX);
-    const std::int16_t estado =
-        a.Cargar(c.articulo, c.cliente, dia, static_cast<std::int16_t>(c.tarifa), 1, 2, Currency::DeEntero(c.unidades));
-    salida << "R\t" << estado << '\n';
-    EscribirPropiedades(salida, a);
-    GrabarPrecio(salida, a, c, dia);
-    GrabarPadre(salida, a);
+    if (const auto padre = a.padre())
+        salida << "H\t" << Codificar(padre->Codigo) << '\t' << Codificar(padre->Pvp) << '\n';
 }
 
 }  // namespace
@@ -85,9 +68,7 @@ int main(int argc, char** argv) try {
             clsDatosArt a;
             a.Conexion(std::make_shared<prueba::ConexionGrabadora>(real, salida));
             a.cEmpresa(empresa);
-            const int vuelta = articulo + cliente;
-            prueba::Grabar(salida, a, {articulo, cliente, vuelta % 4 - 1, vuelta % 15, vuelta % 3, articulo % 2 == 0},
-                           hoy + vuelta % 40);
+            prueba::Grabar(salida, a, articulo, cliente, hoy);
         }
     return salida.flush() ? 0 : 1;
 } catch (const std::exception& error) {

@@ -1,0 +1,137 @@
+#include "tests/com/Etapas.h"
+
+// Every recorded load, by slot and by name in each way of passing the arguments.
+namespace kv::prueba {
+
+PunteroCom<::_clsDatosArt> Preparar(const Escena& escena, const Caso& caso) {
+    auto o = Crear();
+    Exigir(o->putref_Conexion(escena.conexion.Get()) == S_OK && o->putref_cEmpresa(escena.empresa.Get()) == S_OK,
+           "referencias");
+    o->put_CualidadX(static_cast<unsigned char>(caso.Numero(6)));
+    Global().pasos = caso.pasos;
+    return o;
+}
+
+Llamada CargarPorRanura(::_clsDatosArt& o, const Caso& c) {
+    Llamada ll;
+    short estado = -1;
+    CURRENCY unidades;
+    unidades.int64 = c.Numero(5) * 10000LL;
+    ll.hr = o.Cargar(c.Numero(1), c.Numero(2), c.Numero(3), static_cast<short>(c.Numero(4)), 1, 2, unidades, &estado);
+    ll.valor = Codificar(std::int16_t{estado});
+    return ll;
+}
+
+namespace {
+
+constexpr std::size_t kPorRanura = 4;
+
+/// In the odd forms the last three go by name, out of order, the optional one among them; a quantity of 0 is marked as
+/// missing in the first two forms and not there in the others.
+Llamada CargarPorNombre(::_clsDatosArt& o, const Caso& c, std::size_t forma) {
+    const Valor unidades = c.Numero(5) == 0 ? Valor{} : Valor{c.Numero(5)};
+    const bool fuera = forma > 1 && EsNulo(unidades);
+    std::vector<Valor> seis = {c.Numero(1), c.Numero(2), Fecha::DeOle(c.Numero(3)), c.Numero(4), 1, 2};
+    std::vector<std::pair<DISPID, Valor>> nombrados;
+    if (forma % 2 == 1) {
+        seis.resize(4);
+        nombrados = {{5, 2}, {6, unidades}, {4, 1}};
+        if (fuera) nombrados.erase(nombrados.begin() + 1);
+    } else if (!fuera) {
+        seis.push_back(unidades);
+    }
+    return PorNombre(o, "Cargar", DISPATCH_METHOD, seis, nombrados);
+}
+
+/// False is marked as missing or not there.
+Llamada DarPrecio(::_clsDatosArt& o, const Caso& c, std::size_t forma) {
+    const bool forzar = c.Numero(7) != 0;
+    std::vector<Valor> argumentos = {c.Numero(4), Fecha::DeOle(c.Numero(3))};
+    if (forzar || forma % 2 == 0) argumentos.push_back(forzar ? Valor{-1} : Valor{});
+    return PorNombre(o, "DevPvp", DISPATCH_METHOD, argumentos);
+}
+
+void ExigirPropiedades(::_clsDatosArt& o, const Caso& c, const std::string& cual) {
+    for (const auto& [nombre, valor] : c.propiedades) Exigir(Leer(o, nombre) == valor, cual + nombre);
+}
+
+/// Article and price of the parent; nothing without one.
+std::vector<std::string> LeerPadre(::_clsDatosArt& o) {
+    PunteroCom<::_clsDatosArt> padre;
+    if (o.get_padre(padre.Recibir()) != S_OK) return {"error"};
+    if (!padre) return {};
+    return {Leer(*padre.Get(), "Codigo"), Leer(*padre.Get(), "Pvp")};
+}
+
+PunteroCom<::_clsDatosArt> ProbarCaso(const Escena& escena, std::size_t i, const std::string& cual) {
+    const Caso& c = escena.casos[i];
+    const std::size_t forma = i % (kPorRanura + 1);
+    const auto conexion = Nuevo<ConexionFalsa>(ado::kConnection[i % 4]);
+    const auto o = Preparar(escena, c);
+    Exigir(o->putref_Conexion(conexion.Get()) == S_OK, cual + "Conexion");
+    escena.empresa->preguntas.clear();
+    const Llamada carga = forma == kPorRanura ? CargarPorRanura(*o.Get(), c) : CargarPorNombre(*o.Get(), c, forma);
+    Exigir(carga.hr == S_OK && carga.valor == "3:" + std::to_string(c.estado), cual + "estado");
+    Exigir(Global().pasos.empty(), cual + "guion agotado");
+    ExigirPropiedades(*o.Get(), c, cual);
+    Global().pasos = c.pasosPrecio;
+    const Llamada precio = DarPrecio(*o.Get(), c, forma);
+    if (c.error != 0)
+        Exigir(precio.Fallo() == static_cast<HRESULT>(0x800A0000L + c.error), cual + "error de DevPvp");
+    else
+        Exigir(precio.hr == S_OK && precio.valor == "8:" + c.precio, cual + "DevPvp " + precio.valor);
+    Global().pasos = c.pasosPadre;
+    Exigir(LeerPadre(*o.Get()) == c.padre && Global().pasos.empty(), cual + "padre");
+    for (const auto& [nombre, veces] : escena.empresa->preguntas) Exigir(veces == 1, nombre + " resuelto una vez");
+    return o;
+}
+
+void ProbarArgumentos(::_clsDatosArt& o) {
+    constexpr WORD kMetodo = DISPATCH_METHOD;
+    constexpr WORD kLeer = DISPATCH_PROPERTYGET;
+    constexpr WORD kPoner = DISPATCH_PROPERTYPUT;
+    const Valor mal = std::string("doce");
+    const Valor dia = Fecha::DeAmd(2025, 12, 9);
+    const struct {
+        const char* que;
+        const char* miembro;
+        WORD clase;
+        HRESULT hr;
+        std::vector<Valor> argumentos;
+        std::vector<std::pair<DISPID, Valor>> nombrados;
+    } casos[] = {
+        {"texto por código", "Cargar", kMetodo, DISP_E_TYPEMISMATCH, {mal, 1, dia, 1, 1, 2}, {}},
+        {"decimales nombrados", "Cargar", kMetodo, DISP_E_TYPEMISMATCH, {1, 1, dia, 1, 1}, {{5, mal}}},
+        {"tarifa desbordada", "Cargar", kMetodo, DISP_E_OVERFLOW, {1, 1, dia, 40000, 1, 2}, {}},
+        {"ocho argumentos", "Cargar", kMetodo, DISP_E_BADPARAMCOUNT, {1, 1, dia, 1, 1, 2, 3, 4}, {}},
+        {"cinco argumentos", "Cargar", kMetodo, DISP_E_BADPARAMCOUNT, {1, 1, dia, 1, 1}, {}},
+        {"cliente ausente", "Cargar", kMetodo, DISP_E_TYPEMISMATCH, {1, Valor{}, dia, 1, 1, 2}, {}},
+        {"cuatro para DevPvp", "DevPvp", kMetodo, DISP_E_BADPARAMCOUNT, {1, dia, 0, 0}, {}},
+        {"un método leído", "Cargar", kLeer, DISP_E_MEMBERNOTFOUND, {}, {}},
+        {"sólo de escritura", "Conexion", kLeer, DISP_E_MEMBERNOTFOUND, {}, {}},
+        {"nombre ajeno", "Cargarr", kMetodo, DISP_E_UNKNOWNNAME, {}, {}},
+        {"texto por número", "Codigo", kPoner, DISP_E_TYPEMISMATCH, {}, {{DISPID_PROPERTYPUT, mal}}},
+        {"cifras por número", "Codigo", kPoner, S_OK, {}, {{DISPID_PROPERTYPUT, Valor{std::string("12")}}}},
+        {"byte desbordado", "Impuesto", kPoner, DISP_E_OVERFLOW, {}, {{DISPID_PROPERTYPUT, 256}}},
+        {"número por objeto", "Conexion", kPoner, DISP_E_TYPEMISMATCH, {}, {{DISPID_PROPERTYPUT, 1}}},
+    };
+    for (const auto& c : casos) Exigir(PorNombre(o, c.miembro, c.clase, c.argumentos, c.nombrados).hr == c.hr, c.que);
+    Exigir(Leer(o, "codigo") == "4:12", "sin distinguir mayúsculas");
+}
+
+}  // namespace
+
+void ProbarCargas(const Escena& escena) {
+    PunteroCom<::_clsDatosArt> anterior;
+    for (std::size_t i = 0; i < escena.casos.size(); ++i) {
+        const std::string cual = "carga " + escena.casos[i].argumentos[1] + "," + escena.casos[i].argumentos[2] + ": ";
+        auto o = ProbarCaso(escena, i, cual);
+        // A price leaves its tariff in the object.
+        if (anterior && escena.casos[i - 1].error != 0)
+            ExigirPropiedades(*anterior.Get(), escena.casos[i - 1], "la anterior a " + cual);
+        anterior = std::move(o);
+    }
+    ProbarArgumentos(*Crear().Get());
+}
+
+}  // namespace kv::prueba
