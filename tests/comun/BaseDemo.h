@@ -22,6 +22,9 @@ class BaseDePrueba {
         });
     }
 
+    /// A copy of the file, while nobody has it open.
+    BaseDePrueba(const BaseDePrueba& otra) { std::filesystem::copy_file(otra.ruta_, ruta_); }
+
     std::shared_ptr<ConexionSqlite> Abrir() const {
         return ConexionSqlite::Abrir(ruta_, kIdentidad, ConexionSqlite::Modo::LecturaEscritura);
     }

@@ -18,10 +18,14 @@ std::string Entre(std::string_view operacion, std::string_view texto) {
     return std::string(operacion) + " |" + std::string(texto) + "|";
 }
 
-std::string Describir(const Parameter& p) {
-    return p.Name + " tipo " + std::to_string(static_cast<int>(p.Type)) + " dirección " +
-           std::to_string(static_cast<int>(p.Direction)) + " tamaño " + std::to_string(p.Size) + " valor " +
-           (EsNulo(p.Value) ? "NULL" : AString(p.Value, '.')) + " (clase " + std::to_string(p.Value.index()) + ")";
+std::vector<std::string> Describir(const auto& parametros) {
+    std::vector<std::string> textos;
+    for (const Parameter& p : parametros)
+        textos.push_back(p.Name + " tipo " + std::to_string(static_cast<int>(p.Type)) + " dirección " +
+                         std::to_string(static_cast<int>(p.Direction)) + " tamaño " + std::to_string(p.Size) +
+                         " valor " + (EsNulo(p.Value) ? "NULL" : AString(p.Value, '.')) + " (clase " +
+                         std::to_string(p.Value.index()) + ")");
+    return textos;
 }
 
 }  // namespace
@@ -41,16 +45,13 @@ class ConexionGuion::RecordsetGuion : public Recordset {
         abierto_ = true;
         fila_ = 0;
     }
-    bool Eof() override {
-        ExigirAbierto();
-        return fila_ >= paso_.filas.size();
-    }
+    bool Eof() override { return fila_ >= Abierto().filas.size(); }
     void MoveNext() override {
-        ExigirAbierto();
+        Abierto();
         ++fila_;
     }
     void Close() override {
-        ExigirAbierto();
+        Abierto();
         abierto_ = false;
     }
     ObjectState State() const override { return abierto_ ? ObjectState::adStateOpen : ObjectState::adStateClosed; }
@@ -61,8 +62,7 @@ class ConexionGuion::RecordsetGuion : public Recordset {
 
   protected:
     const Valor& LeerCampo(std::string_view nombre) override {
-        ExigirAbierto();
-        if (fila_ >= paso_.filas.size()) LanzarError(kErrSinRegistro);
+        if (Eof()) LanzarError(kErrSinRegistro);
         const auto columna = std::find_if(paso_.columnas.begin(), paso_.columnas.end(),
                                           [&](const std::string& c) { return MismoNombre(c, nombre); });
         if (columna == paso_.columnas.end()) LanzarError(kErrElementoNoEncontrado, std::string(nombre));
@@ -70,8 +70,9 @@ class ConexionGuion::RecordsetGuion : public Recordset {
     }
 
   private:
-    void ExigirAbierto() const {
+    const Paso& Abierto() const {
         if (!abierto_) LanzarError(kErrObjetoCerrado);
+        return paso_;
     }
 
     ConexionGuion& conexion_;
@@ -89,74 +90,22 @@ class ConexionGuion::CommandGuion : public Command {
         EXPECT_EQ(4, static_cast<int>(CommandType)) << "CommandType de " << CommandText;
         EXPECT_EQ(paso.espera, CommandTimeout) << "CommandTimeout de " << CommandText;
         EXPECT_EQ(static_cast<int>(paso.opciones), static_cast<int>(opciones)) << "Options de " << CommandText;
-        CompararParametros(paso);
+        EXPECT_EQ(Describir(paso.parametros), Describir(Parameters)) << "parámetros de " << CommandText;
         for (const Parameter& salida : paso.salidas) Parameters.Item(salida.Name).Value = salida.Value;
     }
 
   private:
-    void CompararParametros(const Paso& paso) const {
-        std::vector<std::string> esperados;
-        std::vector<std::string> recibidos;
-        for (const Parameter& p : paso.parametros) esperados.push_back(Describir(p));
-        for (const Parameter& p : Parameters) recibidos.push_back(Describir(p));
-        EXPECT_EQ(esperados, recibidos) << "parámetros de " << CommandText;
-    }
-
     ConexionGuion& conexion_;
 };
 
-ConexionGuion::~ConexionGuion() {
-    Terminar();
-}
-
-ConexionGuion::Paso& ConexionGuion::Anadir(std::string_view operacion, std::string_view texto) {
-    Paso paso;
-    paso.operacion = operacion;
-    paso.texto = texto;
-    return pasos_.emplace_back(std::move(paso));
-}
-
-ConexionGuion::Paso& ConexionGuion::EsperaConsulta(std::string_view texto, std::vector<std::string> columnas,
-                                                   std::vector<Fila> filas) {
-    Paso& paso = Anadir("Open", texto);
-    paso.columnas = std::move(columnas);
-    paso.filas = std::move(filas);
-    return paso;
-}
-
-ConexionGuion::Paso& ConexionGuion::EsperaEjecucion(std::string_view texto) {
-    return Anadir("Execute", texto);
-}
-
-ConexionGuion::Paso& ConexionGuion::EsperaEscritura(std::string_view texto, std::int32_t afectados) {
-    Paso& paso = Anadir("Execute", texto);
-    paso.afectados = afectados;
-    paso.cuenta = true;
-    return paso;
-}
-
 ConexionGuion::Paso& ConexionGuion::EsperaProcedimiento(std::string_view nombre, std::vector<Parameter> parametros,
                                                         std::vector<Parameter> salidas) {
-    Paso& paso = Anadir("Command", nombre);
-    paso.opciones = CommandType::adOptionUnspecified;
-    paso.espera = 500;
-    paso.parametros = std::move(parametros);
-    paso.salidas = std::move(salidas);
-    return paso;
-}
-
-ConexionGuion::Paso& ConexionGuion::EsperaBeginTrans() {
-    return Anadir("BeginTrans", "");
-}
-ConexionGuion::Paso& ConexionGuion::EsperaCommitTrans() {
-    return Anadir("CommitTrans", "");
-}
-ConexionGuion::Paso& ConexionGuion::EsperaRollbackTrans() {
-    return Anadir("RollbackTrans", "");
-}
-
-void ConexionGuion::YFalla(std::int32_t numero, std::string_view descripcion) {
-    pasos_.back().fallo = RuntimeError(numero, "Proveedor", std::string(descripcion));
+    return Anadir({.operacion = "Command",
+                   .texto = std::string(nombre),
+                   .opciones = CommandType::adOptionUnspecified,
+                   .espera = 500,
+                   .parametros = std::move(parametros),
+                   .salidas = std::move(salidas)});
 }
 
 void ConexionGuion::Terminar() {
@@ -165,10 +114,11 @@ void ConexionGuion::Terminar() {
 }
 
 ConexionGuion::Paso ConexionGuion::Tomar(std::string_view operacion, std::string_view texto) {
-    if (pasos_.empty()) Discrepancia("operación inesperada tras el guion:\n  " + Entre(operacion, texto));
-    if (pasos_.front().operacion != operacion || pasos_.front().texto != texto)
-        Discrepancia("paso " + std::to_string(hechos_ + 1) + ":\n  esperado " +
-                     Entre(pasos_.front().operacion, pasos_.front().texto) + "\n  recibido " + Entre(operacion, texto));
+    const std::string recibido = Entre(operacion, texto);
+    if (pasos_.empty()) Discrepancia("operación inesperada tras el guion:\n  " + recibido);
+    const std::string esperado = Entre(pasos_.front().operacion, pasos_.front().texto);
+    if (esperado != recibido)
+        Discrepancia("paso " + std::to_string(hechos_ + 1) + ":\n  esperado " + esperado + "\n  recibido " + recibido);
     Paso paso = std::move(pasos_.front());
     pasos_.pop_front();
     ++hechos_;
@@ -181,16 +131,6 @@ void ConexionGuion::Execute(std::string_view texto, std::int32_t* afectados, Com
     EXPECT_EQ(static_cast<int>(paso.opciones), static_cast<int>(opciones)) << "Options de " << texto;
     EXPECT_EQ(paso.cuenta, afectados != nullptr) << "petición de registros afectados de " << texto;
     if (afectados != nullptr) *afectados = paso.afectados;
-}
-
-void ConexionGuion::BeginTrans() {
-    Tomar("BeginTrans", "");
-}
-void ConexionGuion::CommitTrans() {
-    Tomar("CommitTrans", "");
-}
-void ConexionGuion::RollbackTrans() {
-    Tomar("RollbackTrans", "");
 }
 
 std::unique_ptr<Recordset> ConexionGuion::CrearRecordset() {

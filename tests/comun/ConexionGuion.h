@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/RuntimeError.h"
@@ -21,47 +22,52 @@ class ConexionGuion : public Connection {
 
     /// One step of the script.
     struct Paso {
-        std::string operacion;  // Open, Execute, Command, BeginTrans, CommitTrans, RollbackTrans
-        std::string texto;
+        std::string_view operacion;  // Open, Execute, Command, BeginTrans, CommitTrans, RollbackTrans
+        std::string texto = {};
+        std::vector<std::string> columnas = {};
+        std::vector<Fila> filas = {};
+        std::int32_t afectados = 0;
+        bool cuenta = false;  // the caller must ask for the records affected
         CursorType cursor = CursorType::adOpenForwardOnly;
         LockType bloqueo = LockType::adLockReadOnly;
         CommandType opciones = CommandType::adCmdText;
-        std::vector<std::string> columnas;
-        std::vector<Fila> filas;
-        std::int32_t afectados = 0;
-        bool cuenta = false;  // the caller must ask for the records affected
-        std::vector<Parameter> parametros;
-        std::vector<Parameter> salidas;
         std::int32_t espera = 0;
-        std::optional<RuntimeError> fallo;
+        std::vector<Parameter> parametros = {};
+        std::vector<Parameter> salidas = {};
+        std::optional<RuntimeError> fallo = {};
     };
 
-    ConexionGuion() = default;
-    ~ConexionGuion() override;
+    ~ConexionGuion() override { Terminar(); }
 
     /// A query that returns `filas` (none: no row).
-    Paso& EsperaConsulta(std::string_view texto, std::vector<std::string> columnas = {}, std::vector<Fila> filas = {});
+    Paso& EsperaConsulta(std::string_view texto, std::vector<std::string> columnas = {}, std::vector<Fila> filas = {}) {
+        return Anadir({"Open", std::string(texto), std::move(columnas), std::move(filas)});
+    }
     /// A write whose caller does not ask for the records affected.
-    Paso& EsperaEjecucion(std::string_view texto);
+    Paso& EsperaEjecucion(std::string_view texto) { return Anadir({"Execute", std::string(texto)}); }
     /// A write whose caller asks for the records affected and gets `afectados`.
-    Paso& EsperaEscritura(std::string_view texto, std::int32_t afectados);
+    Paso& EsperaEscritura(std::string_view texto, std::int32_t afectados) {
+        return Anadir({"Execute", std::string(texto), {}, {}, afectados, true});
+    }
     /// A stored procedure: its parameters in order with name, type, direction, size and input value; `salidas` are
     /// the values that it gives back. 500 seconds, options -1.
     Paso& EsperaProcedimiento(std::string_view nombre, std::vector<Parameter> parametros,
                               std::vector<Parameter> salidas);
-    Paso& EsperaBeginTrans();
-    Paso& EsperaCommitTrans();
-    Paso& EsperaRollbackTrans();
+    Paso& EsperaBeginTrans() { return Anadir({"BeginTrans"}); }
+    Paso& EsperaCommitTrans() { return Anadir({"CommitTrans"}); }
+    Paso& EsperaRollbackTrans() { return Anadir({"RollbackTrans"}); }
     /// Makes the last step added fail with this error.
-    void YFalla(std::int32_t numero, std::string_view descripcion);
+    void YFalla(std::int32_t numero, std::string_view descripcion) {
+        pasos_.back().fallo = RuntimeError(numero, "Proveedor", std::string(descripcion));
+    }
 
     /// Checks that the whole script has run, now rather than at the end.
     void Terminar();
 
     void Execute(std::string_view texto, std::int32_t* afectados, CommandType opciones) override;
-    void BeginTrans() override;
-    void CommitTrans() override;
-    void RollbackTrans() override;
+    void BeginTrans() override { Tomar("BeginTrans", ""); }
+    void CommitTrans() override { Tomar("CommitTrans", ""); }
+    void RollbackTrans() override { Tomar("RollbackTrans", ""); }
     std::unique_ptr<Recordset> CrearRecordset() override;
     std::unique_ptr<Command> CrearCommand() override;
 
@@ -69,7 +75,7 @@ class ConexionGuion : public Connection {
     class RecordsetGuion;
     class CommandGuion;
 
-    Paso& Anadir(std::string_view operacion, std::string_view texto);
+    Paso& Anadir(Paso paso) { return pasos_.emplace_back(std::move(paso)); }
     /// The next step when it is this operation with this text; a test failure and an exception otherwise.
     Paso Tomar(std::string_view operacion, std::string_view texto);
 

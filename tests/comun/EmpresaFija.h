@@ -24,8 +24,12 @@ class EmpresaFija : public cEmpresa {
     std::int16_t DecPrecios() const override { return decPrecios; }
     std::int16_t DecImportes() const override { return decImportes; }
     std::int16_t DecCostes() const override { return decCostes; }
-    Valor Parametro(std::int16_t numero) const override;
-    std::string CaptionFamilia(std::int16_t indice) const override;
+    Valor Parametro(std::int16_t numero) const override {
+        return parametros.contains(numero) ? parametros.at(numero) : Valor(Nulo{});
+    }
+    std::string CaptionFamilia(std::int16_t indice) const override {
+        return captions.at(static_cast<std::size_t>(indice));
+    }
 
     std::int16_t codEmpresa = 1;
     std::int16_t codEmpresaArticulos = 2;
@@ -49,15 +53,28 @@ class BibliotecaDePrueba {
         std::string titulo;
     };
 
-    explicit BibliotecaDePrueba(Fecha hoy, char separador = '.');
-    ~BibliotecaDePrueba();
+    explicit BibliotecaDePrueba(Fecha hoy, char separador = '.')
+        : fija_(std::make_shared<Fija>(hoy, separador)), anterior_(CambiarBiblioteca(fija_)) {}
+    ~BibliotecaDePrueba() { CambiarBiblioteca(anterior_); }
     BibliotecaDePrueba(const BibliotecaDePrueba&) = delete;
     BibliotecaDePrueba& operator=(const BibliotecaDePrueba&) = delete;
 
-    const std::vector<Mensaje>& Mensajes() const;
+    const std::vector<Mensaje>& Mensajes() const { return fija_->mensajes; }
 
   private:
-    class Fija;
+    struct Fija : BibliotecaComun {
+        Fija(Fecha dia, char decimal) : hoy(dia), separador(decimal) {}
+        Fecha Hoy() const override { return hoy; }
+        char SeparadorDecimal() const override { return separador; }
+        void MensajeCritico(std::string_view texto, std::string_view titulo) override {
+            mensajes.push_back({std::string(texto), std::string(titulo)});
+        }
+
+        Fecha hoy;
+        char separador;
+        std::vector<Mensaje> mensajes;
+    };
+
     std::shared_ptr<Fija> fija_;
     std::shared_ptr<BibliotecaComun> anterior_;
 };
