@@ -114,6 +114,7 @@ TEST_P(ContratoAdaptador, SeLeeLoEscrito) {
     for (const Caso& caso : kCasos) {
         SCOPED_TRACE(caso.columnas + " " + caso.donde + " " + caso.cambio);
         if (!Puede(caso.exige)) continue;
+        conexion.reset();
         conexion = GetParam().conectar();
         if (!caso.cambio.empty()) {
             EXPECT_EQ(caso.cambiadas, conexion->EjecutarContando("UPDATE Contrato SET " + caso.cambio));

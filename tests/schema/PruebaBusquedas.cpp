@@ -43,7 +43,7 @@ void EsperarBusqueda(const BaseDePrueba& base, const std::string& texto, const s
 // What the scenarios send to the demonstration data, one statement of each form.
 TEST(Busquedas, CadaSentenciaDelComponente_LlegaPorUnaClave) {
     const BaseDePrueba base(BaseDePrueba::Datos::Demostracion, kHoy);
-    const BaseDePrueba otra(BaseDePrueba::Datos::Demostracion, kHoy);
+    const BaseDePrueba otra(base);
     const BibliotecaDePrueba biblioteca(kHoy);
     std::map<std::string, std::string> formas;
     const auto anotar = [&](const OperacionTrazada& o) {
@@ -51,13 +51,13 @@ TEST(Busquedas, CadaSentenciaDelComponente_LlegaPorUnaClave) {
     };
     Pareja pareja(std::make_shared<ConexionTrazada>(base.Abrir(), anotar), otra.Abrir());
     formas.clear();  // What reads the companies is not the component.
-    Azar azar(1);
-    CompararCargas(pareja, azar, kHoy, 300);
-    CompararExistencias(pareja, azar, kHoy, 300);
-    CompararPrecios(pareja, azar, kHoy, 200);
+    Azar azar(1, kHoy);
+    CompararCargas(pareja, azar, 300);
+    CompararExistencias(pareja, azar, 300);
+    CompararPrecios(pareja, azar, 200);
     CompararDescuentos(pareja, azar, 200);
-    CompararAcuerdos(pareja, azar, kHoy, 200);
-    CompararClientes(pareja, azar, kHoy, 200);
+    CompararAcuerdos(pareja, azar, 200);
+    CompararClientes(pareja, azar, 200);
     EXPECT_GT(formas.size(), 120U);
     for (const auto& [forma, texto] : formas) EsperarBusqueda(base, texto, Traducir(texto, {}).texto);
 }

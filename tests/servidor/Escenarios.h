@@ -1,27 +1,26 @@
 #pragma once
 
-#include "tests/servidor/Azar.h"
 #include "tests/servidor/Pareja.h"
 
 namespace kv::prueba {
 
-// The same random work on both databases of a pair that holds the demonstration data; `hoy` is the day for which the
-// data was made and which the common library says. Each notes its differences in the pair.
+// The same random work on both databases of a pair that holds the demonstration data. Each notes its differences in
+// the pair.
 
 /// Whole article loads with their sales parent, and bare tariff prices.
-void CompararCargas(Pareja& pareja, Azar& azar, Fecha hoy, int veces);
+void CompararCargas(Pareja& pareja, Azar& azar, int veces);
 /// Stock movements and every other method of the warehouse, some inside transactions that end either way.
-void CompararExistencias(Pareja& pareja, Azar& azar, Fecha hoy, int veces);
+void CompararExistencias(Pareja& pareja, Azar& azar, int veces);
 /// Customer prices and sales statistics.
-void CompararPrecios(Pareja& pareja, Azar& azar, Fecha hoy, int veces);
+void CompararPrecios(Pareja& pareja, Azar& azar, int veces);
 /// Family and group discounts.
 void CompararDescuentos(Pareja& pareja, Azar& azar, int veces);
 /// Chain agreements.
-void CompararAcuerdos(Pareja& pareja, Azar& azar, Fecha hoy, int veces);
+void CompararAcuerdos(Pareja& pareja, Azar& azar, int veces);
 /// Customers: browsing, writing, telephones, dates, queries and deletions, some of which fail midway.
-void CompararClientes(Pareja& pareja, Azar& azar, Fecha hoy, int veces);
+void CompararClientes(Pareja& pareja, Azar& azar, int veces);
 
 /// All of the above, loads again on what it leaves, and in the end every table.
-void CompararTodo(Pareja& pareja, Azar& azar, Fecha hoy);
+void CompararTodo(Pareja& pareja, Azar& azar);
 
 }  // namespace kv::prueba

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 #include <sstream>
 
 #include "host/EmpresaTabla.h"
@@ -11,178 +12,102 @@
 namespace kv::prueba {
 namespace {
 
+// With the kind, since values of two kinds may look alike.
 std::string Texto(const Valor& valor) {
+    constexpr const char* kClases[] = {"",     "lógico", "entero", "entero", "entero", "entero",
+                                       "real", "real",   "dinero", "fecha",  ""};
     if (EsNulo(valor)) return "NULL";
-    const std::string texto = AString(valor, '.');
-    return std::holds_alternative<std::string>(valor) ? "«" + texto + "»" : texto;
-}
-
-bool EsCorto(const Valor& valor) {
-    return std::holds_alternative<std::uint8_t>(valor) || std::holds_alternative<std::int16_t>(valor);
+    if (std::holds_alternative<std::string>(valor)) return "«" + std::get<std::string>(valor) + "»";
+    return AString(valor, '.') + " " + kClases[valor.index()];
 }
 
 bool Iguales(const Valor& a, const Valor& b) {
-    if (a == b) return true;
-    if (EsCorto(a) && EsCorto(b)) return ALong(a) == ALong(b);
-    if (a.index() != b.index()) return false;
-    if (!std::holds_alternative<double>(a) && !std::holds_alternative<float>(a)) return false;
-    constexpr double kVecindad = 1e-13;
-    const double x = ADouble(a);
-    const double y = ADouble(b);
-    return std::fabs(x - y) <= kVecindad * std::max({1.0, std::fabs(x), std::fabs(y)});
-}
-
-// With the type when the texts alone would look the same.
-std::string Contraste(const Valor& a, const Valor& b) {
-    if (Texto(a) != Texto(b)) return Texto(a) + " <> " + Texto(b);
-    return Texto(a) + " de tipos " + std::to_string(a.index()) + " y " + std::to_string(b.index());
-}
-
-Valor SinAnchura(const Valor& valor) {
-    const bool entero = std::holds_alternative<std::uint8_t>(valor) || std::holds_alternative<std::int16_t>(valor) ||
-                        std::holds_alternative<std::int64_t>(valor);
-    return entero ? Valor(ALong(valor)) : valor;
-}
-
-using Fila = std::map<std::string, Valor>;
-
-Fila LeerFila(Recordset& rs) {
-    Fila fila;
-    for (std::int32_t i = 0; i < rs.NumeroCampos(); ++i) {
-        const std::string columna(rs.NombreCampo(i));
-        fila[columna] = rs.Fields(columna).Value();
-    }
-    return fila;
-}
-
-std::map<std::string, Fila> LeerTabla(Connection& conexion, const TablaEsquema& tabla) {
-    std::map<std::string, Fila> filas;
-    std::unique_ptr<Recordset> rs;
-    AbrirLectura(rs, conexion, "SELECT * FROM " + tabla.nombre);
-    for (; !rs->Eof(); rs->MoveNext()) {
-        Fila fila = LeerFila(*rs);
-        std::string clave;
-        for (const std::string& columna : tabla.clave)
-            clave += (clave.empty() ? "" : ", ") + AString(fila.at(columna), '.');
-        filas.emplace(clave, std::move(fila));
-    }
-    return filas;
+    const double* x = std::get_if<double>(&a);
+    const double* y = std::get_if<double>(&b);
+    if (x == nullptr || y == nullptr) return a == b;
+    return std::fabs(*x - *y) <= 1e-13 * std::max({1.0, std::fabs(*x), std::fabs(*y)});
 }
 
 }  // namespace
 
 void Respuestas::Filas(Recordset& rs) {
-    std::multimap<std::string, Fila> filas;
+    std::map<std::string, std::int32_t> filas;
     for (; !rs.Eof(); rs.MoveNext()) {
-        const Fila fila = LeerFila(rs);
-        std::string clave;
-        for (const auto& [columna, valor] : fila) clave += Texto(valor) + '|';
-        filas.emplace(clave, fila);
-    }
-    int orden = 0;
-    for (const auto& [clave, fila] : filas) {
-        for (const auto& [columna, valor] : fila)
-            (*this)("fila " + std::to_string(orden) + " " + columna, SinAnchura(valor));
-        ++orden;
+        std::string fila;
+        for (std::int32_t i = 0; i < rs.NumeroCampos(); ++i)
+            fila += std::string(rs.NombreCampo(i)) + " " + Texto(rs.Fields(rs.NombreCampo(i)).Value()) + ", ";
+        (*this)("filas con " + fila, ++filas[fila]);
     }
 }
 
 void Respuestas::Fallo(const RuntimeError& error) {
-    constexpr std::int32_t kPropios[] = {kErrLlamadaInvalida,
-                                         kErrDesbordamiento,
-                                         kErrSubindice,
-                                         kErrDivisionPorCero,
-                                         kErrTipo,
-                                         kErrObjetoNoEstablecido,
-                                         kErrNulo};
-    const bool propio = std::find(std::begin(kPropios), std::end(kPropios), error.numero) != std::end(kPropios);
-    (*this)("error", propio ? std::to_string(error.numero) : std::string("de la base de datos"));
+    static const std::set<std::int32_t> kPropios = {5, 6, 9, 11, 13, 91, 94};
+    (*this)("error", kPropios.contains(error.numero) ? std::to_string(error.numero) : "de la base de datos");
     if (error.origen.find("::") != std::string::npos) (*this)("origen", error.origen);
 }
 
-Pareja::Pareja(std::shared_ptr<Connection> primera, std::shared_ptr<Connection> segunda) {
-    lados_[0].conexion = std::move(primera);
-    lados_[1].conexion = std::move(segunda);
-    lados_[1].indice = 1;
+Pareja::Pareja(std::shared_ptr<Connection> primera, std::shared_ptr<Connection> segunda)
+    : lados_{{{0, std::move(primera)}, {1, std::move(segunda)}}} {
     for (Lado& lado : lados_)
         for (const std::int16_t empresa : {std::int16_t{1}, std::int16_t{2}})
             lado.empresas[empresa] = std::make_shared<host::EmpresaTabla>(*lado.conexion, empresa);
 }
 
-void Pareja::Anotar(const std::string& donde, const std::string& que) {
-    constexpr std::size_t kMostradas = 40;
-    if (++numero_ <= kMostradas) diferencias_.push_back(donde + ": " + que);
-}
-
-std::string Pareja::Informe() const {
-    std::string texto = std::to_string(numero_) + " diferencias en " + std::to_string(casos_) + " casos\n";
-    for (const std::string& diferencia : diferencias_) texto += "  " + diferencia + '\n';
-    return texto;
-}
-
-void Pareja::Probar(const std::string& nombre, const Caso& caso) {
+void Pareja::Probar(const std::string& nombre, Azar& azar, const Caso& caso) {
     ++casos_;
     std::array<Respuestas, 2> respuestas;
+    const std::uint64_t semilla = azar.Semilla();
+    std::string rastro;
     for (Lado& lado : lados_) {
+        Azar suerte(semilla, azar.hoy);
         try {
-            caso(lado, respuestas[lado.indice]);
+            caso(lado, suerte, respuestas[lado.indice]);
         } catch (const RuntimeError& error) {
             respuestas[lado.indice].Fallo(error);
             if (lado.indice == 0) ++rechazos_;
         }
+        rastro = suerte.Rastro();
     }
-    const auto& [unas, otras] = respuestas;
-    for (const auto& [dato, valor] : unas.Valores()) {
-        const auto otro = otras.Valores().find(dato);
-        if (otro == otras.Valores().end())
-            Anotar(nombre, dato + " solo en la primera: " + Texto(valor));
-        else if (!Iguales(valor, otro->second))
-            Anotar(nombre, dato + ": " + Contraste(valor, otro->second));
-    }
-    for (const auto& [dato, valor] : otras.Valores())
-        if (!unas.Valores().contains(dato)) Anotar(nombre, dato + " solo en la segunda: " + Texto(valor));
-}
-
-void Pareja::CompararTablas() {
-    for (const TablaEsquema& tabla : TablasDelEsquema()) {
-        ++casos_;
-        const auto unas = LeerTabla(*lados_[0].conexion, tabla);
-        const auto otras = LeerTabla(*lados_[1].conexion, tabla);
-        for (const auto& [clave, fila] : unas) {
-            const std::string donde = tabla.nombre + " [" + clave + "]";
-            const auto otra = otras.find(clave);
-            if (otra == otras.end()) {
-                Anotar(donde, "falta en la segunda");
-                continue;
-            }
-            for (const auto& [columna, valor] : fila) {
-                const auto hallada = otra->second.find(columna);
-                if (hallada == otra->second.end())
-                    Anotar(donde, columna + " falta en la segunda");
-                else if (!Iguales(valor, hallada->second))
-                    Anotar(donde, columna + ": " + Contraste(valor, hallada->second));
-            }
-        }
-        for (const auto& [clave, fila] : otras)
-            if (!unas.contains(clave)) Anotar(tabla.nombre + " [" + clave + "]", "falta en la primera");
+    // Where one side has no answer there is a null pointer.
+    std::map<std::string, std::array<const Valor*, 2>> datos;
+    for (const Lado& lado : lados_)
+        for (const auto& [dato, valor] : respuestas[lado.indice].valores) datos[dato][lado.indice] = &valor;
+    const auto texto = [](const Valor* valor) { return valor == nullptr ? "nada" : Texto(*valor); };
+    for (const auto& [dato, v] : datos) {
+        if (v[0] != nullptr && v[1] != nullptr && Iguales(*v[0], *v[1])) continue;
+        if (++numero_ > 40) continue;
+        informe_ += "  " + nombre + rastro + ": " + dato + ": " + texto(v[0]) + " <> " + texto(v[1]) +
+                    (texto(v[0]) == texto(v[1]) ? " de otra anchura\n" : "\n");
     }
 }
 
-std::vector<TablaEsquema> TablasDelEsquema() {
-    constexpr std::string_view kCrear = "CREATE TABLE ";
-    constexpr std::string_view kClave = "PRIMARY KEY CLUSTERED";
-    std::vector<TablaEsquema> tablas;
+void Pareja::CompararTablas(Azar& azar) {
+    for (const auto& [tabla, clave] : TablasDelEsquema())
+        Probar(tabla, azar, [&](Lado& lado, Azar&, Respuestas& r) {
+            std::unique_ptr<Recordset> rs;
+            AbrirLectura(rs, *lado.conexion, "SELECT * FROM " + tabla);
+            for (; !rs->Eof(); rs->MoveNext()) {
+                std::string fila;
+                for (const std::string& columna : clave) fila += AString(rs->Fields(columna).Value(), '.') + " ";
+                for (std::int32_t i = 0; i < rs->NumeroCampos(); ++i)
+                    r(fila + std::string(rs->NombreCampo(i)), rs->Fields(rs->NombreCampo(i)).Value());
+            }
+        });
+}
+
+std::map<std::string, std::vector<std::string>> TablasDelEsquema() {
+    std::map<std::string, std::vector<std::string>> tablas;
     for (const std::string_view lote : LotesDe(EsquemaSqlServer())) {
-        const std::size_t nombre = lote.find(kCrear);
-        if (nombre == std::string_view::npos) continue;
-        const std::size_t inicio = nombre + kCrear.size();
-        TablaEsquema& tabla = tablas.emplace_back();
-        tabla.nombre = lote.substr(inicio, lote.find(' ', inicio) - inicio);
-        const std::size_t abre = lote.find('(', lote.find(kClave)) + 1;
-        std::string columnas(lote.substr(abre, lote.find(')', abre) - abre));
-        std::replace(columnas.begin(), columnas.end(), ',', ' ');
-        std::istringstream lista(columnas);
-        for (std::string columna; lista >> columna;) tabla.clave.push_back(columna);
+        // Empty in a batch without the mark.
+        const auto entre = [lote](std::string_view marca, char fin) {
+            const std::size_t inicio = std::min(lote.find(marca), lote.size() - marca.size()) + marca.size();
+            return std::string(lote.substr(inicio, lote.find(fin, inicio) - inicio));
+        };
+        std::string clave = entre("PRIMARY KEY CLUSTERED", ')');
+        std::replace_if(
+            clave.begin(), clave.end(), [](char c) { return c == '(' || c == ','; }, ' ');
+        std::istringstream columnas(clave);
+        for (std::string columna; columnas >> columna;) tablas[entre("CREATE TABLE ", ' ')].push_back(columna);
     }
     return tablas;
 }

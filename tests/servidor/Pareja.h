@@ -9,46 +9,47 @@
 #include <vector>
 
 #include "base/RuntimeError.h"
-#include "base/Valor.h"
 #include "db/Columnas.h"
 #include "db/Connection.h"
 #include "db/cEmpresa.h"
+#include "tests/servidor/Azar.h"
 
 namespace kv::prueba {
 
 /// What one database answered in one case: values by name.
 class Respuestas {
   public:
-    void operator()(const std::string& nombre, const Valor& valor) { valores_.insert_or_assign(nombre, valor); }
-    void operator()(const std::string& nombre, Fecha dia) { (*this)(nombre, Valor(dia)); }
-    void operator()(const std::string& nombre, const std::optional<Fecha>& dia) {
-        (*this)(nombre, dia ? Valor(*dia) : Valor(Nulo{}));
+    /// A Byte is kept as an Integer, since a driver may give a tinyint a sign.
+    void operator()(const std::string& nombre, const Valor& valor) {
+        const bool octeto = std::holds_alternative<std::uint8_t>(valor);
+        valores.insert_or_assign(nombre, octeto ? Valor(AInteger(valor)) : valor);
     }
     /// Every member that a table of columns names.
-    template <class Objeto, class Columnas>
-    void Miembros(const std::string& prefijo, const Objeto& objeto, const Columnas& columnas) {
-        for (const auto& columna : columnas)
-            std::visit([&](auto miembro) { (*this)(prefijo + std::string(columna.nombre), objeto.*miembro); },
-                       columna.destino);
+    void Miembros(const std::string& prefijo, const auto& objeto, const auto& columnas) {
+        const auto valor = [](const auto& dato) -> Valor {
+            if constexpr (std::is_same_v<decltype(dato), const std::optional<Fecha>&>)
+                return dato ? Valor(*dato) : Valor(Nulo{});
+            else
+                return dato;
+        };
+        for (const auto& [nombre, destino] : columnas)
+            std::visit([&](auto miembro) { (*this)(prefijo + std::string(nombre), valor(objeto.*miembro)); }, destino);
     }
-    /// Every row of an open recordset, sorted: where a statement does not order its rows, a database may return them
-    /// in any order. Whole numbers lose their width, since an expression has no declared one.
+    /// Every row of an open recordset, in whatever order the database returns them; whole numbers of any width are the
+    /// same, since an expression has no declared one.
     void Filas(Recordset& rs);
     /// A failure: the component's own ones by number; a database's only as such, since each has its own numbers. The
     /// source counts where the component sets it.
     void Fallo(const RuntimeError& error);
 
-    const std::map<std::string, Valor>& Valores() const { return valores_; }
-
-  private:
-    std::map<std::string, Valor> valores_;
+    std::map<std::string, Valor> valores;
 };
 
 /// One of the two databases.
 struct Lado {
     std::size_t indice = 0;
     std::shared_ptr<Connection> conexion;
-    std::map<std::int16_t, std::shared_ptr<cEmpresa>> empresas;
+    std::map<std::int16_t, std::shared_ptr<cEmpresa>> empresas = {};
 
     template <class Objeto>
     Objeto& Inyectar(Objeto& objeto, std::int16_t empresa = 1) {
@@ -58,42 +59,48 @@ struct Lado {
     }
 };
 
-/// Two databases that must answer alike. Values are the same when type and value are; floating-point numbers may differ
-/// by a ten-millionth of a millionth of themselves (of 1 below 1), since a server may take a decimal literal for a
-/// neighbouring one, and a Byte is the same as an Integer, since a driver may give a tinyint a sign.
+/// Two databases that must answer alike. Values are the same when type and value are; double numbers may differ by a
+/// ten-millionth of a millionth of themselves (of 1 below 1), since a server may take a decimal literal for a
+/// neighbouring one.
 class Pareja {
   public:
-    using Caso = std::function<void(Lado&, Respuestas&)>;
+    using Caso = std::function<void(Lado&, Azar&, Respuestas&)>;
 
     /// Both hold the demonstration data; the companies 1 and 2 are read from each.
     Pareja(std::shared_ptr<Connection> primera, std::shared_ptr<Connection> segunda);
 
-    /// Does the same on both and notes every difference in what they answered, a refusal included.
-    void Probar(const std::string& nombre, const Caso& caso);
+    /// Does the same on both, with the same random arguments, and notes every difference in what they answered, a
+    /// refusal included.
+    void Probar(const std::string& nombre, Azar& azar, const Caso& caso);
+    /// The same, so many times, with a new object of a class whose references are set.
+    template <class Clase>
+    void Repetir(const std::string& nombre, Azar& azar, int veces, void (*caso)(Clase&, Azar&, Respuestas&)) {
+        for (int i = 0; i < veces; ++i)
+            Probar(nombre, azar, [&](Lado& lado, Azar& suerte, Respuestas& r) {
+                Clase objeto;
+                caso(lado.Inyectar(objeto), suerte, r);
+            });
+    }
     /// Every table of the schema, row by row. Here the types are those of the columns.
-    void CompararTablas();
+    void CompararTablas(Azar& azar);
 
     int Casos() const { return casos_; }
     int Rechazos() const { return rechazos_; }
     std::size_t NumeroDiferencias() const { return numero_; }
     /// The first differences, one a line, and how many there were.
-    std::string Informe() const;
+    std::string Informe() const {
+        return std::to_string(numero_) + " diferencias en " + std::to_string(casos_) + " casos\n" + informe_;
+    }
 
   private:
-    void Anotar(const std::string& donde, const std::string& que);
-
     std::array<Lado, 2> lados_;
     int casos_ = 0;
     int rechazos_ = 0;
     std::size_t numero_ = 0;
-    std::vector<std::string> diferencias_;
+    std::string informe_;
 };
 
-/// A table of the production script and the columns of its key.
-struct TablaEsquema {
-    std::string nombre;
-    std::vector<std::string> clave;
-};
-std::vector<TablaEsquema> TablasDelEsquema();
+/// The tables of the production script, each with the columns of its key.
+std::map<std::string, std::vector<std::string>> TablasDelEsquema();
 
 }  // namespace kv::prueba
