@@ -151,8 +151,8 @@ TEST_P(ContratoAdaptador, RecorridoCierreYReapertura) {
     EXPECT_EQ(ObjectState::adStateClosed, rs->State());
     EsperarErrorAdo(kErrObjetoCerrado, [&] { rs->Eof(); });
     EsperarErrorAdo(kErrObjetoCerrado, [&] { rs->Close(); });
-    AbrirLectura(rs, *conexion, "SELECT Codigo FROM Contrato WHERE Codigo =9");
-    EXPECT_TRUE(rs->Eof());
+    AbrirLectura(rs, *conexion, "SELECT Codigo FROM Contrato WHERE Codigo =1");
+    EXPECT_EQ(1, ALong(rs->Fields("Codigo").Value()));
 }
 
 TEST_P(ContratoAdaptador, DosLecturasDelMismoTextoALaVez) {
