@@ -9,7 +9,7 @@ void Mover(clsAlmacen_Articulo& c, Azar& azar, Respuestas& r, bool variante, std
     const double unidades = azar.Entre(-40, 200) / 4.0;
     const double neto = azar.Una(6) ? 0 : azar.Importe(0, 50, 4).ADouble();
     const auto op = azar.De<std::int16_t>({1, 3, 3, 5, 5, 7, 8, 13});
-    const Fecha fecha = azar.Dia(-90, 30);
+    const Fecha fecha = azar.Una(2) ? azar.Dia(-90, 30) : azar.Dia(-3, 3);
     const bool fichas = azar.Una(2);
     double puc = 0;
     double medio = 0;

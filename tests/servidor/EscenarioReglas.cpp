@@ -22,7 +22,7 @@ void Preciar(Precios& p, Azar& azar, Respuestas& r) {
     p.Fecha_Inicial = azar.hoy + (periodo * 30 - 30);
     p.Fecha_Final = p.Fecha_Inicial + 29;
     const std::int32_t codigo = porArticulo ? p.Cod_Articulo : p.Cod_Cliente;
-    const Fecha dia = azar.Dia(-40, 70);
+    const Fecha dia = azar.Una(2) ? p.Fecha_Final : azar.Dia(-40, 70);
     const Currency unidades = azar.Importe(-9, 60, 2);
     const Currency importe = azar.Importe(-50, 900, 4);
     const Currency coste = azar.Una(2) ? Currency() : azar.Importe(1, 500, 4);
