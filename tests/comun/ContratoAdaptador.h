@@ -83,7 +83,7 @@ class ContratoAdaptador : public testing::TestWithParam<AdaptadorProbado> {
 };
 
 TEST_P(ContratoAdaptador, SeLeeLoEscrito) {
-    struct Caso {
+    struct CasoContrato {
         Exigencia exige;
         std::string columnas;
         std::string donde;
@@ -95,7 +95,7 @@ TEST_P(ContratoAdaptador, SeLeeLoEscrito) {
     const Fecha dia = Fecha::DeAmd(2026, 3, 5);
     const Fecha ultimo = Fecha::DeAmd(2050, 12, 31);
     // clang-format off
-    const Caso kCasos[] = {
+    const CasoContrato kCasos[] = {
         {E::Nada, "Nula, Codigo, Activo, Corto, Doble, Fecha", "Codigo =1", {Nulo{}, 1, true, AInteger(-5), 0.1, dia}},
         {E::Dinero, "Importe", "Codigo =1", {Currency::DeDiezmilesimas(123456)}},
         {E::Octeto, "Octeto", "Codigo =1", {std::uint8_t{200}}},
@@ -111,7 +111,7 @@ TEST_P(ContratoAdaptador, SeLeeLoEscrito) {
         {E::FechaVacia, "Corto", "Codigo =2", {AInteger(0)}, "Corto =0 WHERE Fecha <=' 01/01/1900'", 1},
     };
     // clang-format on
-    for (const Caso& caso : kCasos) {
+    for (const CasoContrato& caso : kCasos) {
         SCOPED_TRACE(caso.columnas + " " + caso.donde + " " + caso.cambio);
         if (!Puede(caso.exige)) continue;
         conexion.reset();
