@@ -107,7 +107,9 @@ class Traductor {
             if (!EsConector(token)) nombre_ = std::string(token.texto);
         }
         if (token.Es(')')) enLista_ = false;
-        if (enValores_ && token.Es(',')) ++valor_;
+        // A row of values starts over; a comma between the arguments of a function parts no values.
+        if (enValores_ && profundidad_ == 1 && token.Es('(')) valor_ = 0;
+        if (enValores_ && profundidad_ == 1 && token.Es(',')) ++valor_;
         anterior_ = token;
     }
 

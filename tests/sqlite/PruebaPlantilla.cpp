@@ -23,6 +23,8 @@ TEST(Traduccion, LevantaLosLiteralesQueCambianYSabeSuColumna) {
          "A=-2.5 B='' C=3 D=4 "},
         {"INSERT INTO T (A, B, C, D) VALUES (1, '',-2 , +3)", "INSERT INTO T (A, B, C, D) VALUES (?, ?,? , ?)",
          "A=1 B='' C=-2 D=+3 "},
+        {"INSERT INTO T (A, B) VALUES (ISNULL(NULL, 7), 'x'), (1, 'y')",
+         "INSERT INTO T (A, B) VALUES (IFNULL(NULL, ?), ?), (?, ?)", "A=7 B='x' A=1 B='y' "},
         {"SELECT A FROM T WHERE (10 <= B AND B >= 10) OR C LIKE 'x%'",
          "SELECT A FROM T WHERE (10 <= B AND B >= ?) OR C LIKE 'x%'", "B=10 "},
         {"SELECT A AS T1 FROM T1 a WHERE a.B1 = c.D2", "SELECT A AS T1 FROM T1 a WHERE a.B1 = c.D2", ""},
