@@ -28,6 +28,12 @@ class BaseDePrueba {
     std::shared_ptr<ConexionSqlite> Abrir() const {
         return ConexionSqlite::Abrir(ruta_, kIdentidad, ConexionSqlite::Modo::LecturaEscritura);
     }
+    /// A connection whose commits need not survive a power cut.
+    std::shared_ptr<ConexionSqlite> AbrirSinDisco() const {
+        auto conexion = Abrir();
+        conexion->Ejecutar("PRAGMA synchronous = OFF");
+        return conexion;
+    }
     const std::string& Ruta() const { return ruta_; }
 
   private:

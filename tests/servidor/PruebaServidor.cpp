@@ -10,7 +10,9 @@
 #include "tests/comun/ConexionGuion.h"
 #include "tests/comun/EmpresaFija.h"
 #include "tests/comun/Errores.h"
+#include "tests/odbc/BasesOdbc.h"
 #include "tests/servidor/Escenarios.h"
+#include "tests/servidor/ServidorTds.h"
 
 namespace kv::prueba {
 namespace {
@@ -60,15 +62,9 @@ TEST(BasePrestada, SoloSeVaciaLaVaciaOLaDeOtraVez) {
     }
 }
 
-TEST(Servidor, ContestaComoLaBaseEmbebida) {
-    const char* cadena = std::getenv("KV_ODBC_PRUEBAS");
-    if (cadena == nullptr || *cadena == '\0')
-        GTEST_SKIP()
-            << "no hay servidor: KV_ODBC_PRUEBAS='DRIVER=...;SERVER=...;DATABASE=...' scripts/test.sh lo prueba"
-               " (la base de datos ha de estar vacía, y se vacía)";
-    const Fecha hoy = BibliotecaComun().Hoy();
+// Makes the demonstration on an empty server and does the same work there and on an embedded database.
+void Comparar(const std::shared_ptr<ConexionOdbc>& servidor, Fecha hoy) {
     const BibliotecaDePrueba biblioteca(hoy);
-    const auto servidor = std::make_shared<ConexionOdbc>(cadena);
     const EjecutarLote lote = [&](std::string_view texto) { servidor->EjecutarLote(texto); };
     VaciarBasePrestada(*servidor);
     CrearDemostracionServidor(*servidor, lote, hoy);
@@ -77,13 +73,39 @@ TEST(Servidor, ContestaComoLaBaseEmbebida) {
     EsperarError(kErrLlamadaInvalida, "KVDatosArt", [&] { CrearDemostracionServidor(*servidor, lote, hoy); });
 
     const BaseDePrueba embebida(BaseDePrueba::Datos::Demostracion, hoy);
-    Pareja pareja(embebida.Abrir(), servidor);
+    Pareja pareja(embebida.AbrirSinDisco(), servidor);
     const auto semilla = SemillaDePrueba();
     std::cout << "KV_SEMILLA=" << semilla << " repite estos casos\n";
     Azar azar(semilla, hoy);
     CompararTodo(pareja, azar);
     EXPECT_EQ(0U, pareja.NumeroDiferencias()) << pareja.Informe();
     std::cout << pareja.Casos() << " casos, " << pareja.Rechazos() << " con error en los dos\n";
+    EXPECT_GT(pareja.Casos(), 7000);
+    // Refusals are compared too, and there must be some.
+    EXPECT_GT(pareja.Rechazos(), 100);
+}
+
+TEST(Servidor, ContestaComoLaBaseEmbebida) {
+    const char* cadena = std::getenv("KV_ODBC_PRUEBAS");
+    if (cadena == nullptr || *cadena == '\0')
+        GTEST_SKIP()
+            << "no hay servidor: KV_ODBC_PRUEBAS='DRIVER=...;SERVER=...;DATABASE=...' scripts/test.sh lo prueba"
+               " (la base de datos ha de estar vacía, y se vacía)";
+    Comparar(std::make_shared<ConexionOdbc>(cadena), BibliotecaComun().Hoy());
+}
+
+TEST(FreeTds, ElControladorNoCambiaNada) {
+    const std::string controlador = Controlador("libtdsodbc.so");
+    if (controlador.empty()) GTEST_SKIP() << "no hay controlador FreeTDS (tdsodbc)";
+    const Fecha hoy = Fecha::DeAmd(2026, 11, 21);
+    const BaseDePrueba base(BaseDePrueba::Datos::Ninguno, hoy);
+    ServidorTds servidor(base.AbrirSinDisco());
+    Comparar(std::make_shared<ConexionOdbc>("Driver=" + controlador +
+                                            ";Server=127.0.0.1;Port=" + std::to_string(servidor.Puerto()) +
+                                            ";TDS_Version=7.4;Database=tienda;UID=usuario;PWD=clave"),
+             hoy);
+    EXPECT_EQ("", servidor.Queja());
+    EXPECT_GT(servidor.Respuestas(), 20000);
 }
 
 }  // namespace

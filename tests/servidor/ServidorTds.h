@@ -1,0 +1,57 @@
+#pragma once
+
+#include <atomic>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "db/Connection.h"
+#include "tests/servidor/TiposTds.h"
+
+namespace kv::prueba {
+
+/// A server on a port of this machine that speaks TDS 7.4, with an embedded database without rows behind it: it proves
+/// driver and adapter over the wire where no T-SQL server is at hand. One client at a time. A request that the
+/// component has no reason to send ends the conversation; Queja says why.
+class ServidorTds {
+  public:
+    explicit ServidorTds(std::shared_ptr<Connection> base);
+    ~ServidorTds();
+    ServidorTds(const ServidorTds&) = delete;
+    ServidorTds& operator=(const ServidorTds&) = delete;
+
+    int Puerto() const { return puerto_; }
+    /// What went against the protocol; empty when nothing did. To be read once the client has left.
+    const std::string& Queja() const { return queja_; }
+    /// Texts, calls and transactions answered so far.
+    int Respuestas() const { return respuestas_; }
+
+  private:
+    using Filas = std::vector<std::vector<Valor>>;
+
+    void Atender();
+    void Conversar(int cliente);
+    MensajeTds Contestar(unsigned clase, std::string_view peticion);
+    MensajeTds Ejecutar(const std::string& texto);
+    MensajeTds Consultar(const std::string& texto);
+    MensajeTds Llamar(LecturaTds& lectura);
+    MensajeTds CambiarTransaccion(LecturaTds& lectura);
+    MensajeTds Tabla(const std::string& texto, const std::vector<std::string>& columnas, const Filas& filas) const;
+    TipoTds TipoDeColumna(const std::string& texto, const std::string& columna, std::size_t posicion,
+                          const Filas& filas) const;
+
+    std::shared_ptr<Connection> base_;
+    std::map<std::string, std::map<std::string, TipoTds>> tipos_ = TiposDelEsquema();
+    std::set<std::string, std::less<>> lotes_;
+    bool conTablas_ = false;
+    std::string queja_;
+    std::atomic<int> respuestas_ = 0;
+    int puerto_ = 0;
+    int escucha_ = -1;
+    std::thread hilo_;
+};
+
+}  // namespace kv::prueba
