@@ -105,7 +105,6 @@ TEST(FreeTds, ElControladorNoCambiaNada) {
                                             ";TDS_Version=7.4;Database=tienda;UID=usuario;PWD=clave"),
              hoy);
     EXPECT_EQ("", servidor.Queja());
-    EXPECT_GT(servidor.Respuestas(), 20000);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <stdexcept>
 
 #include "base/RuntimeError.h"
 #include "db/Nombres.h"
@@ -15,10 +16,10 @@ namespace kv::prueba {
 namespace {
 
 // Kinds of message and of what they are made of, by their names in the protocol.
-enum Clase : unsigned { SqlBatch = 1, Rpc = 3, Login7 = 16, PreLogin = 18, TransactionManager = 14 };
+enum Clase : unsigned { SqlBatch = 1, Rpc = 3, TransactionManager = 14, Login7 = 16, PreLogin = 18 };
 enum Marca : unsigned { ReturnStatus = 0x79, ColMetadata = 0x81, Error = 0xAA, ReturnValue = 0xAC, LoginAck = 0xAD };
 enum MarcaFin : unsigned { Row = 0xD1, EnvChange = 0xE3, Done = 0xFD, DoneProc = 0xFE };
-enum Estado : unsigned { ConFallo = 2, ConCuenta = 16 };
+enum Estado : unsigned { SinMas = 0, ConFallo = 2, ConCuenta = 16 };
 
 constexpr std::size_t kPaquete = 4096;
 constexpr std::size_t kCabecera = 8;
@@ -27,53 +28,23 @@ constexpr std::size_t kCabecera = 8;
     throw std::runtime_error(de);
 }
 
-void Fin(MensajeTds& mensaje, MarcaFin marca, unsigned estado, std::uint64_t filas) {
-    mensaje.Numero(marca, 1);
-    mensaje.Numero(estado, 2);
-    mensaje.Numero(0xC1, 2);
-    mensaje.Numero(filas, 8);
+MensajeTds Fin(MensajeTds mensaje, Estado estado = SinMas, std::uint64_t filas = 0, MarcaFin marca = Done) {
+    return mensaje.Numero(marca, 1).Numero(estado, 2).Numero(0xC1, 2).Numero(filas, 8);
 }
 
 MensajeTds Fallo(const RuntimeError& error, MarcaFin marca) {
     MensajeTds contenido;
-    contenido.Numero(static_cast<std::uint32_t>(error.numero), 4);
-    contenido.Octetos({"\x01\x10", 2});
-    contenido.Texto(error.descripcion, 2);
-    contenido.Texto("servidor", 1);
-    contenido.Texto("", 1);
-    contenido.Numero(1, 4);
-    MensajeTds mensaje;
-    mensaje.Parte(Error, contenido);
-    Fin(mensaje, marca, ConFallo, 0);
-    return mensaje;
+    contenido.Numero(static_cast<std::uint32_t>(error.numero), 4).Octetos({"\x01\x10", 2}).Texto(error.descripcion, 2);
+    contenido.Texto("servidor", 1).Texto("", 1).Numero(1, 4);
+    return Fin(MensajeTds().Parte(Error, contenido), ConFallo, 0, marca);
 }
 
 MensajeTds Bienvenida() {
     MensajeTds intercalacion;
-    intercalacion.Numero(7, 1);
-    intercalacion.Numero(kIntercalacion.size(), 1);
-    intercalacion.Octetos(kIntercalacion);
-    intercalacion.Numero(0, 1);
+    intercalacion.Octetos({"\x07\x05", 2}).Octetos(kIntercalacion).Numero(0, 1);
     MensajeTds version;
-    version.Octetos({"\x01\x74\x00\x00\x04", 5});
-    version.Texto("Servidor de pruebas", 1);
-    version.Octetos({"\x0B\x00\x08\x34", 4});
-    MensajeTds mensaje;
-    mensaje.Parte(EnvChange, intercalacion);
-    mensaje.Parte(LoginAck, version);
-    Fin(mensaje, Done, 0, 0);
-    return mensaje;
-}
-
-// The transaction that begins, or the one that ends, as the driver has to know it.
-void Aviso(MensajeTds& mensaje, unsigned que, bool empieza) {
-    MensajeTds cambio;
-    cambio.Numero(que, 1);
-    cambio.Numero(empieza ? 8 : 0, 1);
-    if (empieza) cambio.Numero(1, 8);
-    cambio.Numero(empieza ? 0 : 8, 1);
-    if (!empieza) cambio.Numero(1, 8);
-    mensaje.Parte(EnvChange, cambio);
+    version.Octetos({"\x01\x74\x00\x00\x04", 5}).Texto("Servidor de pruebas", 1).Octetos({"\x0B\x00\x08\x34", 4});
+    return Fin(MensajeTds().Parte(EnvChange, intercalacion).Parte(LoginAck, version));
 }
 
 bool Recibir(int cliente, unsigned& clase, std::string& peticion) {
@@ -90,53 +61,22 @@ bool Recibir(int cliente, unsigned& clase, std::string& peticion) {
 }
 
 void Enviar(int cliente, std::string_view respuesta) {
-    std::string paquetes;
+    MensajeTds paquetes;
     for (unsigned orden = 1; orden == 1 || !respuesta.empty(); ++orden) {
         const std::string_view trozo = respuesta.substr(0, kPaquete - kCabecera);
         respuesta.remove_prefix(trozo.size());
         const std::size_t largo = trozo.size() + kCabecera;
-        for (const std::size_t octeto : {std::size_t{4}, std::size_t{respuesta.empty() ? 1U : 0U}, largo >> 8U, largo,
-                                         std::size_t{0}, std::size_t{0}, std::size_t{orden}, std::size_t{0}})
-            paquetes.push_back(static_cast<char>(octeto & 0xFFU));
-        paquetes += trozo;
+        paquetes.Numero(4, 1).Numero(respuesta.empty() ? 1 : 0, 1).Numero(largo >> 8U, 1).Numero(largo, 1);
+        paquetes.Numero(0, 2).Numero(orden, 1).Numero(0, 1).Octetos(trozo);
     }
-    for (std::string_view quedan = paquetes; !quedan.empty();) {
-        const ssize_t enviados = send(cliente, quedan.data(), quedan.size(), MSG_NOSIGNAL);
-        if (enviados <= 0) Quejarse("el cliente no espera la respuesta");
-        quedan.remove_prefix(static_cast<std::size_t>(enviados));
-    }
-}
-
-struct Declarado {
-    std::string nombre;
-    DataType tipo;
-    bool sale;
-};
-
-// The parameters of a procedure of the production script.
-std::vector<Declarado> Declarados(const std::string& procedimiento) {
-    static const std::map<std::string, DataType> kTipos = {{"smallint", DataType::adSmallInt},
-                                                           {"int", DataType::adInteger},
-                                                           {"tinyint", DataType::adTinyInt},
-                                                           {"bit", DataType::adBoolean},
-                                                           {"money", DataType::adCurrency}};
-    const std::string& guion = EsquemaSqlServer();
-    const std::size_t inicio = guion.find("ALTER PROCEDURE " + procedimiento + "\n");
-    if (inicio == std::string::npos) Quejarse("no hay procedimiento " + procedimiento);
-    std::vector<Declarado> declarados;
-    const std::vector<Token> tokens =
-        TokensDe(std::string_view(guion).substr(inicio, guion.find("\nAS", inicio) - inicio));
-    for (std::size_t i = 0; i + 1 < tokens.size(); ++i)
-        if (tokens[i].texto.front() == '@')
-            declarados.push_back({std::string(tokens[i].texto), kTipos.at(std::string(tokens[i + 1].texto)),
-                                  i + 2 < tokens.size() && tokens[i + 2].EsPalabra("OUTPUT")});
-    return declarados;
+    const std::string& bytes = paquetes.Bytes();
+    if (send(cliente, bytes.data(), bytes.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(bytes.size()))
+        Quejarse("el cliente no espera la respuesta");
 }
 
 }  // namespace
 
 ServidorTds::ServidorTds(std::shared_ptr<Connection> base) : base_(std::move(base)) {
-    for (const std::string_view lote : LotesDe(EsquemaSqlServer())) lotes_.emplace(lote);
     sockaddr_in direccion{};
     direccion.sin_family = AF_INET;
     direccion.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
@@ -158,27 +98,20 @@ ServidorTds::~ServidorTds() {
 void ServidorTds::Atender() {
     for (int cliente = 0; (cliente = accept(escucha_, nullptr, nullptr)) >= 0; close(cliente)) {
         try {
-            Conversar(cliente);
+            unsigned clase = 0;
+            for (std::string peticion; Recibir(cliente, clase, peticion);)
+                Enviar(cliente, Contestar(clase, peticion).Bytes());
         } catch (const std::exception& error) {
             queja_ = error.what();
         }
     }
 }
 
-void ServidorTds::Conversar(int cliente) {
-    unsigned clase = 0;
-    for (std::string peticion; Recibir(cliente, clase, peticion);) {
-        if (clase == PreLogin)
-            // Its version, and that it has no encryption.
-            Enviar(cliente, {"\0\0\x0B\0\x06\x01\0\x11\0\x01\xFF\x0B\0\x08\x34\0\0\x02", 18});
-        else
-            Enviar(cliente, Contestar(clase, peticion).Bytes());
-    }
-}
-
 MensajeTds ServidorTds::Contestar(unsigned clase, std::string_view peticion) {
+    // Its version, and that it has no encryption.
+    if (clase == PreLogin)
+        return MensajeTds().Octetos({"\0\0\x0B\0\x06\x01\0\x11\0\x01\xFF\x0B\0\x08\x34\0\0\x02", 18});
     if (clase == Login7) return Bienvenida();
-    ++respuestas_;
     LecturaTds lectura(peticion);
     // What stands before every request says its own size.
     lectura.Octetos(lectura.Numero(4) - 4);
@@ -193,38 +126,25 @@ MensajeTds ServidorTds::Contestar(unsigned clase, std::string_view peticion) {
 }
 
 MensajeTds ServidorTds::Ejecutar(const std::string& texto) {
-    struct Sabida {
-        std::string_view texto;
-        std::vector<std::string> columnas;
-        Filas filas;
-    };
-    const Sabida sabidas[] = {
-        {"SELECT CAST('05/03/2001' AS datetime) AS Dia, CAST('13/02/2001' AS datetime) AS Otro, N'ñ €' AS Texto",
-         {"Dia", "Otro", "Texto"},
-         {{Fecha::DeAmd(2001, 3, 5), Fecha::DeAmd(2001, 2, 13), "ñ €"}}},
-        {"SELECT TABLE_NAME FROM INFORMATION_SCHEMA.TABLES WHERE TABLE_TYPE = 'BASE TABLE'", {"TABLE_NAME"}, {}},
-        {"SELECT 'ñ€' AS Texto WHERE 'a' = 'A'", {"Texto"}, {{"ñ€"}}},
-        {"SELECT OBJECT_ID('Empresas', 'U') AS Tabla",
-         {"Tabla"},
-         {{conTablas_ ? Valor(std::int32_t{1}) : Valor(Nulo{})}}},
-    };
-    for (const Sabida& sabida : sabidas)
-        if (texto == sabida.texto) return Tabla(texto, sabida.columnas, sabida.filas);
-    if (texto.starts_with("SELECT") || texto.starts_with(" SELECT")) return Consultar(texto);
-    MensajeTds mensaje;
-    const bool lote = lotes_.contains(texto);
-    conTablas_ = conTablas_ || lote;
-    const bool ajustes = texto.starts_with("SET QUOTED_IDENTIFIER ON SET") && texto.ends_with("SET DATEFORMAT dmy");
-    if (lote || ajustes)
-        Fin(mensaje, Done, 0, 0);
-    else
-        Fin(mensaje, Done, ConCuenta, static_cast<std::uint64_t>(base_->EjecutarContando(texto)));
-    return mensaje;
-}
-
-MensajeTds ServidorTds::Consultar(const std::string& texto) {
+    if (texto ==
+        "SELECT CAST('05/03/2001' AS datetime) AS Dia, CAST('13/02/2001' AS datetime) AS Otro, N'ñ €' AS Texto")
+        return Tabla(texto, {"Dia", "Otro", "Texto"}, {{Fecha::DeAmd(2001, 3, 5), Fecha::DeAmd(2001, 2, 13), "ñ €"}});
+    // What the embedded database is asked instead: its tables count as made once they hold something.
+    static const std::map<std::string, std::string> kEquivalentes = {
+        {"SELECT TABLE_NAME FROM INFORMATION_SCHEMA.TABLES WHERE TABLE_TYPE = 'BASE TABLE'",
+         "SELECT Nombre AS TABLE_NAME FROM Empresas"},
+        {"SELECT 'ñ€' AS Texto WHERE 'a' = 'A'", "SELECT 'ñ€' AS Texto"},
+        {"SELECT OBJECT_ID('Empresas', 'U') AS Tabla", "SELECT MAX(Codigo) AS Tabla FROM Empresas"}};
+    static const std::vector<std::string_view> kLotes = LotesDe(EsquemaSqlServer());
+    const auto equivalente = kEquivalentes.find(texto);
+    const std::string& consulta = equivalente == kEquivalentes.end() ? texto : equivalente->second;
+    if (!consulta.starts_with("SELECT") && !consulta.starts_with(" SELECT")) {
+        const bool ajustes = texto.starts_with("SET QUOTED_IDENTIFIER ON SET") && texto.ends_with("SET DATEFORMAT dmy");
+        if (ajustes || std::find(kLotes.begin(), kLotes.end(), texto) != kLotes.end()) return Fin({});
+        return Fin({}, ConCuenta, static_cast<std::uint64_t>(base_->EjecutarContando(texto)));
+    }
     std::unique_ptr<Recordset> rs;
-    AbrirLectura(rs, *base_, texto);
+    AbrirLectura(rs, *base_, consulta);
     std::vector<std::string> columnas;
     for (std::int32_t i = 0; i < rs->NumeroCampos(); ++i) columnas.emplace_back(rs->NombreCampo(i));
     Filas filas;
@@ -238,26 +158,24 @@ MensajeTds ServidorTds::Consultar(const std::string& texto) {
 TipoTds ServidorTds::TipoDeColumna(const std::string& texto, const std::string& columna, std::size_t posicion,
                                    const Filas& filas) const {
     for (const Token& token : TokensDe(texto)) {
-        const auto tabla = tipos_.find(Minusculas(token.texto));
-        if (tabla == tipos_.end()) continue;
-        const auto tipo = tabla->second.find(Minusculas(columna));
-        if (tipo != tabla->second.end()) return tipo->second;
+        const auto tabla = objetos_.find(Minusculas(token.texto));
+        if (tabla == objetos_.end()) continue;
+        for (const ColumnaTds& una : tabla->second)
+            if (MismoNombre(una.nombre, columna)) return una.tipo;
     }
-    const auto dada =
-        std::find_if(filas.begin(), filas.end(), [&](const auto& fila) { return !EsNulo(fila[posicion]); });
-    return dada == filas.end() ? TipoTds::Texto : TipoDeValor((*dada)[posicion]);
+    for (const std::vector<Valor>& fila : filas)
+        if (!EsNulo(fila[posicion])) return fila[posicion].index();
+    return 0;
 }
 
 MensajeTds ServidorTds::Tabla(const std::string& texto, const std::vector<std::string>& columnas,
                               const Filas& filas) const {
     MensajeTds mensaje;
     std::vector<TipoTds> tipos;
-    mensaje.Numero(ColMetadata, 1);
-    mensaje.Numero(columnas.size(), 2);
+    mensaje.Numero(ColMetadata, 1).Numero(columnas.size(), 2);
     for (const std::string& columna : columnas) {
         tipos.push_back(TipoDeColumna(texto, columna, tipos.size(), filas));
-        mensaje.Numero(0, 4);
-        mensaje.Numero(9, 2);
+        mensaje.Numero(0, 4).Numero(9, 2);
         EscribirTipo(mensaje, tipos.back());
         mensaje.Texto(columna, 1);
     }
@@ -265,66 +183,65 @@ MensajeTds ServidorTds::Tabla(const std::string& texto, const std::vector<std::s
         mensaje.Numero(Row, 1);
         for (std::size_t i = 0; i < tipos.size(); ++i) EscribirValor(mensaje, tipos[i], fila[i]);
     }
-    Fin(mensaje, Done, ConCuenta, filas.size());
-    return mensaje;
+    return Fin(mensaje, ConCuenta, filas.size());
 }
 
 MensajeTds ServidorTds::Llamar(LecturaTds& lectura) {
-    const std::string nombre = lectura.Texto(lectura.Numero(2));
-    const std::vector<Declarado> declarados = Declarados(nombre);
-    lectura.Numero(2);
     const auto procedimiento = base_->CrearCommand();
+    std::string& nombre = procedimiento->CommandText = lectura.Texto(lectura.Numero(2));
     procedimiento->CommandType = CommandType::adCmdStoredProc;
-    procedimiento->CommandText = nombre;
-    for (const Declarado& declarado : declarados) {
-        const ParametroTds parametro = LeerParametro(lectura);
-        if (parametro.sale != declarado.sale) Quejarse(nombre + ": dirección de " + declarado.nombre);
+    lectura.Numero(2);
+    const auto declarados = objetos_.find(Minusculas(nombre));
+    if (declarados == objetos_.end()) Quejarse("no hay procedimiento " + nombre);
+    // The embedded database goes by the values, not by the declared types.
+    for (const ColumnaTds& uno : declarados->second)
         procedimiento->Parameters.Append(
-            declarado.nombre, declarado.tipo,
-            declarado.sale ? ParameterDirection::adParamOutput : ParameterDirection::adParamInput, 0, parametro.valor);
-    }
+            uno.nombre, DataType::adCurrency,
+            uno.sale ? ParameterDirection::adParamOutput : ParameterDirection::adParamInput, 0,
+            LeerParametro(lectura, uno));
     if (lectura.Quedan() != 0) Quejarse(nombre + ": sobran parámetros");
     procedimiento->Execute(CommandType::adCmdStoredProc);
     MensajeTds mensaje;
-    mensaje.Numero(ReturnStatus, 1);
-    mensaje.Numero(0, 4);
-    for (std::size_t i = 0; i < declarados.size(); ++i) {
-        if (!declarados[i].sale) continue;
-        mensaje.Numero(ReturnValue, 1);
-        mensaje.Numero(i, 2);
-        mensaje.Texto(declarados[i].nombre, 1);
-        mensaje.Numero(1, 7);
-        EscribirDecimal(mensaje, procedimiento->Parameters.Item(declarados[i].nombre).Value);
+    mensaje.Numero(ReturnStatus, 1).Numero(0, 4);
+    unsigned orden = 0;
+    for (const Parameter& uno : procedimiento->Parameters) {
+        if (uno.Direction == ParameterDirection::adParamOutput) {
+            mensaje.Numero(ReturnValue, 1).Numero(orden, 2).Texto(uno.Name, 1).Numero(1, 7);
+            EscribirTipo(mensaje, kDecimal);
+            EscribirValor(mensaje, kDecimal, uno.Value);
+        }
+        ++orden;
     }
-    Fin(mensaje, DoneProc, 0, 0);
-    return mensaje;
+    return Fin(mensaje, SinMas, 0, DoneProc);
 }
 
 MensajeTds ServidorTds::CambiarTransaccion(LecturaTds& lectura) {
     constexpr unsigned kEmpezar = 5;
     constexpr unsigned kConfirmar = 7;
     constexpr unsigned kDeshacer = 8;
+    // The number of the transaction that begins, or of the one that ends, as the driver has to know it.
+    const std::string numero("\x08\1\0\0\0\0\0\0\0", 9);
+    const std::string nada(1, '\0');
     const auto peticion = static_cast<unsigned>(lectura.Numero(2));
-    if (peticion != kEmpezar && peticion != kConfirmar && peticion != kDeshacer)
-        Quejarse("petición de transacción " + std::to_string(peticion));
     bool empieza = peticion == kEmpezar;
     MensajeTds mensaje;
     if (!empieza) {
         if (peticion == kConfirmar)
             base_->CommitTrans();
-        else
+        else if (peticion == kDeshacer)
             base_->RollbackTrans();
-        Aviso(mensaje, peticion + 2, false);
+        else
+            Quejarse("petición de transacción " + std::to_string(peticion));
+        mensaje.Parte(EnvChange, MensajeTds().Numero(peticion + 2, 1).Octetos(nada + numero));
         // The driver may ask for the next transaction in the same message.
         lectura.Texto(lectura.Numero(1));
         empieza = lectura.Numero(1) != 0;
     }
     if (empieza) {
         base_->BeginTrans();
-        Aviso(mensaje, 8, true);
+        mensaje.Parte(EnvChange, MensajeTds().Numero(8, 1).Octetos(numero + nada));
     }
-    Fin(mensaje, Done, 0, 0);
-    return mensaje;
+    return Fin(mensaje);
 }
 
 }  // namespace kv::prueba

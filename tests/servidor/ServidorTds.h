@@ -1,15 +1,13 @@
 #pragma once
 
-#include <atomic>
 #include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "db/Connection.h"
-#include "tests/servidor/TiposTds.h"
+#include "tests/servidor/ProtocoloTds.h"
 
 namespace kv::prueba {
 
@@ -26,17 +24,13 @@ class ServidorTds {
     int Puerto() const { return puerto_; }
     /// What went against the protocol; empty when nothing did. To be read once the client has left.
     const std::string& Queja() const { return queja_; }
-    /// Texts, calls and transactions answered so far.
-    int Respuestas() const { return respuestas_; }
 
   private:
     using Filas = std::vector<std::vector<Valor>>;
 
     void Atender();
-    void Conversar(int cliente);
     MensajeTds Contestar(unsigned clase, std::string_view peticion);
     MensajeTds Ejecutar(const std::string& texto);
-    MensajeTds Consultar(const std::string& texto);
     MensajeTds Llamar(LecturaTds& lectura);
     MensajeTds CambiarTransaccion(LecturaTds& lectura);
     MensajeTds Tabla(const std::string& texto, const std::vector<std::string>& columnas, const Filas& filas) const;
@@ -44,11 +38,8 @@ class ServidorTds {
                           const Filas& filas) const;
 
     std::shared_ptr<Connection> base_;
-    std::map<std::string, std::map<std::string, TipoTds>> tipos_ = TiposDelEsquema();
-    std::set<std::string, std::less<>> lotes_;
-    bool conTablas_ = false;
+    std::map<std::string, std::vector<ColumnaTds>> objetos_ = ObjetosDelEsquema();
     std::string queja_;
-    std::atomic<int> respuestas_ = 0;
     int puerto_ = 0;
     int escucha_ = -1;
     std::thread hilo_;
