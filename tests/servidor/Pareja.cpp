@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <set>
-#include <sstream>
 
 #include "host/EmpresaTabla.h"
 #include "schema/Esquema.h"
 #include "schema/Lotes.h"
+#include "tests/servidor/ProtocoloTds.h"
 
 namespace kv::prueba {
 namespace {
@@ -98,16 +98,15 @@ void Pareja::CompararTablas(Azar& azar) {
 std::map<std::string, std::vector<std::string>> TablasDelEsquema() {
     std::map<std::string, std::vector<std::string>> tablas;
     for (const std::string_view lote : LotesDe(EsquemaSqlServer())) {
-        // Empty in a batch without the mark.
-        const auto entre = [lote](std::string_view marca, char fin) {
-            const std::size_t inicio = std::min(lote.find(marca), lote.size() - marca.size()) + marca.size();
-            return std::string(lote.substr(inicio, lote.find(fin, inicio) - inicio));
-        };
-        std::string clave = entre("PRIMARY KEY CLUSTERED", ')');
-        std::replace_if(
-            clave.begin(), clave.end(), [](char c) { return c == '(' || c == ','; }, ' ');
-        std::istringstream columnas(clave);
-        for (std::string columna; columnas >> columna;) tablas[entre("CREATE TABLE ", ' ')].push_back(columna);
+        std::string tabla;
+        bool enClave = false;
+        Token anterior;
+        for (const Token& token : TokensDe(lote)) {
+            if (anterior.EsPalabra("TABLE")) tabla = token.texto;
+            enClave = (enClave && !token.Es(')')) || anterior.EsPalabra("CLUSTERED");
+            if (enClave && token.tipo == Token::Tipo::Nombre) tablas[tabla].emplace_back(token.texto);
+            anterior = token;
+        }
     }
     return tablas;
 }

@@ -24,10 +24,6 @@ enum Estado : unsigned { SinMas = 0, ConFallo = 2, ConCuenta = 16 };
 constexpr std::size_t kPaquete = 4096;
 constexpr std::size_t kCabecera = 8;
 
-[[noreturn]] void Quejarse(const std::string& de) {
-    throw std::runtime_error(de);
-}
-
 MensajeTds Fin(MensajeTds mensaje, Estado estado = SinMas, std::uint64_t filas = 0, MarcaFin marca = Done) {
     return mensaje.Numero(marca, 1).Numero(estado, 2).Numero(0xC1, 2).Numero(filas, 8);
 }
@@ -54,7 +50,10 @@ bool Recibir(int cliente, unsigned& clase, std::string& peticion) {
         if (recv(cliente, cabecera, kCabecera, MSG_WAITALL) != static_cast<ssize_t>(kCabecera)) return false;
         clase = cabecera[0];
         std::string trozo((static_cast<std::size_t>(cabecera[2]) << 8U | cabecera[3]) - kCabecera, '\0');
-        if (recv(cliente, trozo.data(), trozo.size(), MSG_WAITALL) != static_cast<ssize_t>(trozo.size())) return false;
+        // To wait for nothing would be to wait for what comes next.
+        if (!trozo.empty() &&
+            recv(cliente, trozo.data(), trozo.size(), MSG_WAITALL) != static_cast<ssize_t>(trozo.size()))
+            return false;
         peticion += trozo;
         if ((cabecera[1] & 1U) != 0) return true;
     }
@@ -71,7 +70,7 @@ void Enviar(int cliente, std::string_view respuesta) {
     }
     const std::string& bytes = paquetes.Bytes();
     if (send(cliente, bytes.data(), bytes.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(bytes.size()))
-        Quejarse("el cliente no espera la respuesta");
+        throw std::runtime_error("el cliente no espera la respuesta");
 }
 
 }  // namespace
@@ -84,7 +83,7 @@ ServidorTds::ServidorTds(std::shared_ptr<Connection> base) : base_(std::move(bas
     auto* nombre = reinterpret_cast<sockaddr*>(&direccion);  // NOLINT: as the system's calls want it.
     escucha_ = socket(AF_INET, SOCK_STREAM, 0);
     if (bind(escucha_, nombre, largo) != 0 || listen(escucha_, 1) != 0 || getsockname(escucha_, nombre, &largo) != 0)
-        Quejarse("no hay puerto para el servidor");
+        throw std::runtime_error("no hay puerto para el servidor");
     puerto_ = ntohs(direccion.sin_port);
     hilo_ = std::thread([this] { Atender(); });
 }
@@ -122,7 +121,7 @@ MensajeTds ServidorTds::Contestar(unsigned clase, std::string_view peticion) {
     } catch (const RuntimeError& error) {
         return Fallo(error, clase == Rpc ? DoneProc : Done);
     }
-    Quejarse("mensaje de clase " + std::to_string(clase));
+    throw std::runtime_error("mensaje de clase " + std::to_string(clase));
 }
 
 MensajeTds ServidorTds::Ejecutar(const std::string& texto) {
@@ -192,14 +191,14 @@ MensajeTds ServidorTds::Llamar(LecturaTds& lectura) {
     procedimiento->CommandType = CommandType::adCmdStoredProc;
     lectura.Numero(2);
     const auto declarados = objetos_.find(Minusculas(nombre));
-    if (declarados == objetos_.end()) Quejarse("no hay procedimiento " + nombre);
+    if (declarados == objetos_.end()) throw std::runtime_error("no hay procedimiento " + nombre);
     // The embedded database goes by the values, not by the declared types.
     for (const ColumnaTds& uno : declarados->second)
         procedimiento->Parameters.Append(
             uno.nombre, DataType::adCurrency,
             uno.sale ? ParameterDirection::adParamOutput : ParameterDirection::adParamInput, 0,
             LeerParametro(lectura, uno));
-    if (lectura.Quedan() != 0) Quejarse(nombre + ": sobran parámetros");
+    if (lectura.Quedan() != 0) throw std::runtime_error(nombre + ": sobran parámetros");
     procedimiento->Execute(CommandType::adCmdStoredProc);
     MensajeTds mensaje;
     mensaje.Numero(ReturnStatus, 1).Numero(0, 4);
@@ -231,7 +230,7 @@ MensajeTds ServidorTds::CambiarTransaccion(LecturaTds& lectura) {
         else if (peticion == kDeshacer)
             base_->RollbackTrans();
         else
-            Quejarse("petición de transacción " + std::to_string(peticion));
+            throw std::runtime_error("petición de transacción " + std::to_string(peticion));
         mensaje.Parte(EnvChange, MensajeTds().Numero(peticion + 2, 1).Octetos(nada + numero));
         // The driver may ask for the next transaction in the same message.
         lectura.Texto(lectura.Numero(1));
