@@ -51,26 +51,11 @@ LecturaOdbc LecturaDe(SQLSMALLINT tipo, const std::string& columna) {
     }
 }
 
-// A result with more rows than these is read through bound columns.
+// A result with more rows than these is read through bound columns, and one of the same columns as the last from its
+// second row on; it leaves them bound for the next.
 constexpr std::size_t kFilasSueltas = 2;
 // Wider text is asked for piece by piece.
 constexpr std::size_t kMaximoEnlazado = 255;
-
-// Takes the bindings away when its scope ends: what they fill does not outlive the reading.
-class SueltaColumnas {
-  public:
-    explicit SueltaColumnas(const Asidero& sentencia) : sentencia_(sentencia) {}
-    ~SueltaColumnas() {
-        if (enlazadas) SQLFreeStmt(sentencia_.Get(), SQL_UNBIND);
-    }
-    SueltaColumnas(const SueltaColumnas&) = delete;
-    SueltaColumnas& operator=(const SueltaColumnas&) = delete;
-
-    bool enlazadas = false;
-
-  private:
-    const Asidero& sentencia_;
-};
 
 }  // namespace
 
@@ -93,32 +78,40 @@ bool LectorResultado::Leer(const Asidero& sentencia, std::string_view texto, Res
     }
     resultado.columnas = Columnas(columnas);
     if (columnas == 0) return false;
-    LeerFilas(resultado);
+    const bool repetidas = resultado.columnas == leidas_;
+    if (!repetidas) Desenlazar();
+    leidas_ = resultado.columnas;
+    LeerFilas(resultado, repetidas ? 1 : kFilasSueltas);
     return true;
 }
 
-void LectorResultado::LeerFilas(Resultado& resultado) {
-    enlazadas_.clear();
-    SueltaColumnas suelta(*sentencia_);
+void LectorResultado::LeerFilas(Resultado& resultado, std::size_t sueltas) {
     for (;;) {
         const SQLRETURN fila = SQLFetch(sentencia_->Get());
         if (fila == SQL_NO_DATA) return;
         Comprobar(fila);
         LeerFila(resultado);
-        if (resultado.filas != kFilasSueltas) continue;
-        suelta.enlazadas = true;
-        Enlazar(*resultado.columnas);
+        if (resultado.filas == sueltas && enlazadas_.empty()) Enlazar(resultado.columnas);
     }
 }
 
-void LectorResultado::Enlazar(const ColumnasOdbc& columnas) {
-    const bool estrechas = std::all_of(columnas.begin(), columnas.end(), [](const ColumnaOdbc& c) {
+void LectorResultado::Enlazar(const std::shared_ptr<const ColumnasOdbc>& columnas) {
+    const bool estrechas = std::all_of(columnas->begin(), columnas->end(), [](const ColumnaOdbc& c) {
         return c.lectura != LecturaOdbc::Texto || (c.ancho > 0 && c.ancho <= kMaximoEnlazado);
     });
     if (!estrechas) return;
-    enlazadas_.resize(columnas.size());
-    for (std::size_t i = 0; i < columnas.size(); ++i)
-        Comprobar(enlazadas_[i].Enlazar(*sentencia_, static_cast<SQLUSMALLINT>(i + 1), columnas[i]));
+    // Bound to none until all of them are: a failure halfway is undone by the next reading.
+    leidas_.reset();
+    enlazadas_.resize(columnas->size());
+    for (std::size_t i = 0; i < columnas->size(); ++i)
+        Comprobar(enlazadas_[i].Enlazar(*sentencia_, static_cast<SQLUSMALLINT>(i + 1), (*columnas)[i]));
+    leidas_ = columnas;
+}
+
+void LectorResultado::Desenlazar() {
+    if (enlazadas_.empty()) return;
+    SQLFreeStmt(sentencia_->Get(), SQL_UNBIND);
+    enlazadas_.clear();
 }
 
 std::shared_ptr<const ColumnasOdbc> LectorResultado::Columnas(SQLSMALLINT cuantas) {

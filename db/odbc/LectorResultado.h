@@ -23,7 +23,7 @@ struct Resultado {
     std::size_t filas = 0;
 };
 
-/// Reads the results of statements, with one room for the values of all of them.
+/// Reads the results of the statements of one handle, with one room for the values of all of them.
 class LectorResultado {
   public:
     /// Reads the first result of an executed statement that has columns, to its last row; without one the result has
@@ -36,8 +36,10 @@ class LectorResultado {
   private:
     std::shared_ptr<const ColumnasOdbc> Columnas(SQLSMALLINT cuantas);
     ColumnaOdbc Describir(SQLUSMALLINT posicion);
-    void LeerFilas(Resultado& resultado);
-    void Enlazar(const ColumnasOdbc& columnas);
+    /// The first `sueltas` rows column by column, unless the columns are bound already.
+    void LeerFilas(Resultado& resultado, std::size_t sueltas);
+    void Enlazar(const std::shared_ptr<const ColumnasOdbc>& columnas);
+    void Desenlazar();
     void LeerFila(Resultado& resultado);
     void LeerValor(std::size_t indice, const ColumnaOdbc& columna, Valor& valor);
     void LeerTexto(SQLUSMALLINT posicion, Valor& valor);
@@ -47,7 +49,8 @@ class LectorResultado {
     std::string_view texto_;
     FormasConocidas formas_;
     CeldaOdbc celda_;
-    // One for each column while a long result is read.
+    // The columns of the last result and, when they are bound, a cell for each.
+    std::shared_ptr<const ColumnasOdbc> leidas_;
     std::vector<CeldaOdbc> enlazadas_;
     TextoAncho hueco_ = TextoAncho(2048);
 };

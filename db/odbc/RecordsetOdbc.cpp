@@ -24,9 +24,11 @@ const Resultado& RecordsetOdbc::Abierto() const {
 }
 
 const Resultado& RecordsetOdbc::ConFila() const {
-    const Resultado& resultado = Abierto();
-    if (fila_ >= resultado.filas) LanzarError(kErrSinRegistro);
-    return resultado;
+    if (!abierto_ || fila_ >= resultado_.filas) {
+        Abierto();
+        LanzarError(kErrSinRegistro);
+    }
+    return resultado_;
 }
 
 bool RecordsetOdbc::Eof() {

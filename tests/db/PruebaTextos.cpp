@@ -30,6 +30,18 @@ TEST(ValoresSql, ConComaRegional_SoloElCurrencyPorOmisionLaLleva) {
     EXPECT_EQ(Currency::DeDouble(2.35), Biblioteca().Redondear(Currency::DeDouble(2.345), 2));
 }
 
+TEST(Identicos, VeCadaLetra) {
+    for (std::size_t largo = 0; largo <= 70; ++largo) {
+        const std::string texto(largo, 'a');
+        EXPECT_TRUE(Identicos(texto, std::string(texto))) << largo;
+        for (std::size_t pos = 0; pos < largo; ++pos) {
+            std::string otro = texto;
+            otro[pos] = 'b';
+            EXPECT_FALSE(Identicos(texto, otro)) << largo << " " << pos;
+        }
+    }
+}
+
 TEST(MismoNombre, SoloIgualaLetras) {
     EXPECT_TRUE(MismoNombre("Cod_Empresa", "COD_empresa"));
     EXPECT_FALSE(MismoNombre("A@", "a`"));
