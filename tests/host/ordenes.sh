@@ -93,6 +93,8 @@ caso 0 'Descuento de la línea %     6' cargar "${b[@]}" --articulo 112 --client
 caso 2 'el nivel va de 1 a 4' dto-familia poner "${b[@]}" --cliente 5 --clave 1-5-1-1-1 --descuento 1
 caso 2 'va de 0 a 100' dto-familia poner "${b[@]}" --cliente 5 --clave 0-1-1-0-0 --descuento 101
 caso 1 'cambios de tarifa sin uso' revisar "${b[@]}"
+caso 1 '"clave": "Cod_Cliente 4, Cod_Articulo 105, Cod_ArticuloB 121",
+      "porque": "no dan precio alguno"' revisar "${b[@]}" --json
 caso 0 'Coste medio  0.79' stock mover "${b[@]}" --articulo 106 --tipo compra --unidades 100 --coste 0,95 --fichas
 caso 0 'Existencias  470' stock mover "${b[@]}" --articulo 106 --tipo venta --unidades 30
 caso 0 'Existencias  475' stock mover "${b[@]}" --articulo 106 --tipo devolucion --unidades 5

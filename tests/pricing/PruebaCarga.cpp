@@ -1,9 +1,5 @@
-#include <gtest/gtest.h>
-
 #include "component/clsDatosArt.h"
-#include "tests/comun/ConexionGuion.h"
-#include "tests/comun/EmpresaFija.h"
-#include "tests/comun/Errores.h"
+#include "tests/comun/ConGuion.h"
 
 namespace kv::prueba {
 namespace {
@@ -68,15 +64,9 @@ Valor Contenido(std::size_t columna, std::size_t cierta) {
         kMaestro[columna].propiedad);
 }
 
-// The statements under company codes that all differ, so that a wrong one is seen.
-class Carga : public testing::Test {
+class Carga : public ConGuion<clsDatosArt> {
   protected:
-    Carga() {
-        articulo.Conexion(guion);
-        articulo.cEmpresa(empresa);
-    }
-
-    std::int16_t Cargar() { return articulo.Cargar(1042, 77, kHoy, 9, 6, 2, Currency::DeEntero(2)); }
+    std::int16_t Cargar() { return objeto.Cargar(1042, 77, kHoy, 9, 6, 2, Currency::DeEntero(2)); }
 
     ConexionGuion::Paso& Maestro(std::size_t cierta) {
         std::vector<std::string> columnas = {"PadreVenta"};
@@ -121,16 +111,11 @@ class Carga : public testing::Test {
             " Cad_Nivel_8, Cad_Nivel_9, Cad_Nivel_10  FROM Clientes WHERE Cod_Empresa=1 AND Codigo=77",
             columnas, std::move(niveles));
     }
-
-    BibliotecaDePrueba biblioteca{kHoy, ','};
-    std::shared_ptr<ConexionGuion> guion = std::make_shared<ConexionGuion>();
-    std::shared_ptr<EmpresaFija> empresa = std::make_shared<EmpresaFija>();
-    clsDatosArt articulo;
 };
 
 TEST_F(Carga, Entera_SentenciasEnOrden) {
-    articulo.Convenio = "antes";
-    articulo.BloqueadoVenta = true;
+    objeto.Convenio = "antes";
+    objeto.BloqueadoVenta = true;
     HastaCadena({});
     guion->EsperaConsulta(
         "SELECT a.PUC, a.Pvp, b.PU_Compra AS PUC_Base, ISNULL(c.Pvp, 0) AS Pvp_Base FROM Clientes_Convenio_Pvp a"
@@ -142,22 +127,22 @@ TEST_F(Carga, Entera_SentenciasEnOrden) {
         guion->YFalla(2812, "no existe");
     }
     EXPECT_EQ(3, Cargar());
-    EXPECT_EQ(20, articulo.Pvp);
-    EXPECT_EQ(20, articulo.PvpOriginal);
-    EXPECT_EQ(Currency::DeDouble(19.995), articulo.PvpBase);
-    EXPECT_EQ(9, articulo.TarifaPVP);
-    EXPECT_EQ("", articulo.Convenio);
-    EXPECT_EQ(3.25, articulo.PCosto);
-    EXPECT_EQ(Currency::DeDouble(7.5), articulo.Stock);
-    EXPECT_EQ(Currency::DeEntero(1), articulo.PendienteServir);
-    EXPECT_EQ(Currency::DeEntero(2), articulo.PendienteRecibir);
-    EXPECT_TRUE(articulo.Bloqueado);
-    EXPECT_FALSE(articulo.BloqueadoVenta);
+    EXPECT_EQ(20, objeto.Pvp);
+    EXPECT_EQ(20, objeto.PvpOriginal);
+    EXPECT_EQ(Currency::DeDouble(19.995), objeto.PvpBase);
+    EXPECT_EQ(9, objeto.TarifaPVP);
+    EXPECT_EQ("", objeto.Convenio);
+    EXPECT_EQ(3.25, objeto.PCosto);
+    EXPECT_EQ(Currency::DeDouble(7.5), objeto.Stock);
+    EXPECT_EQ(Currency::DeEntero(1), objeto.PendienteServir);
+    EXPECT_EQ(Currency::DeEntero(2), objeto.PendienteRecibir);
+    EXPECT_TRUE(objeto.Bloqueado);
+    EXPECT_FALSE(objeto.BloqueadoVenta);
 }
 
 TEST_F(Carga, DeUnaVariante_CadaColumnaEnSuPropiedad) {
-    articulo.CualidadX = 38;
-    articulo.CualidadY = 4;
+    objeto.CualidadX = 38;
+    objeto.CualidadY = 4;
     for (std::size_t cierta = 0; cierta < kMaestro.size(); ++cierta) {
         Maestro(cierta);
         Almacen();
@@ -166,9 +151,9 @@ TEST_F(Carga, DeUnaVariante_CadaColumnaEnSuPropiedad) {
             " WHERE Cod_Empresa =1 AND Cod_Almacen =6 AND Cod_Articulo =1042 AND CualidadX =38 AND CualidadY =4");
         guion->YFalla(1205, "bloqueo");
         EsperarError(1205, "Proveedor", [&] { Cargar(); });
-        EXPECT_EQ(1042, articulo.Codigo);
+        EXPECT_EQ(1042, objeto.Codigo);
         for (std::size_t i = 0; i < kMaestro.size(); ++i)
-            std::visit([&](auto d) { EXPECT_EQ(Contenido(i, cierta), Valor(articulo.*d)) << kMaestro[i].columna; },
+            std::visit([&](auto d) { EXPECT_EQ(Contenido(i, cierta), Valor(objeto.*d)) << kMaestro[i].columna; },
                        kMaestro[i].propiedad);
     }
 }
@@ -185,23 +170,23 @@ TEST_F(Carga, DiezNiveles_CadaUnoEnSuSitio) {
         " ORDER BY a.FechaEntrada DESC");
     guion->YFalla(1205, "bloqueo");
     EsperarError(1205, "clsClientes_Cadenas_ConvArt::Dev_PBase", [&] { Cargar(); });
-    EXPECT_EQ(19.995, articulo.Pvp);
-    EXPECT_EQ(Currency(), articulo.PvpBase);
+    EXPECT_EQ(19.995, objeto.Pvp);
+    EXPECT_EQ(Currency(), objeto.PvpBase);
 }
 
 TEST_F(Carga, NuloAMitad_DejaLoAnteriorYLosPreciosACero) {
-    articulo.Pvp = articulo.PvpOriginal = articulo.TarifaPVP = 9;
-    articulo.Convenio = "antes";
-    articulo.Peso = Currency::DeEntero(1);
+    objeto.Pvp = objeto.PvpOriginal = objeto.TarifaPVP = 9;
+    objeto.Convenio = "antes";
+    objeto.Peso = Currency::DeEntero(1);
     Maestro(0).filas[0][1 + kRaee] = Nulo{};
     EsperarError(kErrNulo, "KVDatosArt", [&] { Cargar(); });
-    EXPECT_EQ(1042, articulo.Codigo);
-    EXPECT_EQ(13, articulo.Cod_Envase);
-    EXPECT_EQ(0, articulo.Pvp);
-    EXPECT_EQ(0, articulo.PvpOriginal);
-    EXPECT_EQ(0, articulo.TarifaPVP);
-    EXPECT_EQ("antes", articulo.Convenio);
-    EXPECT_EQ(Currency::DeEntero(1), articulo.Peso);
+    EXPECT_EQ(1042, objeto.Codigo);
+    EXPECT_EQ(13, objeto.Cod_Envase);
+    EXPECT_EQ(0, objeto.Pvp);
+    EXPECT_EQ(0, objeto.PvpOriginal);
+    EXPECT_EQ(0, objeto.TarifaPVP);
+    EXPECT_EQ("antes", objeto.Convenio);
+    EXPECT_EQ(Currency::DeEntero(1), objeto.Peso);
 }
 
 TEST_F(Carga, PrecioDeTarifa) {
@@ -250,15 +235,15 @@ TEST_F(Carga, PrecioDeTarifa) {
             guion->EsperaConsulta("SELECT TarifasxFechas FROM Empresas WHERE Codigo=1", {"TarifasxFechas"},
                                   *caso.interruptor);
         if (!caso.sentencia.empty()) guion->EsperaConsulta(caso.sentencia, {"Pvp"}, caso.precio);
-        articulo.Codigo = 1042;
-        articulo.CualidadX = caso.x;
-        articulo.TarifaPVP = 77;
-        const auto precio = [&] { return articulo.DevPvp(caso.tarifa, caso.dia, caso.forzar); };
+        objeto.Codigo = 1042;
+        objeto.CualidadX = caso.x;
+        objeto.TarifaPVP = 77;
+        const auto precio = [&] { return objeto.DevPvp(caso.tarifa, caso.dia, caso.forzar); };
         if (caso.error != 0)
             EsperarError(caso.error, "KVDatosArt", precio);
         else
             EXPECT_EQ(kPrecio, Valor(precio()));
-        EXPECT_EQ(caso.error != 0 ? 77 : 3, articulo.TarifaPVP);
+        EXPECT_EQ(caso.error != 0 ? 77 : 3, objeto.TarifaPVP);
         guion->Terminar();
     }
 }

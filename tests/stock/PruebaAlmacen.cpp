@@ -1,19 +1,14 @@
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <functional>
 
 #include "stock/clsAlmacen_Articulo.h"
-#include "tests/comun/ConexionGuion.h"
-#include "tests/comun/EmpresaFija.h"
-#include "tests/comun/Errores.h"
+#include "tests/comun/ConGuion.h"
 
 namespace kv::prueba {
 namespace {
 
 using Filas = std::vector<ConexionGuion::Fila>;
 
-const Fecha kDia = Fecha::DeAmd(2026, 3, 5);
 const std::string kClave = " WHERE Cod_Empresa =1 AND Cod_Almacen =6 AND Cod_Articulo =1042";
 const std::string kClaveMixta = " WHERE Cod_Empresa =1 And Cod_Almacen =6 And Cod_Articulo =1042";
 const std::string kVariante = " AND CualidadX =38 AND CualidadY =2";
@@ -41,15 +36,13 @@ struct Apunte {
     const char* compraC = nullptr;  // what a purchase sets in the variant's row
 };
 
-class Almacen : public testing::Test {
+class Almacen : public ConGuion<clsAlmacen_Articulo> {
   protected:
     Almacen() {
         empresa->decCostes = 3;
-        almacen.Conexion(guion);
-        almacen.cEmpresa(empresa);
-        almacen.Almacen = 6;
-        almacen.Articulo = 1042;
-        almacen.Desglosa_Pack = true;
+        objeto.Almacen = 6;
+        objeto.Articulo = 1042;
+        objeto.Desglosa_Pack = true;
     }
     void Leer(bool variante, int tipo, Filas filas) {
         if (!variante)
@@ -92,9 +85,9 @@ class Almacen : public testing::Test {
         const auto op = static_cast<std::int16_t>(a.op);
         puc = medio = stock = -1;
         if (variante)
-            almacen.Act_Stock_Cualidades(6, 1042, 38, 2, a.unidades, 0.5, a.neto, op, kDia, puc, medio, stock, fichas);
+            objeto.Act_Stock_Cualidades(6, 1042, 38, 2, a.unidades, 0.5, a.neto, op, dia, puc, medio, stock, fichas);
         else
-            almacen.Act_Stock(6, 1042, a.unidades, 0.5, a.neto, op, kDia, puc, medio, stock, fichas);
+            objeto.Act_Stock(6, 1042, a.unidades, 0.5, a.neto, op, dia, puc, medio, stock, fichas);
     }
     // Each write fails in its turn and nothing more is written; then none fails.
     void Probar(const Apunte& a, bool variante, bool fichas) {
@@ -113,12 +106,9 @@ class Almacen : public testing::Test {
             guion->Terminar();
         }
         EXPECT_EQ(a.antes.empty() ? puc : a.antes[2], puc);
+        EXPECT_EQ(a.tipo > 0 ? stock : (a.antes.empty() ? 0 : a.antes[0]) + std::stod(a.cambios), stock);
     }
 
-    BibliotecaDePrueba biblioteca{kDia, ','};
-    std::shared_ptr<ConexionGuion> guion = std::make_shared<ConexionGuion>();
-    std::shared_ptr<EmpresaFija> empresa = std::make_shared<EmpresaFija>();
-    clsAlmacen_Articulo almacen;
     double puc = 0, medio = 0, stock = 0;
 };
 
@@ -206,35 +196,35 @@ TEST_F(Almacen, Cantidades_ActualizaOInserta) {
     const std::string dondeC =
         " WHERE Cod_Empresa = 1 AND Cod_Articulo = 1042 AND CualidadX=38 AND CualidadY=2 AND Cod_Almacen = 6";
     const auto bloquear = [&](bool bloqueado) {
-        almacen.Bloqueado = bloqueado;
-        almacen.Act_Bloqueo();
+        objeto.Bloqueado = bloqueado;
+        objeto.Act_Bloqueo();
     };
     const Caso kCasos[] = {
         {" " + poner + "Pend_Recibir = Pend_Recibir + -2.5" + donde,
-         kInsertar + "Pend_Recibir) VALUES (1, 6, 1042, -2.5)", [&] { almacen.Act_PendRecibir(menos); }},
+         kInsertar + "Pend_Recibir) VALUES (1, 6, 1042, -2.5)", [&] { objeto.Act_PendRecibir(menos); }},
         {" " + poner + "Pend_Servir = Pend_Servir + -2.5" + donde, kInsertar + "Pend_Servir) VALUES (1, 6, 1042, -2.5)",
-         [&] { almacen.Act_PendServir(menos); }},
+         [&] { objeto.Act_PendServir(menos); }},
         {" UPDATE Almacen_Articulos_C SET Pend_Recibir = Pend_Recibir + -2.5" + dondeC,
          kInsertarC + "Pend_Recibir) VALUES (1, 6, 1042, 38, 2, -2.5)",
-         [&] { almacen.Act_PendRecibir_Cualidades(38, 2, menos); }},
+         [&] { objeto.Act_PendRecibir_Cualidades(38, 2, menos); }},
         {" UPDATE Almacen_Articulos_C SET Pend_Servir = Pend_Servir + -2.5" + dondeC,
          kInsertarC + "Pend_Servir) VALUES (1, 6, 1042, 38, 2, -2.5)",
-         [&] { almacen.Act_PendServir_Cualidades(38, 2, menos); }},
+         [&] { objeto.Act_PendServir_Cualidades(38, 2, menos); }},
         {" " + poner + "Stock_MiniCompra = Stock_MiniCompra + -2.5" + donde,
-         kInsertar + "Stock_MiniCompra) VALUES (1, 6, 1042, -2.5)", [&] { almacen.Act_StockMiniCompras(menos); }},
+         kInsertar + "Stock_MiniCompra) VALUES (1, 6, 1042, -2.5)", [&] { objeto.Act_StockMiniCompras(menos); }},
         {"UPDATE Almacen_Articulos_Ubic SET Stock_Actual=Stock_Actual+-2.5 WHERE Cod_Empresa=1 AND Cod_Almacen=7"
          " AND Cod_Articulo=9 AND Ubic1='A' AND Ubic2='B' AND Ubic3='C' AND Ubic4='' AND Ubic5='E'",
          "INSERT INTO Almacen_Articulos_Ubic  (Cod_Empresa, Cod_Almacen, Cod_Articulo, Ubic1, Ubic2, Ubic3, Ubic4,"
          " Ubic5, Stock_Actual) VALUES (1, 7, 9, 'A', 'B', 'C', '', 'E', -2.5)",
-         [&] { almacen.Act_Stock_Ubicaciones(7, 9, "A", "B", "C", "", "E", menos); }},
+         [&] { objeto.Act_Stock_Ubicaciones(7, 9, "A", "B", "C", "", "E", menos); }},
         {poner + "PU_Compra =-2.5, P_Medio =-2.5" + donde,
-         kInsertar + "PU_Compra, P_Medio) VALUES (1, 6, 1042, -2.5, -2.5)", [&] { almacen.Act_Costo(menos); }},
+         kInsertar + "PU_Compra, P_Medio) VALUES (1, 6, 1042, -2.5, -2.5)", [&] { objeto.Act_Costo(menos); }},
         {poner + "Bloqueo =1, F_Dormido ='05/03/2026'" + donde,
          kInsertar + "Bloqueo, F_Dormido) VALUES (1, 6, 1042, 1, '05/03/2026')", [&] { bloquear(true); }, true},
         {poner + "Bloqueo =0, F_Dormido ='01/01/1900'" + donde,
          kInsertar + "Bloqueo, F_Dormido) VALUES (1, 6, 1042, 0, '01/01/1900')", [&] { bloquear(false); }, true},
         {poner + "Desglosa_Pack =1" + donde, kInsertar + "Desglosa_Pack) VALUES (1, 6, 1042, 1)",
-         [&] { almacen.Act_Desglosa_Pack(); }, true},
+         [&] { objeto.Act_Desglosa_Pack(); }, true},
     };
     for (const Caso& caso : kCasos)
         for (const int afectados : {1, 0}) {
@@ -246,8 +236,8 @@ TEST_F(Almacen, Cantidades_ActualizaOInserta) {
             caso.accion();
             guion->Terminar();
         }
-    almacen.Act_PendRecibir_Cualidades(0, 2, menos);
-    almacen.Act_PendServir_Cualidades(38, 0, menos);
+    objeto.Act_PendRecibir_Cualidades(0, 2, menos);
+    objeto.Act_PendServir_Cualidades(38, 0, menos);
 }
 
 TEST_F(Almacen, Act_Costo_DF_MediaYMaestro) {
@@ -258,7 +248,7 @@ TEST_F(Almacen, Act_Costo_DF_MediaYMaestro) {
                                   {"Stock_Actual", "DF_P_Medio"}, std::move(filas));
         guion->EsperaEjecucion("UPDATE Almacen_Articulos SET" + media + " DF_PU_Compra =2" + kClaveMixta);
         guion->EsperaEjecucion("UPDATE Articulos SET DF_PU_Compra =2 WHERE Cod_Empresa =2 And Codigo =1042");
-        almacen.Act_Costo_DF(6, 1042, Currency::DeDouble(cantidad), 2);
+        objeto.Act_Costo_DF(6, 1042, Currency::DeDouble(cantidad), 2);
         guion->Terminar();
     };
     comprar(10, {{10.0, 1.0}}, " DF_P_Medio =1.5,");
@@ -276,27 +266,27 @@ TEST_F(Almacen, Dev_Costo_PorEleccionYVariante) {
                               {"Costo"}, std::move(filas));
     };
     lee("P_Medio", false, {});
-    EXPECT_EQ(Currency(), almacen.Dev_Costo(6, 1042, 38, 0));
+    EXPECT_EQ(Currency(), objeto.Dev_Costo(6, 1042, 38, 0));
     lee("P_Medio", false, {{1.25}});
     lee("P_Medio", true, {{0.0}});
-    EXPECT_EQ(Currency::DeDouble(1.25), almacen.Dev_Costo(6, 1042, 38, 2));
+    EXPECT_EQ(Currency::DeDouble(1.25), objeto.Dev_Costo(6, 1042, 38, 2));
     lee("DF_P_Medio", false, {{1.25}});
     lee("DF_P_Medio", true, {{2.5}});
-    EXPECT_EQ(Currency::DeDouble(2.5), almacen.Dev_CostoDF(6, 1042, 38, 2));
+    EXPECT_EQ(Currency::DeDouble(2.5), objeto.Dev_CostoDF(6, 1042, 38, 2));
     empresa->costeUltimaCompra = true;
     lee("PU_Compra", false, {{3.0}});
-    EXPECT_EQ(Currency::DeEntero(3), almacen.Dev_Costo(6, 1042, 0, 2));
+    EXPECT_EQ(Currency::DeEntero(3), objeto.Dev_Costo(6, 1042, 0, 2));
     lee("DF_PU_Compra", false, {{4.0}});
-    EXPECT_EQ(Currency::DeEntero(4), almacen.Dev_CostoDF(6, 1042, 0, 0));
+    EXPECT_EQ(Currency::DeEntero(4), objeto.Dev_CostoDF(6, 1042, 0, 0));
 }
 
 TEST_F(Almacen, Cargar_SoloElStock) {
     guion->EsperaConsulta("SELECT * FROM Almacen_Articulos" + kClave, {"Stock_Actual", "P_Medio"}, {{7.5, 3.0}});
-    almacen.Cargar();
+    objeto.Cargar();
     guion->EsperaConsulta("SELECT * FROM Almacen_Articulos" + kClave);
-    almacen.Cargar();
-    EXPECT_EQ(7.5, almacen.Stock_Actual);
-    EXPECT_EQ(0, almacen.P_Medio);
+    objeto.Cargar();
+    EXPECT_EQ(7.5, objeto.Stock_Actual);
+    EXPECT_EQ(0, objeto.P_Medio);
 }
 
 }  // namespace
