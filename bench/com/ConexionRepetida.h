@@ -1,6 +1,5 @@
 #pragma once
 
-#include <deque>
 #include <memory>
 #include <stdexcept>
 
@@ -13,7 +12,8 @@ namespace kv::prueba {
 /// Replays a recording to the component from memory, without COM: any other text or order raises.
 class ConexionRepetida : public Connection {
   public:
-    std::deque<Paso> pasos;
+    explicit ConexionRepetida(Pasos grabados) : pasos(std::move(grabados)) {}
+    Pasos pasos;
 
     void Execute(std::string_view, std::int32_t*, CommandType) override { Ajeno("Execute"); }
     void BeginTrans() override { Ajeno("BeginTrans"); }
@@ -26,50 +26,51 @@ class ConexionRepetida : public Connection {
     [[noreturn]] static void Ajeno(std::string_view que) {
         throw std::runtime_error("no grabado: " + std::string(que));
     }
-    Paso Tomar(char clase, std::string_view texto) {
-        if (pasos.empty() || pasos.front().clase != clase || pasos.front().texto != texto) Ajeno(texto);
-        Paso paso = std::move(pasos.front());
-        pasos.pop_front();
-        return paso;
+    ConexionGuion::Paso Tomar(std::string_view operacion, std::string_view texto) {
+        if (siguiente_ == pasos.size() || pasos[siguiente_].operacion != operacion || pasos[siguiente_].texto != texto)
+            Ajeno(texto);
+        return std::move(pasos[siguiente_++]);
     }
 
     class Filas : public Recordset {
       public:
         explicit Filas(ConexionRepetida& c) : c_(c) {}
         void Open(std::string_view source, Connection&, CursorType, LockType, CommandType) override {
-            paso_ = c_.Tomar('O', source);
+            paso_ = c_.Tomar("Open", source);
         }
-        bool Eof() override { return paso_.fila.empty(); }
+        bool Eof() override { return paso_.filas.empty(); }
         void MoveNext() override { Ajeno("MoveNext"); }
         void Close() override {}
         ObjectState State() const override { return ObjectState::adStateOpen; }
-        std::int32_t NumeroCampos() override { return static_cast<std::int32_t>(paso_.fila.size()); }
-        std::string_view NombreCampo(std::int32_t i) override { return paso_.fila[static_cast<std::size_t>(i)].first; }
+        std::int32_t NumeroCampos() override { return static_cast<std::int32_t>(paso_.columnas.size()); }
+        std::string_view NombreCampo(std::int32_t i) override { return paso_.columnas[static_cast<std::size_t>(i)]; }
 
       protected:
         const Valor& LeerCampo(std::string_view nombre) override {
-            for (const auto& [columna, valor] : paso_.fila)
-                if (MismoNombre(columna, nombre)) return valor;
+            for (std::size_t i = 0; i < paso_.columnas.size(); ++i)
+                if (MismoNombre(paso_.columnas[i], nombre)) return paso_.filas.front()[i];
             Ajeno(nombre);
         }
 
       private:
         ConexionRepetida& c_;
-        Paso paso_;
+        ConexionGuion::Paso paso_;
     };
 
     class Orden : public Command {
       public:
         explicit Orden(ConexionRepetida& c) : c_(c) {}
         void Execute(kv::CommandType) override {
-            const Paso paso = c_.Tomar('P', CommandText);
+            const ConexionGuion::Paso paso = c_.Tomar("Command", CommandText);
             std::size_t i = 0;
-            for (Parameter& p : Parameters) p.Value = paso.salidas.at(i++);
+            for (Parameter& p : Parameters) p.Value = paso.salidas.at(i++).Value;
         }
 
       private:
         ConexionRepetida& c_;
     };
+
+    std::size_t siguiente_ = 0;
 };
 
 }  // namespace kv::prueba

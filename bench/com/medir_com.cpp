@@ -4,13 +4,15 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <deque>
+#include <iostream>
 
 #include "bench/com/ConexionRepetida.h"
 #include "component/clsDatosArt.h"
 #include "db/ado/ConexionAdo.h"
 #include "db/ado/EmpresaDispatch.h"
-#include "tests/com/ComandoFalso.h"
-#include "tests/com/Comprobaciones.h"
+#include "tests/com/EmpresaFalsa.h"
+#include "tests/com/Llamada.h"
 #include "tests/comun/EmpresaFija.h"
 
 namespace kv::prueba {
@@ -22,6 +24,12 @@ struct Escenario {
     std::vector<Caso> casos;
     PunteroCom<EmpresaFalsa> empresa;
     PunteroCom<ConexionFalsa> conexion;
+    /// What the connection answers next.
+    void Poner(const Pasos& pasos) const {
+        repetida = std::make_unique<ConexionRepetida>(pasos);
+        conexion->real = repetida.get();
+    }
+    mutable std::unique_ptr<ConexionRepetida> repetida = std::make_unique<ConexionRepetida>(Pasos());
 };
 
 struct Argumentos {
@@ -48,6 +56,10 @@ double Cronometrar(Funcion&& funcion) {
     return std::chrono::duration<double, std::micro>(Reloj::now() - antes).count();
 }
 
+void Exigir(int estado, const Caso& c) {
+    if (estado != c.estado) throw std::runtime_error("una carga no da el estado grabado");
+}
+
 /// The component inside this program, over a connection and a company of any kind. Microseconds of one load.
 double CargaNativa(const Caso& c, std::shared_ptr<Connection> conexion, std::shared_ptr<kv::cEmpresa> empresa) {
     const Argumentos a(c);
@@ -60,7 +72,7 @@ double CargaNativa(const Caso& c, std::shared_ptr<Connection> conexion, std::sha
         estado = o.Cargar(a.articulo, a.cliente, Fecha::DeOle(a.dia), a.tarifa, 1, 2,
                           Currency::DeDiezmilesimas(a.unidades.int64));
     });
-    Exigir(estado == c.estado, "estado");
+    Exigir(estado, c);
     return tiempo;
 }
 
@@ -80,14 +92,12 @@ std::shared_ptr<EmpresaFija> EmpresaGrabada(std::map<std::string, Valor>& valore
 
 double Nativa(const Escenario& e, const Caso& c) {
     static const auto empresa = EmpresaGrabada(e.empresa->valores);
-    auto conexion = std::make_shared<ConexionRepetida>();
-    conexion->pasos = c.pasos;
-    return CargaNativa(c, conexion, empresa);
+    return CargaNativa(c, std::make_shared<ConexionRepetida>(c.pasos), empresa);
 }
 
 /// The component inside this program over the ADO-shaped objects: all but the DLL's own boundary.
 double ConAdaptador(const Escenario& e, const Caso& c) {
-    Global().pasos = c.pasos;
+    e.Poner(c.pasos);
     return CargaNativa(c, std::make_shared<ConexionAdo>(e.conexion.Get()),
                        std::make_shared<EmpresaDispatch>(e.empresa.Get()));
 }
@@ -97,7 +107,7 @@ PunteroCom<::_clsDatosArt> Preparado(const Escenario& e, const Caso& c, const Ar
     o->putref_Conexion(e.conexion.Get());
     o->putref_cEmpresa(e.empresa.Get());
     o->put_CualidadX(a.cualidadX);
-    Global().pasos = c.pasos;
+    e.Poner(c.pasos);
     return o;
 }
 
@@ -107,7 +117,7 @@ double PorRanura(const Escenario& e, const Caso& c) {
     short estado = -1;
     const double tiempo =
         Cronometrar([&] { o->Cargar(a.articulo, a.cliente, a.dia, a.tarifa, 1, 2, a.unidades, &estado); });
-    Exigir(estado == c.estado, "estado");
+    Exigir(estado, c);
     return tiempo;
 }
 
@@ -126,7 +136,7 @@ double PorNombreMedida(const Escenario& e, const Caso& c) {
     VARIANT resultado{};
     const double tiempo = Cronometrar(
         [&] { o->Invoke(33, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &pasados, &resultado, nullptr, nullptr); });
-    Exigir(resultado.iVal == c.estado, "estado");
+    Exigir(resultado.iVal, c);
     return tiempo;
 }
 
@@ -145,15 +155,15 @@ double SoloCreacion(const Escenario&, const Caso& c) {
 }
 
 /// One query asked of the ADO-shaped objects directly.
-void Consultar(const Paso& paso, VARIANT activa, VARIANT texto, std::deque<Variante>::iterator& nombre) {
+void Consultar(const ConexionGuion::Paso& paso, VARIANT activa, VARIANT texto, std::deque<Variante>::iterator& nombre) {
     PunteroCom<ado::Recordset> rs;
     PunteroCom<ado::Fields> campos;
     VARIANT_BOOL fin = VARIANT_FALSE;
     CrearRecordset(rs);
     rs->Open(texto, activa, 0, 1, 1);
     rs->get_EOF(&fin);
-    if (!paso.fila.empty()) rs->get_Fields(campos.Recibir());
-    for (std::size_t i = 0; i < paso.fila.size(); ++i) {
+    if (!paso.filas.empty()) rs->get_Fields(campos.Recibir());
+    for (std::size_t i = 0; i < paso.columnas.size(); ++i) {
         PunteroCom<ado::Field> campo;
         Variante valor;
         campos->get_Item((nombre++)->Get(), campo.Recibir());
@@ -165,21 +175,22 @@ void Consultar(const Paso& paso, VARIANT activa, VARIANT texto, std::deque<Varia
 /// The queries of a load asked with wide strings made beforehand: what the objects cost by themselves. Procedures, of
 /// which a load calls two at most, are left out.
 double ObjetosSolos(const Escenario& e, const Caso& c) {
-    std::deque<Paso> consultas;
+    Pasos consultas;
     std::deque<Variante> textos;
     std::deque<Variante> nombres;
-    for (const Paso& p : c.pasos) {
-        if (p.clase != 'O') continue;
+    for (const ConexionGuion::Paso& p : c.pasos) {
+        if (p.operacion != "Open") continue;
         consultas.push_back(p);
         textos.emplace_back(std::string_view(p.texto));
-        for (const auto& columna : p.fila) nombres.emplace_back(std::string_view(columna.first));
+        for (const auto& columna : p.columnas)
+            if (!p.filas.empty()) nombres.emplace_back(std::string_view(columna));
     }
-    Global().pasos = consultas;
+    e.Poner(consultas);
     Variante activa(static_cast<IDispatch*>(e.conexion.Get()));
     return Cronometrar([&] {
         auto nombre = nombres.begin();
         auto texto = textos.begin();
-        for (const Paso& p : consultas) Consultar(p, activa.Get(), (texto++)->Get(), nombre);
+        for (const ConexionGuion::Paso& p : consultas) Consultar(p, activa.Get(), (texto++)->Get(), nombre);
     });
 }
 
@@ -206,11 +217,10 @@ double Media(const Escenario& e, double (*carga)(const Escenario&, const Caso&))
 }
 
 void Medir(const Escenario& e, int vueltas) {
-    Global().llamadas = Global().textos = 0;
+    llamadas = 0;
     Media(e, PorRanura);
     const double n = static_cast<double>(e.casos.size());
-    const double llamadas = static_cast<double>(Global().llamadas) / n;
-    const double textos = static_cast<double>(Global().textos) / n;
+    const double porCarga = static_cast<double>(llamadas) / n;
     std::vector<double> medias[std::size(kFormas)];
     for (int vuelta = 0; vuelta < vueltas; ++vuelta)
         for (std::size_t f = 0; f < std::size(kFormas); ++f) medias[f].push_back(Media(e, kFormas[f].carga));
@@ -218,25 +228,20 @@ void Medir(const Escenario& e, int vueltas) {
     std::printf("Cargar, mediana de %d vueltas de %zu cargas\n", vueltas, e.casos.size());
     for (std::size_t f = 0; f < std::size(kFormas); ++f)
         std::printf("  %-36s %8.2f us %7.2f x\n", kFormas[f].nombre, Mediana(medias[f]), Mediana(medias[f]) / nativa);
-    std::printf("  por carga: %.1f llamadas a los objetos, %.1f textos anchos\n", llamadas, textos);
+    std::printf("  por carga: %.1f llamadas a los objetos\n", porCarga);
     std::fflush(stdout);
 }
 
 int Principal(const char* grabacion, int vueltas) {
-    PunteroCom<FabricaFalsa<RecordsetFalso>> rs;
-    PunteroCom<FabricaFalsa<ComandoFalso>> cmd;
-    *rs.Recibir() = new FabricaFalsa<RecordsetFalso>(ado::kRecordset[0]);
-    *cmd.Recibir() = new FabricaFalsa<ComandoFalso>(ado::kCommand[0]);
-    DWORD marca = 0;
-    CoRegisterClassObject(ado::kClaseRecordset, rs.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &marca);
-    CoRegisterClassObject(ado::kClaseCommand, cmd.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &marca);
+    const ClaseFalsa<RecordsetFalso> filas(ado::kClaseRecordset, ado::kRecordset[0]);
+    const ClaseFalsa<ComandoFalso> ordenes(ado::kClaseCommand, ado::kCommand[0]);
     Escenario e;
     *e.empresa.Recibir() = new EmpresaFalsa;
-    *e.conexion.Recibir() = new ConexionFalsa(ado::kConnection[0]);
+    *e.conexion.Recibir() = new ConexionFalsa(*e.repetida, ado::kConnection[0]);
     e.casos = LeerGrabacion(grabacion, e.empresa->valores);
     const auto retenida = Crear();  // keeps the DLL loaded
     Medir(e, vueltas);
-    return Resumen();
+    return 0;
 }
 
 }  // namespace

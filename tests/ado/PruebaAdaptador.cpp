@@ -3,19 +3,20 @@
 #include "db/Tokens.h"
 #include "db/ado/ConexionAdo.h"
 #include "db/ado/EmpresaDispatch.h"
-#include "tests/ado/ClaseFalsa.h"
+#include "tests/com/EmpresaFalsa.h"
+#include "tests/comun/ConexionGuion.h"
 #include "tests/comun/Errores.h"
 
 namespace kv::prueba {
 namespace {
 
-constexpr const char* kDelProveedor = "-2147217900|Proveedor de prueba|";
+constexpr HRESULT kDelProveedor = static_cast<HRESULT>(0x80040E14);
+constexpr const char* kBloqueo = "-2147217900|Proveedor de prueba|bloqueo";
 
-/// Fails in every call, saying which, but in Execute without saying anything.
-class ConexionMuda : public ConexionFalsa {
-  public:
-    ConexionMuda() : ConexionFalsa(ado::kConnection[1]) {}
-    HRESULT STDMETHODCALLTYPE Execute(BSTR, VARIANT*, long, ado::Recordset**) override { return E_FAIL; }
+/// Fails in Execute without saying anything.
+struct ConexionMuda : ConexionFalsa {
+    using ConexionFalsa::ConexionFalsa;
+    STDMETHODIMP Execute(BSTR, VARIANT*, long, ado::Recordset**) override { return E_FAIL; }
 };
 
 class AdaptadorAdo : public testing::Test {
@@ -29,14 +30,17 @@ class AdaptadorAdo : public testing::Test {
     }
 
     ClaseFalsa<ComandoFalso> clase{ado::kClaseCommand, ado::kCommand[1]};
-    PunteroCom<ConexionMuda> nativa = Nuevo<ConexionMuda>();
-    ConexionAdo cn{nativa.Get()};
+    ConexionGuion guion;
+    ConexionAdo cn{Nuevo<ConexionMuda>(guion).Get()};
 };
 
 TEST_F(AdaptadorAdo, Fallos_SonLosDelProveedorYNuncaUnoAnterior) {
-    EXPECT_EQ(std::string(kDelProveedor) + "BeginTrans", FalloDe([&] { cn.BeginTrans(); }));
-    EXPECT_EQ(std::string(kDelProveedor) + "CommitTrans", FalloDe([&] { cn.CommitTrans(); }));
-    EXPECT_EQ(std::string(kDelProveedor) + "RollbackTrans", FalloDe([&] { cn.RollbackTrans(); }));
+    guion.EsperaBeginTrans(), guion.YFalla(kDelProveedor, "bloqueo");
+    guion.EsperaCommitTrans(), guion.YFalla(kDelProveedor, "bloqueo");
+    guion.EsperaRollbackTrans(), guion.YFalla(kDelProveedor, "bloqueo");
+    EXPECT_EQ(kBloqueo, FalloDe([&] { cn.BeginTrans(); }));
+    EXPECT_EQ(kBloqueo, FalloDe([&] { cn.CommitTrans(); }));
+    EXPECT_EQ(kBloqueo, FalloDe([&] { cn.RollbackTrans(); }));
     Quejarse("un error anterior que nadie leyó");
     EXPECT_EQ("-2147467259|ADODB|Error 0x80004005", FalloDe([&] { cn.Ejecutar("DELETE FROM t"); }));
     EsperarError(kErrTipo, "", [] { const ConexionAdo no(Nuevo<EmpresaFalsa>().Get()); });
@@ -44,35 +48,34 @@ TEST_F(AdaptadorAdo, Fallos_SonLosDelProveedorYNuncaUnoAnterior) {
 
 TEST_F(AdaptadorAdo, Procedimiento_ParametrosYSalidas) {
     using enum ParameterDirection;
+    const std::vector<Parameter> parametros = {
+        {"Return", DataType::adInteger, adParamReturnValue, 0, Nulo{}},
+        {"@Activo", DataType::adBoolean, adParamInput, 0, true},
+        {"@Nombre", DataType::adVarChar, adParamInputOutput, 20, std::string("Peña")},
+        {"@Importe", DataType::adCurrency, adParamInputOutput, 0, Currency::DeEntero(2)},
+        {"@Dto", DataType::adDouble, adParamOutput, 0, Nulo{}}};
+    std::vector<Parameter> salidas = parametros;
+    const Valor valores[] = {std::int32_t{-1}, Nulo{}, std::string(), Currency::DeDiezmilesimas(15), 12.5};
+    for (std::size_t i = 0; i < salidas.size(); ++i) salidas[i].Value = valores[i];
+    guion.EsperaProcedimiento("KVP_Prueba", parametros, salidas);
+    guion.EsperaProcedimiento("KVP_Prueba", salidas, {}), guion.YFalla(kDelProveedor, "bloqueo");
     const auto orden = Orden("KVP_Prueba");
-    orden->Parameters.Append("Return", DataType::adInteger, adParamReturnValue, 0, Nulo{});
-    orden->Parameters.Append("@Activo", DataType::adBoolean, adParamInput, 0, true);
-    orden->Parameters.Append("@Importe", DataType::adCurrency, adParamInputOutput, 0, Currency::DeEntero(2));
-    orden->Parameters.Append("@Dto", DataType::adDouble, adParamOutput, 0, Nulo{});
-    const std::vector<Valor> salidas = {std::int32_t{-1}, Nulo{}, Currency::DeDiezmilesimas(15), 12.5};
-    Global().pasos = {
-        {'P',
-         "KVP_Prueba",
-         {},
-         {"Return\t3\t4\t0\t0:", "@Activo\t11\t1\t0\t1:1", "@Importe\t6\t3\t0\t8:20000", "@Dto\t5\t2\t0\t0:"},
-         salidas}};
+    for (const Parameter& parametro : parametros) orden->Parameters.Append(parametro);
     orden->Execute(CommandType::adOptionUnspecified);
     std::vector<Valor> quedan;
     for (const Parameter& parametro : orden->Parameters) quedan.push_back(parametro.Value);
-    EXPECT_EQ((std::vector<Valor>{salidas[0], true, salidas[2], salidas[3]}), quedan);
-    EXPECT_EQ(std::string(kDelProveedor) + "de más: |KVP_Prueba|",
-              FalloDe([&] { orden->Execute(CommandType::adOptionUnspecified); }));
+    EXPECT_EQ((std::vector<Valor>{valores[0], true, valores[2], valores[3], valores[4]}), quedan);
+    EXPECT_EQ(kBloqueo, FalloDe([&] { orden->Execute(CommandType::adOptionUnspecified); }));
 }
 
 TEST_F(AdaptadorAdo, TextoDeUnaOrden_EsUnNombreOUnaSentencia) {
     const auto pasa = [&](const char* texto) {
-        Global().pasos = {{'P', texto, {}, {}, {}}};
-        const bool bien = FalloDe([&] { Orden(texto)->Execute(CommandType::adOptionUnspecified); }).empty();
-        EXPECT_EQ(bien, Global().pasos.empty()) << texto;
-        return bien;
+        return FalloDe([&] { Orden(texto)->Execute(CommandType::adOptionUnspecified); }).empty();
     };
-    for (const char* nombre : {"KVP_Prueba", "dbo.KVP_Prueba", "[base nueva].dbo.[un nombre]"})
+    for (const char* nombre : {"KVP_Prueba", "dbo.KVP_Prueba", "[base nueva].dbo.[un nombre]"}) {
+        guion.EsperaProcedimiento(nombre, {}, {});
         EXPECT_TRUE(pasa(nombre)) << nombre;
+    }
     for (const char* otro :
          {"", "KVP_Prueba 1", "KVP_Prueba;DELETE FROM t", "KVP_Prueba(1)", "[base nueva]..[un nombre]"})
         EXPECT_FALSE(pasa(otro)) << otro;
@@ -125,6 +128,21 @@ TEST(EmpresaDispatch, DiceSusFallosYLosDelObjeto) {
     nativa->falta = "DecCostes";
     for (int vez = 1; vez <= 2; ++vez)
         EXPECT_EQ("438|KVDatosArt|cEmpresa no tiene DecCostes", FalloDe([&] { empresa.DecCostes(); }));
+}
+
+TEST(EmpresaDispatch, CadaMiembroSePidePorSuNombre) {
+    const auto falsa = Nuevo<EmpresaFalsa>();
+    const EmpresaDispatch e(falsa.Get());
+    const char* const nombres[] = {"CodEmpresa",    "CodEmpresaArticulos", "CodEmpresaClientes", "CodEmpresaExtra",
+                                   "TarifaEmpresa", "DecPrecios",          "DecImportes",        "DecCostes"};
+    for (std::int16_t i = 0; const char* nombre : nombres) falsa->valores[nombre] = i++;
+    falsa->valores["VenderSinStock"] = true;
+    falsa->valores["CosteUltimaCompra"] = false;
+    const std::int16_t leidos[] = {
+        e.CodEmpresa(),    e.CodEmpresaArticulos(), e.CodEmpresaClientes(), e.CodEmpresaExtra(),
+        e.TarifaEmpresa(), e.DecPrecios(),          e.DecImportes(),        e.DecCostes()};
+    for (std::int16_t i = 0; const char* nombre : nombres) EXPECT_EQ(i, leidos[i]) << nombre, ++i;
+    EXPECT_TRUE(e.VenderSinStock() && !e.CosteUltimaCompra());
 }
 
 }  // namespace

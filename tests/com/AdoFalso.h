@@ -1,34 +1,25 @@
 #pragma once
 
-#include <deque>
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
-#include "db/Nombres.h"
+#include "base/RuntimeError.h"
+#include "db/Connection.h"
 #include "db/ado/InterfacesAdo.h"
 #include "db/ado/PunteroCom.h"
 #include "db/ado/Variante.h"
-#include "tests/com/Grabacion.h"
 
-// COM objects with ADO's interfaces that replay a recording, strictly: any other text, order or parameter fails.
+// COM objects with ADO's interfaces before any connection of ours, whose failures go out as a provider's.
 namespace kv::prueba {
 
-/// What is left of the recording, and how many objects of these are alive.
-struct Estado {
-    std::deque<Paso> pasos;
-    std::string queja;
-    long vivos = 0;
-    long llamadas = 0;  // calls that the component made to these objects, references apart
-    long textos = 0;    // wide strings that went either way
-};
-inline Estado& Global() {
-    static Estado estado;
-    return estado;
-}
+/// Objects of these that are alive, and calls made to them, references apart.
+inline long vivos = 0;
+inline long llamadas = 0;
 
 /// A new object with the one reference that it is born with.
 template <class Objeto, class... Argumentos>
@@ -38,9 +29,8 @@ PunteroCom<Objeto> Nuevo(Argumentos&&... argumentos) {
     return nuevo;
 }
 
-/// Reports a difference as a provider does: its own HRESULT, source and text.
+/// Reports a failure as a provider does: its own HRESULT, source and text.
 inline HRESULT Quejarse(const std::string& texto, HRESULT hr = static_cast<HRESULT>(0x80040E14)) {
-    Global().queja = texto;
     PunteroCom<ICreateErrorInfo> nuevo;
     CreateErrorInfo(nuevo.Recibir());
     nuevo->SetSource(Cadena("Proveedor de prueba").Get());
@@ -51,35 +41,30 @@ inline HRESULT Quejarse(const std::string& texto, HRESULT hr = static_cast<HRESU
     return hr;
 }
 
-inline HRESULT Tomar(char clase, const std::string& texto, Paso& paso) {
-    auto& pasos = Global().pasos;
-    if (pasos.empty()) return Quejarse("de más: |" + texto + "|");
-    if (pasos.front().clase != clase || pasos.front().texto != texto)
-        return Quejarse("se esperaba |" + pasos.front().texto + "|, llega |" + texto + "|");
-    paso = std::move(pasos.front());
-    pasos.pop_front();
+/// Counts a call and runs it, of the object when one is given.
+template <class F, class... Objeto>
+HRESULT Contestar(F f, Objeto&... objeto) try {
+    ++llamadas;
+    std::invoke(f, objeto...);
     return S_OK;
-}
-
-/// Counts a call, and complains unless it was as it must be.
-inline HRESULT Contar(long textos = 0, bool bien = true, const char* queja = "") {
-    ++Global().llamadas;
-    Global().textos += textos;
-    return bien ? S_OK : Quejarse(queja);
+} catch (const RuntimeError& error) {
+    return Quejarse(error.descripcion,
+                    error.numero < 0 ? error.numero : MAKE_HRESULT(1, FACILITY_CONTROL, error.numero));
 }
 
 /// Counts a call and leaves its result.
 template <class T>
-HRESULT Dar(T* destino, T valor, long textos = 0) {
-    *destino = valor;
-    return Contar(textos);
+HRESULT Dar(T& destino, std::type_identity_t<T> valor) {
+    ++llamadas;
+    destino = std::move(valor);
+    return S_OK;
 }
 
-/// References, counted in the state, and the one identifier that the object answers to besides IUnknown and IDispatch.
+/// References, counted, and the one identifier that the object answers to besides IUnknown and IDispatch.
 template <class Interfaz>
 struct Contado : Interfaz {
-    explicit Contado(const GUID& generacion = IID_NULL) : generacion_(generacion) { ++Global().vivos; }
-    virtual ~Contado() { --Global().vivos; }
+    explicit Contado(const GUID& generacion = IID_NULL) : generacion_(generacion) { ++vivos; }
+    virtual ~Contado() { --vivos; }
     STDMETHODIMP QueryInterface(REFIID iid, void** objeto) override {
         *objeto = iid == IID_IUnknown || iid == IID_IDispatch || iid == generacion_ ? this : nullptr;
         return *objeto != nullptr ? AddRef(), S_OK : E_NOINTERFACE;
@@ -107,61 +92,148 @@ struct Falso : Contado<Interfaz> {
 };
 
 struct CampoFalso : Falso<ado::Field> {
-    explicit CampoFalso(const Valor& valor, std::string_view nombre = {}) : valor_(valor), nombre_(nombre) {}
-    STDMETHODIMP get_Name(BSTR* nombre) override { return Dar(nombre, Cadena(nombre_).Soltar()); }
-    STDMETHODIMP get_Value(VARIANT* valor) override {
-        return Dar(valor, Variante(valor_).Soltar(), std::holds_alternative<std::string>(valor_) ? 1 : 0);
-    }
+    CampoFalso(const Valor& valor, std::string_view nombre) : valor_(valor), nombre_(nombre) {}
+    STDMETHODIMP get_Name(BSTR* nombre) override { return Dar(*nombre, Cadena(nombre_).Soltar()); }
+    STDMETHODIMP get_Value(VARIANT* valor) override { return Dar(*valor, Variante(valor_).Soltar()); }
     const Valor valor_;
     const std::string nombre_;
 };
 
 struct CamposFalsos : Falso<ado::Fields> {
-    explicit CamposFalsos(std::shared_ptr<const Paso> paso) : paso_(std::move(paso)) {}
-    STDMETHODIMP get_Count(long*) override { return E_NOTIMPL; }
+    explicit CamposFalsos(kv::Recordset& rs) : rs_(rs) {}
+    STDMETHODIMP get_Count(long* cuantos) override { return Dar(*cuantos, rs_.NumeroCampos()); }
+    /// By name its value, by place its name.
     STDMETHODIMP get_Item(VARIANT indice, ado::Field** campo) override {
-        const std::string pedido = indice.vt == VT_BSTR ? Utf8(indice.bstrVal) : "por posición";
-        for (const auto& [nombre, valor] : paso_->fila)
-            if (MismoNombre(nombre, pedido)) return Dar<ado::Field*>(campo, new CampoFalso(valor), 1);
-        return Quejarse("no hay campo " + pedido, static_cast<HRESULT>(0x800A0CC1));
+        return Contestar([&] {
+            *campo = indice.vt == VT_BSTR ? new CampoFalso(rs_.Fields(Utf8(indice.bstrVal)).Value(), "")
+                                          : new CampoFalso(Nulo{}, rs_.NombreCampo(indice.lVal));
+        });
     }
-    const std::shared_ptr<const Paso> paso_;
+    kv::Recordset& rs_;
+};
+
+struct ConexionFalsa : Falso<ado::Connection> {
+    explicit ConexionFalsa(kv::Connection& suya, const GUID& generacion = ado::kConnection[1])
+        : Falso(generacion), real(&suya) {}
+    STDMETHODIMP Execute(BSTR texto, VARIANT* afectados, long opciones, ado::Recordset** rs) override {
+        *rs = nullptr;
+        return Contestar([&] {
+            std::int32_t cuantos = 0;
+            real->Execute(Utf8(texto), &cuantos, static_cast<CommandType>(opciones));
+            *afectados = Variante(Valor{cuantos}).Soltar();
+        });
+    }
+    STDMETHODIMP BeginTrans(long*) override { return Contestar(&kv::Connection::BeginTrans, real); }
+    STDMETHODIMP CommitTrans() override { return Contestar(&kv::Connection::CommitTrans, real); }
+    STDMETHODIMP RollbackTrans() override { return Contestar(&kv::Connection::RollbackTrans, real); }
+    STDMETHODIMP Open(BSTR, BSTR, BSTR, long) override { return E_NOTIMPL; }
+    STDMETHODIMP get_State(long*) override { return E_NOTIMPL; }
+    kv::Connection* real;
 };
 
 struct RecordsetFalso : Falso<ado::Recordset> {
     using Falso::Falso;
     STDMETHODIMP Open(VARIANT origen, VARIANT conexion, int cursor, int bloqueo, long opciones) override {
-        Contar(1);
-        if (abierto_) return Quejarse("abierto dos veces", static_cast<HRESULT>(0x800A0E79));
-        if (conexion.vt != VT_DISPATCH || cursor != 0 || bloqueo != 1 || opciones != 1)
-            return Quejarse("constantes de Open");
-        paso_ = std::make_shared<Paso>();
-        const HRESULT hr = Tomar('O', Utf8(origen.bstrVal), *paso_);
-        abierto_ = SUCCEEDED(hr);
-        return hr;
+        return Contestar([&] {
+            kv::Connection& real = *static_cast<ConexionFalsa*>(conexion.pdispVal)->real;
+            if (!rs_) rs_ = real.CrearRecordset();
+            rs_->Open(Utf8(origen.bstrVal), real, static_cast<CursorType>(cursor), static_cast<LockType>(bloqueo),
+                      static_cast<CommandType>(opciones));
+        });
     }
     STDMETHODIMP get_EOF(VARIANT_BOOL* fin) override {
-        *fin = !paso_ || paso_->fila.empty() ? VARIANT_TRUE : VARIANT_FALSE;
-        return Contar(0, abierto_, "EOF cerrado");
+        return Contestar([&] { *fin = rs_->Eof() ? VARIANT_TRUE : VARIANT_FALSE; });
     }
-    STDMETHODIMP get_Fields(ado::Fields** campos) override {
-        return Dar<ado::Fields*>(campos, new CamposFalsos(paso_));
-    }
-    STDMETHODIMP Close() override { return Contar(0, std::exchange(abierto_, false), "cerrado dos veces"); }
-    STDMETHODIMP MoveNext() override { return Quejarse("MoveNext en una carga"); }
-    STDMETHODIMP get_State(long*) override { return Quejarse("State en una carga"); }
-    std::shared_ptr<Paso> paso_;
-    bool abierto_ = false;
+    STDMETHODIMP get_Fields(ado::Fields** campos) override { return Dar(*campos, new CamposFalsos(*rs_)); }
+    STDMETHODIMP MoveNext() override { return Contestar(&kv::Recordset::MoveNext, rs_); }
+    STDMETHODIMP Close() override { return Contestar(&kv::Recordset::Close, rs_); }
+    STDMETHODIMP get_State(long* estado) override { return Dar(*estado, static_cast<long>(rs_->State())); }
+    std::unique_ptr<kv::Recordset> rs_;
 };
 
-struct ConexionFalsa : Falso<ado::Connection> {
+struct ParametroFalso : Falso<ado::Parameter> {
+    explicit ParametroFalso(kv::Parameter dado) : parametro(std::move(dado)) {}
+    STDMETHODIMP get_Value(VARIANT* valor) override { return Dar(*valor, Variante(parametro.Value).Soltar()); }
+    kv::Parameter parametro;
+};
+
+struct ParametrosFalsos : Falso<ado::Parameters> {
+    STDMETHODIMP get_Count(long*) override { return E_NOTIMPL; }
+    STDMETHODIMP Append(IDispatch* parametro) override {
+        return Dar(lista.emplace_back(), PunteroCom(static_cast<ParametroFalso*>(parametro)));
+    }
+    std::vector<PunteroCom<ParametroFalso>> lista;
+};
+
+/// The rows that a procedure leaves: as with a real provider, its outputs arrive when they are let go.
+struct FilasPendientes : RecordsetFalso {
+    explicit FilasPendientes(std::function<void()> alSoltar) : alSoltar_(std::move(alSoltar)) {}
+    ~FilasPendientes() override { alSoltar_(); }
+    const std::function<void()> alSoltar_;
+};
+
+struct ComandoFalso : Falso<ado::Command> {
     using Falso::Falso;
-    STDMETHODIMP Execute(BSTR, VARIANT*, long, ado::Recordset**) override { return Quejarse("Execute"); }
-    STDMETHODIMP BeginTrans(long*) override { return Quejarse("BeginTrans"); }
-    STDMETHODIMP CommitTrans() override { return Quejarse("CommitTrans"); }
-    STDMETHODIMP RollbackTrans() override { return Quejarse("RollbackTrans"); }
-    STDMETHODIMP Open(BSTR, BSTR, BSTR, long) override { return Quejarse("Open"); }
-    STDMETHODIMP get_State(long*) override { return Quejarse("State"); }
+    STDMETHODIMP putref_ActiveConnection(ado::Connection* conexion) override {
+        return Contestar([&] { orden_ = static_cast<ConexionFalsa*>(conexion)->real->CrearCommand(); });
+    }
+    STDMETHODIMP put_CommandText(BSTR texto) override { return Dar(orden_->CommandText, Utf8(texto)); }
+    STDMETHODIMP put_CommandTimeout(long segundos) override { return Dar(orden_->CommandTimeout, segundos); }
+    STDMETHODIMP put_CommandType(int tipo) override { return Dar(orden_->CommandType, static_cast<CommandType>(tipo)); }
+    STDMETHODIMP get_Parameters(ado::Parameters** parametros) override {
+        parametros_->AddRef();
+        return Dar(*parametros, parametros_.Get());
+    }
+    STDMETHODIMP CreateParameter(BSTR nombre, int tipo, int direccion, LONG_PTR tamano, VARIANT valor,
+                                 ado::Parameter** parametro) override {
+        Variante copia;
+        if (valor.vt != VT_ERROR) VariantCopy(&copia.Get(), &valor);
+        return Contestar([&] {
+            *parametro = new ParametroFalso({Utf8(nombre), static_cast<DataType>(tipo),
+                                             static_cast<ParameterDirection>(direccion),
+                                             static_cast<std::int32_t>(tamano), copia.AValor()});
+        });
+    }
+    STDMETHODIMP Execute(VARIANT*, VARIANT*, long opciones, ado::Recordset** rs) override {
+        *rs = nullptr;
+        return Contestar([&] {
+            const auto& lista = parametros_->lista;
+            for (const auto& dado : lista) orden_->Parameters.Append(dado->parametro);
+            orden_->Execute(static_cast<CommandType>(opciones));
+            *rs = new FilasPendientes([lista, salidas = orden_->Parameters] {
+                for (auto dado = lista.begin(); const Parameter& salida : salidas)
+                    (*dado++)->parametro.Value = salida.Value;
+            });
+        });
+    }
+    std::unique_ptr<kv::Command> orden_;
+    const PunteroCom<ParametrosFalsos> parametros_ = Nuevo<ParametrosFalsos>();
+};
+
+template <class Objeto>
+struct FabricaFalsa : Contado<IClassFactory> {
+    explicit FabricaFalsa(const GUID& generacion = IID_NULL) : Contado(IID_IClassFactory), suya_(generacion) {}
+    STDMETHODIMP CreateInstance(IUnknown*, REFIID iid, void** objeto) override {
+        return Nuevo<Objeto>(suya_)->QueryInterface(iid, objeto);
+    }
+    STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+    const GUID suya_;
+};
+
+/// Objects of ours stand for a class of ADO in this process for as long as this lives.
+template <class Objeto>
+class ClaseFalsa {
+  public:
+    ClaseFalsa(const GUID& clase, const GUID& generacion) {
+        CoRegisterClassObject(clase, Nuevo<FabricaFalsa<Objeto>>(generacion).Get(), CLSCTX_INPROC_SERVER,
+                              REGCLS_MULTIPLEUSE, &registro_);
+    }
+    ~ClaseFalsa() { CoRevokeClassObject(registro_); }
+    ClaseFalsa(const ClaseFalsa&) = delete;
+    ClaseFalsa& operator=(const ClaseFalsa&) = delete;
+
+  private:
+    DWORD registro_ = 0;
 };
 
 }  // namespace kv::prueba

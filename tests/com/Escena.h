@@ -1,28 +1,22 @@
 #pragma once
 
-#include "tests/com/ComandoFalso.h"
+#include "tests/com/EmpresaFalsa.h"
+#include "tests/com/Grabacion.h"
 
 namespace kv::prueba {
 
-/// Serves a class of ADO from this process for as long as it runs.
-template <class Objeto>
-void Servir(const CLSID& clase, const GUID& generacion) {
-    DWORD marca = 0;
-    CoRegisterClassObject(clase, Nuevo<FabricaFalsa<Objeto>>(generacion).Get(), CLSCTX_INPROC_SERVER,
-                          REGCLS_MULTIPLEUSE, &marca);
-}
-
-/// A recording with fakes that stand for its company, its connection and ADO.
+/// A recording's company, a connection that answers from a script and classes of ADO, all fakes.
 struct Escena {
-    Escena() {
-        Servir<RecordsetFalso>(ado::kClaseRecordset, ado::kRecordset[1]);
-        Servir<ComandoFalso>(ado::kClaseCommand, ado::kCommand[0]);
+    /// The load is what the connection answers next.
+    void Poner(const Pasos& pasos) {
+        for (const ConexionGuion::Paso& paso : pasos) guion.Anadir(paso);
     }
-    void Abrir(const char* ruta) { casos = LeerGrabacion(ruta, empresa->valores); }
 
-    std::vector<Caso> casos;
+    const ClaseFalsa<RecordsetFalso> filas{ado::kClaseRecordset, ado::kRecordset[1]};
+    const ClaseFalsa<ComandoFalso> ordenes{ado::kClaseCommand, ado::kCommand[0]};
+    ConexionGuion guion;
     PunteroCom<EmpresaFalsa> empresa = Nuevo<EmpresaFalsa>();
-    PunteroCom<ConexionFalsa> conexion = Nuevo<ConexionFalsa>(ado::kConnection[0]);
+    PunteroCom<ConexionFalsa> conexion = Nuevo<ConexionFalsa>(guion, ado::kConnection[0]);
 };
 
 }  // namespace kv::prueba

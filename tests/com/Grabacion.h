@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdio>
-#include <deque>
 #include <fstream>
 #include <map>
 #include <sstream>
@@ -11,6 +10,7 @@
 #include <vector>
 
 #include "base/Valor.h"
+#include "tests/comun/ConexionGuion.h"
 
 // The recorded traffic of loads: one line per event, its first letter the kind, its fields parted by tabs.
 //   E member value        company        C arguments...     a load starts
@@ -58,21 +58,14 @@ inline Valor Decodificar(const std::string& codificado) {
     throw std::runtime_error("tipo desconocido en el guion: " + codificado);
 }
 
-/// One recorded query or procedure.
-struct Paso {
-    char clase = 'O';
-    std::string texto;
-    std::vector<std::pair<std::string, Valor>> fila;
-    std::vector<std::string> parametros;
-    std::vector<Valor> salidas;
-};
+using Pasos = std::vector<ConexionGuion::Paso>;
 
 /// One recorded load with the price asked for after it, and what both gave natively.
 struct Caso {
     std::vector<std::string> argumentos;
-    std::deque<Paso> pasos;
-    std::deque<Paso> pasosPrecio;
-    std::deque<Paso> pasosPadre;
+    Pasos pasos;
+    Pasos pasosPrecio;
+    Pasos pasosPadre;
     int estado = 0;
     std::map<std::string, std::string> propiedades;
     std::string precio;
@@ -86,7 +79,7 @@ struct Caso {
 inline std::vector<Caso> LeerGrabacion(const char* ruta, std::map<std::string, Valor>& empresa) {
     std::ifstream entrada(ruta, std::ios::binary);
     std::vector<Caso> casos;
-    std::deque<Paso> Caso::*parte = nullptr;
+    Pasos Caso::*parte = nullptr;
     for (std::string linea; std::getline(entrada, linea);) {
         const auto c = Partir(linea);
         const char clase = c[0][0];
@@ -95,12 +88,26 @@ inline std::vector<Caso> LeerGrabacion(const char* ruta, std::map<std::string, V
         if (casos.empty()) continue;
         Caso& caso = casos.back();
         auto& pasos = caso.*parte;
-        if (clase == 'O' || clase == 'P') pasos.push_back({clase, c[1], {}, {}, {}});
-        if (clase == 'F')
-            for (std::size_t i = 1; i + 1 < c.size(); i += 2)
-                pasos.back().fila.emplace_back(c[i], Decodificar(c[i + 1]));
-        if (clase == 'p') pasos.back().parametros.push_back(linea.substr(2));
-        if (clase == 's') pasos.back().salidas.push_back(Decodificar(c[1]));
+        if (clase == 'O') pasos.push_back({.operacion = "Open", .texto = c[1]});
+        if (clase == 'F') {
+            auto& fila = pasos.back().filas.emplace_back();
+            for (std::size_t i = 1; i + 1 < c.size(); i += 2) {
+                pasos.back().columnas.push_back(c[i]);
+                fila.push_back(Decodificar(c[i + 1]));
+            }
+        }
+        if (clase == 'P')
+            pasos.push_back(
+                {.operacion = "Command", .texto = c[1], .opciones = CommandType::adOptionUnspecified, .espera = 500});
+        if (clase == 'p')
+            pasos.back().parametros.push_back({c[1], static_cast<DataType>(std::stoi(c[2])),
+                                               static_cast<ParameterDirection>(std::stoi(c[3])), std::stoi(c[4]),
+                                               Decodificar(c[5])});
+        if (clase == 's') {
+            auto& salidas = pasos.back().salidas;
+            salidas.push_back(pasos.back().parametros[salidas.size()]);
+            salidas.back().Value = Decodificar(c[1]);
+        }
         if (clase == 'R') caso.estado = std::stoi(c[1]), parte = &Caso::pasosPrecio;
         if (clase == 'V') caso.propiedades[c[1]] = c[2];
         if (clase == 'D') caso.precio = c[1];

@@ -1,27 +1,7 @@
-#include "tests/com/Etapas.h"
+#include "tests/com/Registrada.h"
 
 // Every recorded load, by slot and by name in each way of passing the arguments.
 namespace kv::prueba {
-
-PunteroCom<::_clsDatosArt> Preparar(const Escena& escena, const Caso& caso) {
-    auto o = Crear();
-    Exigir(o->putref_Conexion(escena.conexion.Get()) == S_OK && o->putref_cEmpresa(escena.empresa.Get()) == S_OK,
-           "referencias");
-    o->put_CualidadX(static_cast<unsigned char>(caso.Numero(6)));
-    Global().pasos = caso.pasos;
-    return o;
-}
-
-Llamada CargarPorRanura(::_clsDatosArt& o, const Caso& c) {
-    Llamada ll;
-    short estado = -1;
-    CURRENCY unidades;
-    unidades.int64 = c.Numero(5) * 10000LL;
-    ll.hr = o.Cargar(c.Numero(1), c.Numero(2), c.Numero(3), static_cast<short>(c.Numero(4)), 1, 2, unidades, &estado);
-    ll.valor = Codificar(std::int16_t{estado});
-    return ll;
-}
-
 namespace {
 
 constexpr std::size_t kPorRanura = 4;
@@ -51,8 +31,8 @@ Llamada DarPrecio(::_clsDatosArt& o, const Caso& c, std::size_t forma) {
     return PorNombre(o, "DevPvp", DISPATCH_METHOD, argumentos);
 }
 
-void ExigirPropiedades(::_clsDatosArt& o, const Caso& c, const std::string& cual) {
-    for (const auto& [nombre, valor] : c.propiedades) Exigir(Leer(o, nombre) == valor, cual + nombre);
+void ExigirPropiedades(::_clsDatosArt& o, const Caso& c) {
+    for (const auto& [nombre, valor] : c.propiedades) EXPECT_EQ(valor, Leer(o, nombre)) << nombre;
 }
 
 /// Article and price of the parent; nothing without one.
@@ -63,30 +43,32 @@ std::vector<std::string> LeerPadre(::_clsDatosArt& o) {
     return {Leer(*padre.Get(), "Codigo"), Leer(*padre.Get(), "Pvp")};
 }
 
-PunteroCom<::_clsDatosArt> ProbarCaso(const Escena& escena, std::size_t i, const std::string& cual) {
-    const Caso& c = escena.casos[i];
+PunteroCom<::_clsDatosArt> ProbarCaso(Escena& escena, const Caso& c, std::size_t i) {
     const std::size_t forma = i % (kPorRanura + 1);
-    const auto conexion = Nuevo<ConexionFalsa>(ado::kConnection[i % 4]);
-    const auto o = Preparar(escena, c);
-    Exigir(o->putref_Conexion(conexion.Get()) == S_OK, cual + "Conexion");
+    const auto conexion = Nuevo<ConexionFalsa>(escena.guion, ado::kConnection[i % 4]);
+    auto o = Preparar(escena, c);
+    EXPECT_EQ(S_OK, o->putref_Conexion(conexion.Get()));
     escena.empresa->preguntas.clear();
     const Llamada carga = forma == kPorRanura ? CargarPorRanura(*o.Get(), c) : CargarPorNombre(*o.Get(), c, forma);
-    Exigir(carga.hr == S_OK && carga.valor == "3:" + std::to_string(c.estado), cual + "estado");
-    Exigir(Global().pasos.empty(), cual + "guion agotado");
-    ExigirPropiedades(*o.Get(), c, cual);
-    Global().pasos = c.pasosPrecio;
+    EXPECT_TRUE(carga.hr == S_OK && carga.valor == "3:" + std::to_string(c.estado)) << carga.valor << carga.error;
+    escena.guion.Terminar();
+    ExigirPropiedades(*o.Get(), c);
+    escena.Poner(c.pasosPrecio);
     const Llamada precio = DarPrecio(*o.Get(), c, forma);
     if (c.error != 0)
-        Exigir(precio.Fallo() == static_cast<HRESULT>(0x800A0000L + c.error), cual + "error de DevPvp");
+        EXPECT_EQ(static_cast<HRESULT>(0x800A0000L + c.error), precio.Fallo());
     else
-        Exigir(precio.hr == S_OK && precio.valor == "8:" + c.precio, cual + "DevPvp " + precio.valor);
-    Global().pasos = c.pasosPadre;
-    Exigir(LeerPadre(*o.Get()) == c.padre && Global().pasos.empty(), cual + "padre");
-    for (const auto& [nombre, veces] : escena.empresa->preguntas) Exigir(veces == 1, nombre + " resuelto una vez");
+        EXPECT_EQ("8:" + c.precio, precio.valor) << precio.error;
+    escena.guion.Terminar();
+    escena.Poner(c.pasosPadre);
+    EXPECT_EQ(c.padre, LeerPadre(*o.Get()));
+    escena.guion.Terminar();
+    for (const auto& [nombre, veces] : escena.empresa->preguntas) EXPECT_EQ(1, veces) << nombre;
     return o;
 }
 
-void ProbarArgumentos(::_clsDatosArt& o) {
+TEST_F(Registrada, ArgumentosQueNoSirven) {
+    const auto o = Crear();
     constexpr WORD kMetodo = DISPATCH_METHOD;
     constexpr WORD kLeer = DISPATCH_PROPERTYGET;
     constexpr WORD kPoner = DISPATCH_PROPERTYPUT;
@@ -99,7 +81,7 @@ void ProbarArgumentos(::_clsDatosArt& o) {
         HRESULT hr;
         std::vector<Valor> argumentos;
         std::vector<std::pair<DISPID, Valor>> nombrados;
-    } casos[] = {
+    } malos[] = {
         {"texto por código", "Cargar", kMetodo, DISP_E_TYPEMISMATCH, {mal, 1, dia, 1, 1, 2}, {}},
         {"decimales nombrados", "Cargar", kMetodo, DISP_E_TYPEMISMATCH, {1, 1, dia, 1, 1}, {{5, mal}}},
         {"tarifa desbordada", "Cargar", kMetodo, DISP_E_OVERFLOW, {1, 1, dia, 40000, 1, 2}, {}},
@@ -115,23 +97,22 @@ void ProbarArgumentos(::_clsDatosArt& o) {
         {"byte desbordado", "Impuesto", kPoner, DISP_E_OVERFLOW, {}, {{DISPID_PROPERTYPUT, 256}}},
         {"número por objeto", "Conexion", kPoner, DISP_E_TYPEMISMATCH, {}, {{DISPID_PROPERTYPUT, 1}}},
     };
-    for (const auto& c : casos) Exigir(PorNombre(o, c.miembro, c.clase, c.argumentos, c.nombrados).hr == c.hr, c.que);
-    Exigir(Leer(o, "codigo") == "4:12", "sin distinguir mayúsculas");
+    for (const auto& c : malos)
+        EXPECT_EQ(c.hr, PorNombre(*o.Get(), c.miembro, c.clase, c.argumentos, c.nombrados).hr) << c.que;
+    EXPECT_EQ("4:12", Leer(*o.Get(), "codigo")) << "sin distinguir mayúsculas";
+}
+
+TEST_F(Registrada, CadaCargaDaLoGrabado) {
+    ASSERT_GE(casos.size(), 200U);
+    PunteroCom<::_clsDatosArt> anterior;
+    for (std::size_t i = 0; i < casos.size(); ++i) {
+        SCOPED_TRACE("carga " + casos[i].argumentos[1] + "," + casos[i].argumentos[2]);
+        auto o = ProbarCaso(escena, casos[i], i);
+        // A price leaves its tariff in the object.
+        if (anterior && casos[i - 1].error != 0) ExigirPropiedades(*anterior.Get(), casos[i - 1]);
+        anterior = std::move(o);
+    }
 }
 
 }  // namespace
-
-void ProbarCargas(const Escena& escena) {
-    PunteroCom<::_clsDatosArt> anterior;
-    for (std::size_t i = 0; i < escena.casos.size(); ++i) {
-        const std::string cual = "carga " + escena.casos[i].argumentos[1] + "," + escena.casos[i].argumentos[2] + ": ";
-        auto o = ProbarCaso(escena, i, cual);
-        // A price leaves its tariff in the object.
-        if (anterior && escena.casos[i - 1].error != 0)
-            ExigirPropiedades(*anterior.Get(), escena.casos[i - 1], "la anterior a " + cual);
-        anterior = std::move(o);
-    }
-    ProbarArgumentos(*Crear().Get());
-}
-
 }  // namespace kv::prueba

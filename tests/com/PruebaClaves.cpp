@@ -1,5 +1,9 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
 #include "component/com/Registro.h"
-#include "tests/com/Etapas.h"
+#include "tests/com/Llamada.h"
 
 namespace kv::prueba {
 namespace {
@@ -21,59 +25,49 @@ bool Hay(HKEY raiz, const std::wstring& clave) {
     return true;
 }
 
-void ProbarUsuario() {
-    Exigir(RegistrarEn(HKEY_CURRENT_USER) == S_OK, "registro del usuario");
-    const struct {
-        const wchar_t* clave;
-        const wchar_t* nombre;
-        const wchar_t* valor;
-    } casos[] = {
-        {L"\\InprocServer32", L"ThreadingModel", L"Apartment"},
-        {L"\\ProgID", L"", L"KVDatosArt.clsDatosArt"},
-        {L"\\TypeLib", L"", L"{002EEF61-6083-45A8-A783-8E77D15E2010}"},
-    };
-    for (const auto& c : casos)
-        Exigir(Leido(kClase + c.clave, c.nombre) == c.valor, "valor " + std::to_string(&c - casos));
-    Exigir(!Hay(HKEY_LOCAL_MACHINE, kClase) && !Hay(HKEY_LOCAL_MACHINE, kPrograma), "nada de la máquina");
-    Exigir(QuitarRegistro() == S_OK && !Hay(HKEY_CURRENT_USER, kClase) && !Hay(HKEY_CURRENT_USER, kPrograma),
-           "retirada");
-    Exigir(QuitarRegistro() == S_OK, "retirada de lo que no está");
+// The keys that the registration's own code makes, and what removal leaves.
+TEST(SinRegistrar, ClavesDelUsuario) {
+    EXPECT_EQ(S_OK, RegistrarEn(HKEY_CURRENT_USER));
+    EXPECT_EQ(L"Apartment", Leido(kClase + L"\\InprocServer32", L"ThreadingModel"));
+    EXPECT_EQ(L"KVDatosArt.clsDatosArt", Leido(kClase + L"\\ProgID", L""));
+    EXPECT_EQ(L"{002EEF61-6083-45A8-A783-8E77D15E2010}", Leido(kClase + L"\\TypeLib", L""));
+    EXPECT_FALSE(Hay(HKEY_LOCAL_MACHINE, kClase) || Hay(HKEY_LOCAL_MACHINE, kPrograma)) << "nada de la máquina";
+    EXPECT_EQ(S_OK, QuitarRegistro());
+    EXPECT_FALSE(Hay(HKEY_CURRENT_USER, kClase) || Hay(HKEY_CURRENT_USER, kPrograma)) << "retirada";
+    EXPECT_EQ(S_OK, QuitarRegistro()) << "retirada de lo que no está";
 }
 
-/// With the class of the other bitness beside it; a Wine of 32 bits alone has no other.
-void ProbarConLaOtra() {
+TEST(SinRegistrar, ClavesDeLaMaquinaConLasDeOtrosBits) {
+    if constexpr (sizeof(void*) == 4) GTEST_SKIP() << "un Wine de 32 bits no tiene otros";
     HKEY otra = nullptr;
-    Exigir(RegistrarEn(HKEY_LOCAL_MACHINE) == S_OK, "registro de la máquina");
+    EXPECT_EQ(S_OK, RegistrarEn(HKEY_LOCAL_MACHINE));
     RegCreateKeyExW(HKEY_LOCAL_MACHINE, kClase.c_str(), 0, nullptr, 0, KEY_WRITE | KEY_WOW64_32KEY, nullptr, &otra,
                     nullptr);
     RegCloseKey(otra);
-    Exigir(QuitarRegistro() == S_OK && !Hay(HKEY_LOCAL_MACHINE, kClase), "retirada con la otra");
-    Exigir(Hay(HKEY_LOCAL_MACHINE, kPrograma), "el ProgID queda para la otra");
+    EXPECT_TRUE(QuitarRegistro() == S_OK && !Hay(HKEY_LOCAL_MACHINE, kClase)) << "retirada con la otra";
+    EXPECT_TRUE(Hay(HKEY_LOCAL_MACHINE, kPrograma)) << "el ProgID queda para la otra";
     RegDeleteKeyExW(HKEY_LOCAL_MACHINE, kClase.c_str(), KEY_WOW64_32KEY, 0);
-    Exigir(QuitarRegistro() == S_OK && !Hay(HKEY_LOCAL_MACHINE, kPrograma), "sin la otra se va");
+    EXPECT_TRUE(QuitarRegistro() == S_OK && !Hay(HKEY_LOCAL_MACHINE, kPrograma)) << "sin la otra se va";
 }
 
-}  // namespace
-
-void ProbarClaves() {
-    ProbarUsuario();
-    if constexpr (sizeof(void*) == 8) ProbarConLaOtra();
-}
-
-void ProbarManifiesto(const char* ruta) {
-    const Cadena manifiesto(ruta);
+TEST(SinRegistrar, UsoPorElManifiesto) {
+    const Cadena manifiesto(std::getenv("KV_MANIFIESTO"));
     CLSID clase;
-    Exigir(FAILED(CLSIDFromProgID(L"KVDatosArt.clsDatosArt", &clase)), "no está registrada");
+    EXPECT_TRUE(FAILED(CLSIDFromProgID(L"KVDatosArt.clsDatosArt", &clase))) << "está registrada";
     ACTCTXW peticion{};
     peticion.cbSize = sizeof peticion;
     peticion.lpSource = manifiesto.Get();
     const HANDLE contexto = CreateActCtxW(&peticion);
     ULONG_PTR marca = 0;
-    Exigir(contexto != INVALID_HANDLE_VALUE && ActivateActCtx(contexto, &marca), "contexto del manifiesto");
-    const auto o = Crear();
-    Exigir(Poner(*o.Get(), "Codigo", 118) == S_OK && Leer(*o.Get(), "Codigo") == "4:118", "uso por nombre");
+    EXPECT_TRUE(contexto != INVALID_HANDLE_VALUE && ActivateActCtx(contexto, &marca)) << "contexto del manifiesto";
+    {
+        const auto o = Crear();
+        EXPECT_EQ(S_OK, Poner(*o.Get(), "Codigo", 118));
+        EXPECT_EQ("4:118", Leer(*o.Get(), "Codigo"));
+    }
     DeactivateActCtx(0, marca);
     ReleaseActCtx(contexto);
 }
 
+}  // namespace
 }  // namespace kv::prueba

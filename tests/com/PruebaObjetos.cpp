@@ -1,6 +1,5 @@
 #include "component/com/ArgumentosCompletos.h"
-#include "db/ado/EmpresaDispatch.h"
-#include "tests/com/Etapas.h"
+#include "tests/com/Registrada.h"
 
 namespace kv::prueba {
 namespace {
@@ -20,43 +19,35 @@ ULONG Referencias(Interfaz& objeto) {
     return objeto.Release();
 }
 
-void ProbarReferencias(const Escena& escena) {
-    const auto vivos = Global().vivos;
+TEST_F(Registrada, ReferenciasQueTomaYSuelta) {
     const ULONG conexion = Referencias(*escena.conexion.Get());
-    const ULONG empresa = Referencias(*escena.empresa.Get());
-    {
-        const auto otra = Nuevo<ConexionFalsa>(ado::kConnection[1]);
-        const auto o = Preparar(escena, escena.casos[24]);
-        Exigir(CargarPorRanura(*o.Get(), escena.casos[24]).hr == S_OK, "carga");
-        Exigir(Referencias(*escena.conexion.Get()) == conexion + 1, "una referencia a la conexión");
-        Exigir(Referencias(*escena.empresa.Get()) == empresa + 1, "una referencia a la empresa");
-        Exigir(o->putref_Conexion(otra.Get()) == S_OK && Referencias(*escena.conexion.Get()) == conexion, "sustituida");
-        Exigir(o->putref_Conexion(escena.empresa.Get()) != S_OK && Referencias(*otra.Get()) == 2,
-               "la mala no sustituye");
-        Exigir(o->putref_Conexion(nullptr) == S_OK && Referencias(*otra.Get()) == 1, "Nothing suelta");
-    }
-    Exigir(Referencias(*escena.empresa.Get()) == empresa, "empresa devuelta");
-    Exigir(Global().vivos == vivos, "nada más queda vivo");
-    Exigir(SePuedeDescargar() == S_OK, "nada retiene la DLL");
+    const auto otra = Nuevo<ConexionFalsa>(escena.guion);
+    const auto o = Preparar(escena, casos[24]);
+    EXPECT_EQ(S_OK, CargarPorRanura(*o.Get(), casos[24]).hr);
+    EXPECT_EQ(conexion + 1, Referencias(*escena.conexion.Get()));
+    EXPECT_EQ(2U, Referencias(*escena.empresa.Get()));
+    EXPECT_TRUE(o->putref_Conexion(otra.Get()) == S_OK && Referencias(*escena.conexion.Get()) == conexion);
+    EXPECT_TRUE(o->putref_Conexion(escena.empresa.Get()) != S_OK && Referencias(*otra.Get()) == 2) << "no sustituye";
+    EXPECT_TRUE(o->putref_Conexion(nullptr) == S_OK && Referencias(*otra.Get()) == 1) << "Nothing suelta";
+    EXPECT_EQ(kSinObjeto, CargarPorRanura(*o.Get(), casos[24]).hr) << "Nothing no es una conexión";
 }
 
-/// Every interface leads back to one IUnknown.
-void ProbarIdentidad() {
+TEST_F(Registrada, TodaInterfazVuelveAUnSoloIUnknown) {
     const auto o = Crear();
     PunteroCom<IUnknown> identidad;
     o->QueryInterface(IID_IUnknown, identidad.RecibirVoid());
     for (const IID& iid : {IID_IDispatch, IID__clsDatosArt, IID_ISupportErrorInfo}) {
         PunteroCom<IUnknown> otra;
         PunteroCom<IUnknown> vuelta;
-        Exigir(identidad->QueryInterface(iid, otra.RecibirVoid()) == S_OK, "QueryInterface");
-        Exigir(otra->QueryInterface(IID_IUnknown, vuelta.RecibirVoid()) == S_OK, "vuelta");
-        Exigir(vuelta.Get() == identidad.Get(), "una sola identidad");
+        EXPECT_EQ(S_OK, identidad->QueryInterface(iid, otra.RecibirVoid())) << "QueryInterface";
+        EXPECT_EQ(S_OK, otra->QueryInterface(IID_IUnknown, vuelta.RecibirVoid())) << "vuelta";
+        EXPECT_EQ(identidad.Get(), vuelta.Get()) << "una sola identidad";
     }
-    Exigir(Referencias(*o.Get()) == 2, "referencias de más");
+    EXPECT_EQ(2, Referencias(*o.Get())) << "referencias de más";
     PunteroCom<ISupportErrorInfo> errores;
     o->QueryInterface(IID_ISupportErrorInfo, errores.RecibirVoid());
-    Exigir(errores->InterfaceSupportsErrorInfo(IID__clsDatosArt) == S_OK, "da objetos de error");
-    Exigir(errores->InterfaceSupportsErrorInfo(kDesconocido) == S_FALSE, "no de una interfaz ajena");
+    EXPECT_EQ(S_OK, errores->InterfaceSupportsErrorInfo(IID__clsDatosArt)) << "da objetos de error";
+    EXPECT_EQ(S_FALSE, errores->InterfaceSupportsErrorInfo(kDesconocido)) << "no de una interfaz ajena";
 }
 
 PunteroCom<IClassFactory> Fabrica() {
@@ -65,32 +56,31 @@ PunteroCom<IClassFactory> Fabrica() {
     return fabrica;
 }
 
-void ProbarBloqueo() {
+TEST_F(Registrada, BloqueadaNoSeDescarga) {
     Fabrica()->LockServer(TRUE);
-    Exigir(SePuedeDescargar() == S_FALSE, "bloqueada, no se descarga");
+    EXPECT_EQ(S_FALSE, SePuedeDescargar()) << "bloqueada, no se descarga";
     Fabrica()->LockServer(FALSE);
-    Exigir(SePuedeDescargar() == S_OK, "desbloqueada");
+    EXPECT_EQ(S_OK, SePuedeDescargar()) << "desbloqueada";
 }
 
-/// A parent is loaded once, outlives its child, and has no connection of its own.
-void ProbarPadre(const Escena& escena) {
+TEST_F(Registrada, ElPadreEsUnoSobreviveYNoTieneConexion) {
     PunteroCom<::_clsDatosArt> padre;
-    const Caso* caso = escena.casos.data();
+    const Caso* caso = casos.data();
     while (caso->padre.empty()) ++caso;
     {
         const auto o = Preparar(escena, *caso);
         PunteroCom<::_clsDatosArt> antes;
         CargarPorRanura(*o.Get(), *caso);
-        Global().pasos = caso->pasosPadre;
+        escena.Poner(caso->pasosPadre);
         o->get_padre(antes.Recibir());
-        Exigir(o->get_padre(padre.Recibir()) == S_OK && padre.Get() == antes.Get(), "el padre es uno");
+        EXPECT_TRUE(o->get_padre(padre.Recibir()) == S_OK && padre.Get() == antes.Get()) << "el padre es uno";
     }
-    Exigir(Referencias(*padre.Get()) == 1 && SePuedeDescargar() == S_FALSE, "el padre queda sólo nuestro");
-    Exigir(CargarPorRanura(*padre.Get(), *caso).hr == kSinObjeto, "el padre no hereda la conexión");
+    EXPECT_TRUE(Referencias(*padre.Get()) == 1 && SePuedeDescargar() == S_FALSE) << "el padre queda sólo nuestro";
+    EXPECT_EQ(kSinObjeto, CargarPorRanura(*padre.Get(), *caso).hr) << "el padre no hereda la conexión";
 }
 
-/// Script hosts without Set assign objects as values; a parent that was put is the one that is read.
-void ProbarSinSet(const Escena& escena) {
+// As script hosts that have no Set do; a parent that was put is the one that is read.
+TEST_F(Registrada, ObjetosPuestosComoValores) {
     const auto o = Crear();
     const auto otro = Crear();
     const std::pair<DISPID, IDispatch*> objetos[] = {
@@ -99,11 +89,11 @@ void ProbarSinSet(const Escena& escena) {
         Variante valor(objeto);
         DISPID puesto = DISPID_PROPERTYPUT;
         DISPPARAMS dados{&valor.Get(), &puesto, 1, 1};
-        Exigir(o->Invoke(id, IID_NULL, 0, DISPATCH_PROPERTYPUT, &dados, nullptr, nullptr, nullptr) == S_OK,
-               "sin Set " + std::to_string(id));
+        EXPECT_TRUE(o->Invoke(id, IID_NULL, 0, DISPATCH_PROPERTYPUT, &dados, nullptr, nullptr, nullptr) == S_OK)
+            << "sin Set " + std::to_string(id);
     }
     PunteroCom<::_clsDatosArt> padre;
-    Exigir(o->get_padre(padre.Recibir()) == S_OK && padre.Get() == otro.Get(), "el padre puesto");
+    EXPECT_TRUE(o->get_padre(padre.Recibir()) == S_OK && padre.Get() == otro.Get()) << "el padre puesto";
 }
 
 /// Source and text of the thread's error object, which is taken from it.
@@ -117,8 +107,7 @@ std::string ErrorDelHilo() {
     return Utf8(origen.Get()) + "|" + Utf8(texto.Get());
 }
 
-/// The thread's error object and the record of a by-name call say the same.
-void ProbarErrores(const Escena& escena) {
+TEST_F(Registrada, ElErrorDelHiloYElDeLaLlamadaPorNombreDicenLoMismo) {
     const auto incompleta = Nuevo<EmpresaFalsa>();
     incompleta->falta = "CodEmpresaClientes";
     IDispatch* const conexion = escena.conexion.Get();
@@ -128,30 +117,32 @@ void ProbarErrores(const Escena& escena) {
         IDispatch* empresa;
         std::uint32_t numero;
         const char* error;
-    } casos[] = {
+    } errores[] = {
         {nullptr, empresa, 0x800A005B, "Variable de objeto no establecida: Conexion"},
         {conexion, nullptr, 0x800A005B, "Variable de objeto no establecida: cEmpresa"},
         {conexion, incompleta.Get(), 0x800A01B6, "cEmpresa no tiene CodEmpresaClientes"},
-        {conexion, empresa, 0x80040E14, "de más: |SELECT * FROM Clientes WHERE Cod_Empresa =1 AND Codigo =1|"},
+        {conexion, empresa, 0x80040E14, "bloqueo"},
     };
     Caso caso;
     caso.argumentos = {"C", "1", "1", "46000", "1", "0", "0"};
-    Global().pasos.clear();
-    for (const auto& c : casos) {
+    for (int vez = 1; vez <= 2; ++vez) {
+        escena.guion.EsperaConsulta("SELECT * FROM Clientes WHERE Cod_Empresa =1 AND Codigo =1");
+        escena.guion.YFalla(static_cast<HRESULT>(0x80040E14), "bloqueo");
+    }
+    for (const auto& c : errores) {
         const auto o = Crear();
         o->putref_Conexion(c.conexion);
         o->putref_cEmpresa(c.empresa);
         const Llamada ranura = CargarPorRanura(*o.Get(), caso);
         const std::string error = ErrorDelHilo();
-        Exigir(static_cast<std::uint32_t>(ranura.hr) == c.numero && ranura.valor == "3:0", c.error);
-        Exigir(error == std::string("clsCliente::Cargar|") + c.error, error + " en vez de " + c.error);
+        EXPECT_TRUE(static_cast<std::uint32_t>(ranura.hr) == c.numero && ranura.valor == "3:0") << c.error;
+        EXPECT_EQ(std::string("clsCliente::Cargar|") + c.error, error);
         const Llamada ll = PorNombre(*o.Get(), "Cargar", DISPATCH_METHOD, {1, 1, 46000, 1, 1, 2});
-        Exigir(ll.Fallo() == ranura.hr && ll.error == error, "por nombre: " + ll.error);
+        EXPECT_TRUE(ll.Fallo() == ranura.hr && ll.error == error) << ll.error;
     }
 }
 
-/// The calls that no host makes on purpose.
-void ProbarDesatinos() {
+TEST_F(Registrada, LlamadasQueNadieHaceAdrede) {
     const auto o = Crear();
     const auto fabrica = Fabrica();
     void* nadas[4] = {o.Get(), o.Get(), o.Get(), o.Get()};
@@ -168,7 +159,7 @@ void ProbarDesatinos() {
         const char* que;
         HRESULT hr;
         HRESULT esperado;
-    } casos[] = {
+    } llamadas[] = {
         {"Cargar a nulo", o->Cargar(1, 1, 46000, 1, 1, 2, CURRENCY{}, nullptr), E_POINTER},
         {"DevPvp a nulo", o->DevPvp(1, 46000, 0, nullptr), E_POINTER},
         {"interfaz desconocida", o->QueryInterface(kDesconocido, &nadas[0]), E_NOINTERFACE},
@@ -188,30 +179,19 @@ void ProbarDesatinos() {
         {"Invoke sin argumentos", invocar(IID_NULL, nullptr), E_INVALIDARG},
         {"Invoke con interfaz", invocar(kDesconocido, &sin), DISP_E_UNKNOWNINTERFACE},
     };
-    for (const auto& c : casos) Exigir(c.hr == c.esperado, c.que);
-    Exigir(precio.int64 == 0, "precio de un fallo");
-    for (const void* nada : nadas) Exigir(nada == nullptr, "nada que no se da");
-    Exigir(o->put_Descripcion(nullptr) == S_OK && Leer(*o.Get(), "Descripcion") == "10:", "texto nulo, vacío");
+    for (const auto& c : llamadas) EXPECT_EQ(c.esperado, c.hr) << c.que;
+    EXPECT_EQ(0, precio.int64) << "precio de un fallo";
+    PunteroCom<ITypeInfo> otra;
+    o->GetTypeInfo(0, 0, info.Recibir());
+    const ULONG antes = Referencias(*info.Get());
+    o->GetTypeInfo(0, 0, otra.Recibir());
+    EXPECT_EQ(antes + 1, Referencias(*info.Get())) << "cada descripción dada lleva su referencia";
+    for (const void* nada : nadas) EXPECT_EQ(nullptr, nada) << "nada que no se da";
+    EXPECT_TRUE(o->put_Descripcion(nullptr) == S_OK && Leer(*o.Get(), "Descripcion") == "10:") << "texto nulo, vacío";
 }
 
-/// Each member of the company is asked for under its own name.
-void ProbarEmpresa() {
-    const auto falsa = Nuevo<EmpresaFalsa>();
-    const EmpresaDispatch e(falsa.Get());
-    const char* const nombres[] = {"CodEmpresa",    "CodEmpresaArticulos", "CodEmpresaClientes", "CodEmpresaExtra",
-                                   "TarifaEmpresa", "DecPrecios",          "DecImportes",        "DecCostes"};
-    for (std::int16_t i = 0; const char* nombre : nombres) falsa->valores[nombre] = i++;
-    falsa->valores["VenderSinStock"] = true;
-    falsa->valores["CosteUltimaCompra"] = false;
-    const std::int16_t leidos[] = {
-        e.CodEmpresa(),    e.CodEmpresaArticulos(), e.CodEmpresaClientes(), e.CodEmpresaExtra(),
-        e.TarifaEmpresa(), e.DecPrecios(),          e.DecImportes(),        e.DecCostes()};
-    for (std::int16_t i = 0; const char* nombre : nombres) Exigir(leidos[i] == i, nombre), ++i;
-    Exigir(e.VenderSinStock() && !e.CosteUltimaCompra(), "VenderSinStock y CosteUltimaCompra");
-}
-
-/// Wine fills in what is missing and does not tell which argument is wrong, so the class itself is asked.
-void ProbarCompletos() {
+// Wine fills in what is missing and does not tell which argument is wrong, so the class itself is asked.
+TEST(ArgumentosCompletos, OptativoQueNoEstaOMarcadoComoAusente) {
     VARIANT importe{};
     importe.vt = VT_CY;
     VARIANT dados[7]{};
@@ -221,40 +201,26 @@ void ProbarCompletos() {
     DISPPARAMS siete{dados, nullptr, 7, 0};
     ArgumentosCompletos sin(seis, 6, importe);
     ArgumentosCompletos marcado(siete, 6, importe);
-    Exigir(sin.Get()->cArgs == 7 && sin.Get()->rgvarg[0].vt == VT_CY && sin.Situar(6) == 5, "optativo que no está");
-    Exigir(marcado.Get()->rgvarg[0].vt == VT_CY && marcado.Situar(6) == 6, "optativo marcado como ausente");
+    EXPECT_TRUE(sin.Get()->cArgs == 7 && sin.Get()->rgvarg[0].vt == VT_CY && sin.Situar(6) == 5)
+        << "optativo que no está";
+    EXPECT_TRUE(marcado.Get()->rgvarg[0].vt == VT_CY && marcado.Situar(6) == 6) << "optativo marcado como ausente";
 }
 
-/// Texts follow the user's decimal separator.
-void ProbarSeparador(const Escena& escena) {
+TEST_F(Registrada, LosTextosLlevanElSeparadorDelUsuario) {
     SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, L",");
     int conDecimales = 0;
-    for (const Caso& caso : escena.casos) {
-        const std::string& convenio = caso.propiedades.at("Convenio");
+    for (const Caso& caso : casos) {
+        std::string convenio = caso.propiedades.at("Convenio");
         const std::size_t punto = convenio.find('.');
         if (punto == std::string::npos || convenio.find("DTOS") != std::string::npos) continue;
         const auto o = Preparar(escena, caso);
         CargarPorRanura(*o.Get(), caso);
-        Exigir(Leer(*o.Get(), "Convenio") == std::string(convenio).replace(punto, 1, ","), "con coma " + convenio);
+        EXPECT_EQ(convenio.replace(punto, 1, ","), Leer(*o.Get(), "Convenio"));
         ++conDecimales;
     }
-    Exigir(conDecimales > 0, "alguna carga con decimales en su texto");
+    EXPECT_GT(conDecimales, 0);
     SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, L".");
 }
 
 }  // namespace
-
-void ProbarObjetos(const Escena& escena) {
-    ProbarReferencias(escena);
-    ProbarIdentidad();
-    ProbarBloqueo();
-    ProbarPadre(escena);
-    ProbarSinSet(escena);
-    ProbarErrores(escena);
-    ProbarDesatinos();
-    ProbarEmpresa();
-    ProbarCompletos();
-    ProbarSeparador(escena);
-}
-
 }  // namespace kv::prueba

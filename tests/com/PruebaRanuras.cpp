@@ -1,5 +1,4 @@
-
-#include "tests/com/Etapas.h"
+#include "tests/com/Registrada.h"
 
 // Every member of the interface: its description in the type library, its slot and its name.
 namespace kv::prueba {
@@ -53,9 +52,9 @@ PunteroCom<ITypeInfo> Descripcion(::_clsDatosArt& o) {
     PunteroCom<ITypeInfo> dual;
     PunteroCom<ITypeInfo> tabla;
     HREFTYPE referencia = 0;
-    Exigir(o.GetTypeInfo(0, 0, dual.Recibir()) == S_OK, "GetTypeInfo");
-    Exigir(dual->GetRefTypeOfImplType(static_cast<UINT>(-1), &referencia) == S_OK, "interfaz dual");
-    Exigir(dual->GetRefTypeInfo(referencia, tabla.Recibir()) == S_OK, "interfaz de la tabla");
+    EXPECT_EQ(S_OK, o.GetTypeInfo(0, 0, dual.Recibir()));
+    EXPECT_EQ(S_OK, dual->GetRefTypeOfImplType(static_cast<UINT>(-1), &referencia));
+    EXPECT_EQ(S_OK, dual->GetRefTypeInfo(referencia, tabla.Recibir()));
     return tabla;
 }
 
@@ -72,24 +71,26 @@ std::vector<Valor> Muestras(VARTYPE tipo) {
 
 /// The type library's own dispatcher goes through the slot that it describes.
 void ProbarPropiedad(::_clsDatosArt& o, const Miembro& m) {
-    for (const Valor& muestra : Muestras(m.tipo))
-        Exigir(Poner(o, m.nombre, muestra) == S_OK && Leer(o, m.nombre) == Codificar(muestra),
-               m.nombre + (" deja " + Leer(o, m.nombre)));
+    for (const Valor& muestra : Muestras(m.tipo)) {
+        EXPECT_EQ(S_OK, Poner(o, m.nombre, muestra)) << m.nombre;
+        EXPECT_EQ(Codificar(muestra), Leer(o, m.nombre)) << m.nombre;
+    }
 }
 
 /// Identifier, kind and slot of one function.
 void ProbarFuncion(ITypeInfo& info, UINT ranura, const Miembro& m, int clase) {
     FUNCDESC* f = nullptr;
-    const bool esta = info.GetFuncDesc(ranura, &f) == S_OK && f->memid == &m - kMiembros + 1 && f->invkind == clase &&
-                      f->oVft == static_cast<SHORT>((kHeredadas + ranura) * sizeof(void*));
-    Exigir(esta, std::string("función de ") + m.nombre);
-    if (clase == kMetodo) Exigir(Marcas(*f) == m.marcas, m.nombre + (": " + Marcas(*f)));
+    ASSERT_EQ(S_OK, info.GetFuncDesc(ranura, &f)) << m.nombre;
+    EXPECT_TRUE(f->memid == &m - kMiembros + 1 && f->invkind == clase &&
+                f->oVft == static_cast<SHORT>((kHeredadas + ranura) * sizeof(void*)))
+        << m.nombre;
+    if (clase == kMetodo) {
+        EXPECT_EQ(m.marcas, Marcas(*f)) << m.nombre;
+    }
     info.ReleaseFuncDesc(f);
 }
 
-}  // namespace
-
-void ProbarRanuras() {
+TEST_F(Registrada, CadaMiembroEnSuRanuraYPorSuNombre) {
     const auto o = Crear();
     const auto info = Descripcion(*o.Get());
     UINT ranura = 0;
@@ -99,7 +100,9 @@ void ProbarRanuras() {
             if ((m.clases & clase) != 0) ProbarFuncion(*info.Get(), ranura++, m, clase);
     }
     FUNCDESC* otra = nullptr;
-    Exigir(info->GetFuncDesc(ranura, &otra) != S_OK, "ninguna función más");
+    EXPECT_NE(S_OK, info->GetFuncDesc(ranura, &otra)) << "ninguna función más";
 }
+
+}  // namespace
 
 }  // namespace kv::prueba

@@ -6,12 +6,59 @@
 
 #include "component/clsDatosArt.h"
 #include "db/BibliotecaComun.h"
+#include "db/ConexionTrazada.h"
 #include "host/EmpresaTabla.h"
-#include "tests/com/ConexionGrabadora.h"
+#include "tests/com/Grabacion.h"
 #include "tests/comun/BaseDemo.h"
 
 namespace kv::prueba {
 namespace {
+
+/// Passes everything on to a real connection and writes down the queries with their first row and the procedures.
+class ConexionGrabadora : public ConexionTrazada {
+  public:
+    ConexionGrabadora(std::shared_ptr<Connection> real, std::ostream& salida)
+        : ConexionTrazada(real,
+                          [this](const auto& o) {
+                              if (o.clase == "Open") Grabar(o.texto);
+                          }),
+          real_(real),
+          salida_(salida) {}
+    std::unique_ptr<Command> CrearCommand() override { return std::make_unique<Orden>(*this); }
+
+  private:
+    void Grabar(std::string_view sql) {
+        std::unique_ptr<Recordset> rs;
+        AbrirLectura(rs, *real_, sql);
+        salida_ << "O\t" << sql << (rs->Eof() ? "" : "\nF");
+        for (std::int32_t i = 0; !rs->Eof() && i < rs->NumeroCampos(); ++i) {
+            const std::string nombre(rs->NombreCampo(i));
+            salida_ << '\t' << nombre << '\t' << Codificar(rs->Fields(nombre).Value());
+        }
+        salida_ << '\n';
+    }
+
+    struct Orden : Command {
+        explicit Orden(ConexionGrabadora& c) : real_(c.real_->CrearCommand()), salida_(c.salida_) {}
+        void Execute(kv::CommandType opciones) override {
+            salida_ << "P\t" << (real_->CommandText = CommandText) << '\n';
+            for (const Parameter& p : Parameters)
+                salida_ << "p\t" << p.Name << '\t' << static_cast<int>(p.Type) << '\t' << static_cast<int>(p.Direction)
+                        << '\t' << p.Size << '\t' << Codificar(p.Value) << '\n';
+            real_->CommandType = CommandType;
+            real_->CommandTimeout = CommandTimeout;
+            real_->Parameters = Parameters;
+            real_->Execute(opciones);
+            Parameters = real_->Parameters;
+            for (const Parameter& p : Parameters) salida_ << "s\t" << Codificar(p.Value) << '\n';
+        }
+        const std::unique_ptr<Command> real_;
+        std::ostream& salida_;
+    };
+
+    std::shared_ptr<Connection> real_;
+    std::ostream& salida_;
+};
 
 void EscribirEmpresa(std::ostream& salida, const kv::cEmpresa& e) {
     constexpr const char* kNombres[] = {
@@ -55,20 +102,21 @@ void Grabar(std::ostream& salida, clsDatosArt& a, int articulo, int cliente, Fec
 }  // namespace kv::prueba
 
 int main(int argc, char** argv) try {
+    using namespace kv::prueba;
     using namespace kv;
     if (argc != 2) return std::cerr << "uso: grabar SALIDA\n", 2;
     const Fecha hoy = Biblioteca().Hoy();
-    const prueba::BaseDePrueba base(prueba::BaseDePrueba::Datos::Demostracion, hoy);
+    const BaseDePrueba base(BaseDePrueba::Datos::Demostracion, hoy);
     const std::shared_ptr<Connection> real = base.Abrir();
     const auto empresa = std::make_shared<host::EmpresaTabla>(*real, std::int16_t{1});
     std::ofstream salida(argv[1]);
-    prueba::EscribirEmpresa(salida, *empresa);
+    EscribirEmpresa(salida, *empresa);
     for (int articulo = 99; articulo < 160; ++articulo)
         for (int cliente = 1; cliente <= 12; ++cliente) {
             clsDatosArt a;
-            a.Conexion(std::make_shared<prueba::ConexionGrabadora>(real, salida));
+            a.Conexion(std::make_shared<ConexionGrabadora>(real, salida));
             a.cEmpresa(empresa);
-            prueba::Grabar(salida, a, articulo, cliente, hoy);
+            Grabar(salida, a, articulo, cliente, hoy);
         }
     return salida.flush() ? 0 : 1;
 } catch (const std::exception& error) {

@@ -18,26 +18,24 @@ struct GuionScript : PorNombreFalso {
             resultado = Variante(Dato(nombre, dado)).Soltar();
     }
 
-    /// Abrir reads a recording and gives how many loads it has; Elegir takes one as what the connection answers next,
-    /// with the price after it. The others are what was recorded: the price is NULL when it failed.
+    /// Abrir reads a recording and gives how many loads it has; Elegir takes one as what the connection answers next.
+    /// The others are what was recorded. The price is NULL when it failed; otherwise what it asks comes next.
     Valor Dato(const std::string& nombre, const Valor& dado) {
-        if (nombre == "Abrir") return escena_.Abrir(AString(dado, '.').c_str()), Cuantos(escena_.casos);
-        if (nombre == "Elegir") Elegir(escena_.casos.at(static_cast<std::size_t>(ALong(dado))));
+        if (nombre == "Abrir") {
+            casos_ = LeerGrabacion(AString(dado, '.').c_str(), escena_.empresa->valores);
+            return static_cast<std::int32_t>(casos_.size());
+        }
+        if (nombre == "Elegir") escena_.Poner((caso_ = &casos_.at(static_cast<std::size_t>(ALong(dado))))->pasos);
         if (nombre == "Argumento") return caso_->Numero(static_cast<std::size_t>(ALong(dado)));
         if (nombre == "Esperado") return Decodificar(caso_->propiedades.at(AString(dado, '.')));
         if (nombre == "Estado") return static_cast<std::int16_t>(caso_->estado);
-        if (nombre == "Pendientes") return Cuantos(Global().pasos);
-        if (nombre == "Precio" && caso_->error == 0) return Currency::DeDiezmilesimas(std::stoll(caso_->precio));
-        return Nulo{};
+        if (nombre != "Precio" || caso_->error != 0) return Nulo{};
+        escena_.Poner(caso_->pasosPrecio);
+        return Currency::DeDiezmilesimas(std::stoll(caso_->precio));
     }
-    void Elegir(const Caso& caso) {
-        caso_ = &caso;
-        auto& pasos = Global().pasos = caso.pasos;
-        if (caso.error == 0) pasos.insert(pasos.end(), caso.pasosPrecio.begin(), caso.pasosPrecio.end());
-    }
-    static Valor Cuantos(const auto& lista) { return static_cast<std::int32_t>(lista.size()); }
 
     Escena escena_;
+    std::vector<Caso> casos_;
     const Caso* caso_ = nullptr;
 };
 

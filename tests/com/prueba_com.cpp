@@ -1,43 +1,27 @@
-// Runs under Wine: prueba_com cargas GRABACION | prueba_com claves | prueba_com manifiesto RUTA
+// Runs under Wine, each stage by its filter: Registrada needs the registered class and KV_GRABACION, SinRegistrar that
+// it is not registered and KV_MANIFIESTO. KV_ORIGEN names an ODBC data source over an empty SQLite file; without it
+// what needs one is skipped.
 
-#include "tests/com/Etapas.h"
+#include <gtest/gtest.h>
 
-namespace kv::prueba {
+#include "tests/com/AdoFalso.h"
+
 namespace {
 
-void ProbarRegistrada(const char* grabacion) {
-    {
-        Escena escena;
-        escena.Abrir(grabacion);
-        Exigir(escena.casos.size() >= 200, "al menos 200 cargas");
-        const long antes = Global().vivos;
-        ProbarRanuras();
-        ProbarCargas(escena);
-        ProbarObjetos(escena);
-        Exigir(Global().vivos == antes, "las referencias vuelven a cero");
-        std::cout << escena.casos.size() << " cargas; ";
+class SinRestos : public testing::EmptyTestEventListener {
+    void OnTestEnd(const testing::TestInfo& /*prueba*/) override {
+        EXPECT_EQ(0, kv::prueba::vivos) << "referencias sin soltar";
+        CoFreeUnusedLibrariesEx(0, 0);
+        EXPECT_EQ(nullptr, GetModuleHandleW(L"KVDatosArt.dll")) << "la DLL no se descarga";
     }
-    CoFreeUnusedLibrariesEx(0, 0);
-    Exigir(GetModuleHandleW(L"KVDatosArt.dll") == nullptr, "la DLL se descarga");
-}
+};
 
 }  // namespace
-}  // namespace kv::prueba
 
-int main(int argc, char** argv) try {
-    using namespace kv::prueba;
-    if (argc < 2 || FAILED(CoInitialize(nullptr))) return 2;
-    const std::string etapa = argv[1];
-    if (etapa == "cargas" && argc == 3)
-        ProbarRegistrada(argv[2]);
-    else if (etapa == "claves" && argc == 2)
-        ProbarClaves();
-    else if (etapa == "manifiesto" && argc == 3)
-        ProbarManifiesto(argv[2]);
-    else
-        return 2;
-    return Resumen();
-} catch (const std::exception& error) {
-    std::cout << "FALLA: " << error.what() << std::endl;
-    return 1;
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    testing::UnitTest::GetInstance()->listeners().Append(new SinRestos);
+    if (FAILED(CoInitialize(nullptr))) return 2;
+    const int fallo = RUN_ALL_TESTS();
+    return testing::UnitTest::GetInstance()->test_to_run_count() == 0 ? 2 : fallo;
 }

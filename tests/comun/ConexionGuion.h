@@ -39,6 +39,9 @@ class ConexionGuion : public Connection {
 
     ~ConexionGuion() override { Terminar(); }
 
+    /// A step made elsewhere.
+    Paso& Anadir(Paso paso) { return pasos_.emplace_back(std::move(paso)); }
+
     /// A query that returns `filas` (none: no row).
     Paso& EsperaConsulta(std::string_view texto, std::vector<std::string> columnas = {}, std::vector<Fila> filas = {}) {
         return Anadir({"Open", std::string(texto), std::move(columnas), std::move(filas)});
@@ -75,7 +78,6 @@ class ConexionGuion : public Connection {
     class RecordsetGuion;
     class CommandGuion;
 
-    Paso& Anadir(Paso paso) { return pasos_.emplace_back(std::move(paso)); }
     /// The next step when it is this operation with this text; a test failure and an exception otherwise.
     Paso Tomar(std::string_view operacion, std::string_view texto);
 

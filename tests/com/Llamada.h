@@ -3,25 +3,17 @@
 #include <windows.h>
 
 #include <deque>
-#include <iostream>
 #include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "KVDatosArt_h.h"
-#include "tests/com/AdoFalso.h"
+#include "db/ado/PunteroCom.h"
+#include "db/ado/Variante.h"
+#include "tests/com/Grabacion.h"
 
 namespace kv::prueba {
-
-inline int pasadas = 0;
-inline int fallidas = 0;
-
-/// Counts a check and shows those that fail with the last complaint of the fakes.
-inline void Exigir(bool bien, const std::string& que) {
-    ++(bien ? pasadas : fallidas);
-    if (!bien && fallidas < 20) std::cout << "FALLA: " << que << " " << Global().queja << std::endl;
-}
 
 /// A new object of the registered class.
 inline PunteroCom<::_clsDatosArt> Crear() {
@@ -30,8 +22,7 @@ inline PunteroCom<::_clsDatosArt> Crear() {
     HRESULT hr = CLSIDFromProgID(L"KVDatosArt.clsDatosArt", &clase);
     if (SUCCEEDED(hr))
         hr = CoCreateInstance(clase, nullptr, CLSCTX_INPROC_SERVER, IID__clsDatosArt, objeto.RecibirVoid());
-    Exigir(hr == S_OK, "creación por ProgID");
-    if (FAILED(hr)) throw std::runtime_error("no se crea el objeto");
+    if (FAILED(hr)) throw std::runtime_error("no se crea por su ProgID");
     return objeto;
 }
 
@@ -84,12 +75,6 @@ inline std::string Leer(IDispatch& o, const std::string& nombre) {
 
 inline HRESULT Poner(IDispatch& o, const std::string& nombre, const Valor& valor) {
     return PorNombre(o, nombre, DISPATCH_PROPERTYPUT, {}, {{DISPID_PROPERTYPUT, valor}}).hr;
-}
-
-/// Shows the counts; the exit code of the program.
-inline int Resumen() {
-    std::cout << pasadas << " passed, " << fallidas << " failed" << std::endl;
-    return fallidas == 0 ? 0 : 1;
 }
 
 }  // namespace kv::prueba

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "tests/com/Escena.h"
+#include "tests/com/Llamada.h"
+
+namespace kv::prueba {
+
+/// The registered class over the recording that KV_GRABACION names.
+class Registrada : public testing::Test {
+  protected:
+    static void SetUpTestSuite() { casos = LeerGrabacion(std::getenv("KV_GRABACION"), valores); }
+    Registrada() { escena.empresa->valores = valores; }
+
+    inline static std::vector<Caso> casos;
+    inline static std::map<std::string, Valor> valores;
+    Escena escena;
+};
+
+/// A new object with the scene's references and the variant of a case, whose load is what the connection answers next.
+inline PunteroCom<::_clsDatosArt> Preparar(Escena& escena, const Caso& caso) {
+    auto o = Crear();
+    EXPECT_EQ(S_OK, o->putref_Conexion(escena.conexion.Get()));
+    EXPECT_EQ(S_OK, o->putref_cEmpresa(escena.empresa.Get()));
+    o->put_CualidadX(static_cast<unsigned char>(caso.Numero(6)));
+    escena.Poner(caso.pasos);
+    return o;
+}
+
+/// Loads a case through the vtable.
+inline Llamada CargarPorRanura(::_clsDatosArt& o, const Caso& c) {
+    Llamada ll;
+    short estado = -1;
+    CURRENCY unidades;
+    unidades.int64 = c.Numero(5) * 10000LL;
+    ll.hr = o.Cargar(c.Numero(1), c.Numero(2), c.Numero(3), static_cast<short>(c.Numero(4)), 1, 2, unidades, &estado);
+    ll.valor = Codificar(std::int16_t{estado});
+    return ll;
+}
+
+}  // namespace kv::prueba
