@@ -16,13 +16,14 @@ desempaquetar() {
     cd "$destino"
     # A source without 32-bit packages is no obstacle.
     timeout 120 "${apt[@]}" update || true
-    timeout 300 "${apt[@]}" download wine32 libwine libc6 || return 1
+    timeout 300 "${apt[@]}" download wine32 libwine libc6 libgcc-s1 || return 1
     local paquete
     for paquete in ./*.deb; do dpkg-deb -x "$paquete" . || return 1; done
     rm -rf apt ./*.deb usr/lib/wine/wine-preloader
     local programa
+    # A search path of the old kind, which also serves what the C library itself loads later.
     for programa in wine wineserver32; do
-        patchelf --set-interpreter "$destino/lib/ld-linux.so.2" --set-rpath "$destino/lib/i386-linux-gnu" \
+        patchelf --set-interpreter "$destino/lib/ld-linux.so.2" --force-rpath --set-rpath "$destino/lib/i386-linux-gnu" \
             "usr/lib/wine/$programa" || return 1
     done
     touch listo
