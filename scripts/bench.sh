@@ -20,8 +20,9 @@ echo "== Movimientos de existencias, cada uno confirmado y de cien en cien"
 echo "== Sentencias por ODBC, por el adaptador y por la interfaz desnuda"
 export KV_POSTGRES=$PWD/postgres.cadena
 trap '"$raiz/scripts/postgres.sh" parar "$KV_POSTGRES"' EXIT
-"$raiz/scripts/postgres.sh" arrancar "$KV_POSTGRES"
-../release/bench/kv_bench_odbc | tee odbc.txt
+# On one processor with the server: where the system puts each of them would weigh more than the adapter.
+taskset -c 0 "$raiz/scripts/postgres.sh" arrancar "$KV_POSTGRES"
+taskset -c 0 ../release/bench/kv_bench_odbc | tee odbc.txt
 
 echo "== Instrucciones por carga (callgrind), adaptador y piso"
 ../release/bench/kv_bench_consultas --base instrucciones.kv 1000
