@@ -11,6 +11,7 @@
 #include "component/clsDatosArt.h"
 #include "db/ado/ConexionAdo.h"
 #include "db/ado/EmpresaDispatch.h"
+#include "db/ado/FabricaAdo.h"
 #include "tests/com/EmpresaFalsa.h"
 #include "tests/com/Llamada.h"
 #include "tests/comun/EmpresaFija.h"
@@ -140,26 +141,16 @@ double PorNombreMedida(const Escenario& e, const Caso& c) {
     return tiempo;
 }
 
-void CrearRecordset(PunteroCom<ado::Recordset>& rs) {
-    CoCreateInstance(ado::kClaseRecordset, nullptr, CLSCTX_INPROC_SERVER, ado::kRecordset[0], rs.RecibirVoid());
-}
-
-/// The recordsets of a load created and let go, no more.
-double SoloCreacion(const Escenario&, const Caso& c) {
-    return Cronometrar([&] {
-        for (std::size_t i = 0; i < c.pasos.size(); ++i) {
-            PunteroCom<ado::Recordset> rs;
-            CrearRecordset(rs);
-        }
-    });
+PunteroCom<ado::Recordset> CrearRecordset() {
+    static FabricaAdo<ado::Recordset> recordsets(ado::kClaseRecordset, ado::kRecordset);
+    return recordsets.Crear();
 }
 
 /// One query asked of the ADO-shaped objects directly.
 void Consultar(const ConexionGuion::Paso& paso, VARIANT activa, VARIANT texto, std::deque<Variante>::iterator& nombre) {
-    PunteroCom<ado::Recordset> rs;
+    const PunteroCom<ado::Recordset> rs = CrearRecordset();
     PunteroCom<ado::Fields> campos;
     VARIANT_BOOL fin = VARIANT_FALSE;
-    CrearRecordset(rs);
     rs->Open(texto, activa, 0, 1, 1);
     rs->get_EOF(&fin);
     if (!paso.filas.empty()) rs->get_Fields(campos.Recibir());
@@ -203,7 +194,6 @@ constexpr struct {
     const char* nombre;
     double (*carga)(const Escenario&, const Caso&);
 } kFormas[] = {{"nativa, desde la memoria", Nativa},
-               {"creación de los objetos, sola", SoloCreacion},
                {"objetos de prueba, solos", ObjetosSolos},
                {"componente y adaptador, sin la DLL", ConAdaptador},
                {"DLL, por ranura", PorRanura},

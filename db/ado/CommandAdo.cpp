@@ -4,7 +4,6 @@
 
 #include "base/RuntimeError.h"
 #include "db/Tokens.h"
-#include "db/ado/CrearAdo.h"
 #include "db/ado/ErrorCom.h"
 #include "db/ado/Variante.h"
 
@@ -56,7 +55,7 @@ void CommandAdo::Execute(kv::CommandType opciones) {
     else
         ExigirUnaSentencia(CommandText);
     OlvidarError();
-    auto comando = CrearAdo<ado::Command>(ado::kClaseCommand, ado::kCommand);
+    const auto comando = comandos_->Crear();
     Preparar(*comando.Get());
     PunteroCom<ado::Parameters> lista;
     Comprobar(comando->get_Parameters(lista.Recibir()), kOrigen);

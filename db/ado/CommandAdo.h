@@ -1,6 +1,9 @@
 #pragma once
 
+#include <memory>
+
 #include "db/Command.h"
+#include "db/ado/FabricaAdo.h"
 #include "db/ado/InterfacesAdo.h"
 #include "db/ado/PunteroCom.h"
 
@@ -10,7 +13,8 @@ namespace kv {
 /// delimited ([dbo].[nombre]); anything else in its place is error 5 and is not sent.
 class CommandAdo : public Command {
   public:
-    explicit CommandAdo(PunteroCom<ado::Connection> conexion) : conexion_(std::move(conexion)) {}
+    CommandAdo(PunteroCom<ado::Connection> conexion, std::shared_ptr<FabricaAdo<ado::Command>> comandos)
+        : conexion_(std::move(conexion)), comandos_(std::move(comandos)) {}
 
     void Execute(kv::CommandType opciones) override;
 
@@ -18,6 +22,7 @@ class CommandAdo : public Command {
     void Preparar(ado::Command& comando) const;
 
     PunteroCom<ado::Connection> conexion_;
+    std::shared_ptr<FabricaAdo<ado::Command>> comandos_;
 };
 
 }  // namespace kv

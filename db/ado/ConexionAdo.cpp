@@ -9,7 +9,8 @@
 
 namespace kv {
 
-ConexionAdo::ConexionAdo(IUnknown* objeto) {
+ConexionAdo::ConexionAdo(IUnknown* objeto)
+    : comandos_(std::make_shared<FabricaAdo<ado::Command>>(ado::kClaseCommand, ado::kCommand)) {
     for (const GUID& generacion : ado::kConnection)
         if (objeto->QueryInterface(generacion, conexion_.RecibirVoid()) == S_OK) return;
     LanzarError(kErrTipo, "Conexion no es una conexión ADO");
@@ -43,7 +44,7 @@ std::unique_ptr<Recordset> ConexionAdo::CrearRecordset() {
     return std::make_unique<RecordsetAdo>();
 }
 std::unique_ptr<Command> ConexionAdo::CrearCommand() {
-    return std::make_unique<CommandAdo>(conexion_);
+    return std::make_unique<CommandAdo>(conexion_, comandos_);
 }
 
 }  // namespace kv

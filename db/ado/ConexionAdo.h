@@ -1,8 +1,10 @@
 #pragma once
 
+#include <memory>
 #include <string_view>
 
 #include "db/Connection.h"
+#include "db/ado/FabricaAdo.h"
 #include "db/ado/InterfacesAdo.h"
 #include "db/ado/PunteroCom.h"
 
@@ -22,9 +24,14 @@ class ConexionAdo : public Connection {
     std::unique_ptr<Command> CrearCommand() override;
 
     ado::Connection* Nativa() const { return conexion_.Get(); }
+    /// An ADO recordset, closed and of no connection yet.
+    PunteroCom<ado::Recordset> CrearNativo() { return recordsets_.Crear(); }
 
   private:
     PunteroCom<ado::Connection> conexion_;
+    FabricaAdo<ado::Recordset> recordsets_{ado::kClaseRecordset, ado::kRecordset};
+    // Shared with the commands, which may outlive the connection.
+    std::shared_ptr<FabricaAdo<ado::Command>> comandos_;
 };
 
 }  // namespace kv

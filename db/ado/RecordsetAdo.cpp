@@ -3,7 +3,6 @@
 #include "base/RuntimeError.h"
 #include "db/Tokens.h"
 #include "db/ado/ConexionAdo.h"
-#include "db/ado/CrearAdo.h"
 #include "db/ado/ErrorCom.h"
 #include "db/ado/Variante.h"
 
@@ -15,7 +14,7 @@ void RecordsetAdo::Open(std::string_view source, Connection& conexion, CursorTyp
     auto* propia = dynamic_cast<ConexionAdo*>(&conexion);
     if (propia == nullptr) LanzarError(kErrLlamadaInvalida, "la conexión no es de ADO");
     OlvidarError();
-    if (!rs_) rs_ = CrearAdo<ado::Recordset>(ado::kClaseRecordset, ado::kRecordset);
+    if (!rs_) rs_ = propia->CrearNativo();
     campos_ = {};
     valores_.clear();
     Variante texto(source);

@@ -7,7 +7,7 @@
 #include <iostream>
 
 #include "db/ado/ConexionAdo.h"
-#include "db/ado/CrearAdo.h"
+#include "db/ado/FabricaAdo.h"
 #include "db/ado/Variante.h"
 #include "tests/comun/Errores.h"
 
@@ -21,7 +21,7 @@ void Omitir(const std::string& que) {
 }
 
 TEST(AdoDeWine, ConexionSentenciasYConsultas) {
-    const auto nativa = CrearAdo<ado::Connection>(kClaseConnection, ado::kConnection);
+    const auto nativa = FabricaAdo<ado::Connection>(kClaseConnection, ado::kConnection).Crear();
     ConexionAdo cn(nativa.Get());
     EsperarError(static_cast<HRESULT>(0x800A0E78), "", [&] { cn.Ejecutar("SELECT 1"); });
     const char* origen = std::getenv("KV_ORIGEN");
