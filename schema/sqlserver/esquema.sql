@@ -1,6 +1,6 @@
--- Tables and stored procedures of the production database. Can be run again: tables and indexes that exist stay as they
--- are, the procedures get their body anew and keep their permissions. Batches end with GO. Nothing here is newer than
--- SQL Server 2012. Days are datetime at midnight: older providers and drivers hand a date column over as text.
+-- Tables and stored procedures of the production database. Can be run again: a table that exists stays as it is, with
+-- its indexes, the procedures get their body anew and keep their permissions. Batches end with GO. Nothing here is newer
+-- than SQL Server 2012. Days are datetime at midnight: older providers and drivers hand a date column over as text.
 -- The database's collation must not tell letter case apart and must keep accents and the euro sign in varchar, as
 -- Modern_Spanish_CI_AS does: the suite names columns in mixed case and writes its texts without the N prefix.
 
@@ -45,6 +45,7 @@ GO
 
 -- Article catalogue.
 IF OBJECT_ID('Articulos', 'U') IS NULL
+BEGIN
 CREATE TABLE Articulos (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
@@ -84,9 +85,8 @@ CREATE TABLE Articulos (
     Mod_Ficha bit NOT NULL CONSTRAINT DF_Articulos_Mod_Ficha DEFAULT (0),
     CONSTRAINT PK_Articulos PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Articulos_Familias' AND object_id = OBJECT_ID('Articulos'))
 CREATE INDEX IX_Articulos_Familias ON Articulos (Cod_Empresa, Familia_1, Familia_2, Familia_3, Descripcion)
+END
 GO
 
 -- Tariffs and what they are called.
@@ -249,6 +249,7 @@ GO
 
 -- Customers.
 IF OBJECT_ID('Clientes', 'U') IS NULL
+BEGIN
 CREATE TABLE Clientes (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
@@ -357,15 +358,10 @@ CREATE TABLE Clientes (
     Factura_PedirVto bit NOT NULL CONSTRAINT DF_Clientes_Factura_PedirVto DEFAULT (0),
     CONSTRAINT PK_Clientes PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Clientes_Nombre' AND object_id = OBJECT_ID('Clientes'))
 CREATE INDEX IX_Clientes_Nombre ON Clientes (Cod_Empresa, Nombre)
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Clientes_Codigo' AND object_id = OBJECT_ID('Clientes'))
 CREATE INDEX IX_Clientes_Codigo ON Clientes (Codigo)
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Clientes_Padre' AND object_id = OBJECT_ID('Clientes'))
 CREATE INDEX IX_Clientes_Padre ON Clientes (Cod_Empresa, padre)
+END
 GO
 
 -- Telephones of a customer.
@@ -414,6 +410,7 @@ GO
 
 -- Notes on a customer, some of them pending until they are due.
 IF OBJECT_ID('Clientes_Notas', 'U') IS NULL
+BEGIN
 CREATE TABLE Clientes_Notas (
     Cod_Empresa smallint NOT NULL,
     Cod_Cliente int NOT NULL,
@@ -423,10 +420,8 @@ CREATE TABLE Clientes_Notas (
     Vencimiento datetime NOT NULL CONSTRAINT DF_Clientes_Notas_Vencimiento DEFAULT ('19000101'),
     CONSTRAINT PK_Clientes_Notas PRIMARY KEY CLUSTERED (Cod_Empresa, Cod_Cliente, Codigo)
 )
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Clientes_Notas_Pendientes'
-    AND object_id = OBJECT_ID('Clientes_Notas'))
 CREATE INDEX IX_Clientes_Notas_Pendientes ON Clientes_Notas (Cod_Empresa, Pendiente, Vencimiento)
+END
 GO
 
 -- Loyalty points that a customer won or spent.
@@ -454,6 +449,7 @@ GO
 
 -- Discounts of a group by family or article and by range of units; 0 to 0 is any quantity.
 IF OBJECT_ID('Clientes_Grp_Descuentos_Fam', 'U') IS NULL
+BEGIN
 CREATE TABLE Clientes_Grp_Descuentos_Fam (
     Cod_Empresa smallint NOT NULL,
     Cod_Grupo smallint NOT NULL,
@@ -470,15 +466,14 @@ CREATE TABLE Clientes_Grp_Descuentos_Fam (
         (Cod_Empresa, Cod_Grupo, Nivel, Familia_1, Familia_2, Familia_3, Cod_Articulo, Unidades_Min,
         Unidades_Max)
 )
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Clientes_Grp_Descuentos_Fam_Articulo'
-    AND object_id = OBJECT_ID('Clientes_Grp_Descuentos_Fam'))
 CREATE INDEX IX_Clientes_Grp_Descuentos_Fam_Articulo
     ON Clientes_Grp_Descuentos_Fam (Cod_Empresa, Cod_Grupo, Nivel, Cod_Articulo)
+END
 GO
 
 -- Discounts of a customer by family or article.
 IF OBJECT_ID('Descuentos_Familias', 'U') IS NULL
+BEGIN
 CREATE TABLE Descuentos_Familias (
     Codigo int NOT NULL CONSTRAINT DF_Descuentos_Familias_Codigo DEFAULT (0),
     Cod_Empresa smallint NOT NULL,
@@ -493,10 +488,8 @@ CREATE TABLE Descuentos_Familias (
     CONSTRAINT PK_Descuentos_Familias PRIMARY KEY CLUSTERED
         (Cod_Empresa, Cod_Cliente, Nivel, Familia_1, Familia_2, Familia_3, Cod_Articulo)
 )
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Descuentos_Familias_Articulo'
-    AND object_id = OBJECT_ID('Descuentos_Familias'))
 CREATE INDEX IX_Descuentos_Familias_Articulo ON Descuentos_Familias (Cod_Empresa, Cod_Cliente, Nivel, Cod_Articulo)
+END
 GO
 
 -- Agreements of a chain node for an article. A last day of 31/12/2050 is open-ended.
@@ -572,6 +565,7 @@ GO
 
 -- Prices agreed with a customer for an article between two days, both inclusive.
 IF OBJECT_ID('Clientes_Art_PVP', 'U') IS NULL
+BEGIN
 CREATE TABLE Clientes_Art_PVP (
     Cod_Empresa smallint NOT NULL,
     Cod_Cliente int NOT NULL,
@@ -582,14 +576,13 @@ CREATE TABLE Clientes_Art_PVP (
     CONSTRAINT PK_Clientes_Art_PVP PRIMARY KEY CLUSTERED
         (Cod_Empresa, Cod_Cliente, Cod_Articulo, Fecha_Inicial, Fecha_Final)
 )
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Clientes_Art_PVP_Articulo'
-    AND object_id = OBJECT_ID('Clientes_Art_PVP'))
 CREATE INDEX IX_Clientes_Art_PVP_Articulo ON Clientes_Art_PVP (Cod_Empresa, Cod_Articulo, Cod_Cliente, PVP)
+END
 GO
 
 -- Sales of an article to a customer by warehouse and day.
 IF OBJECT_ID('Clientes_Articulos', 'U') IS NULL
+BEGIN
 CREATE TABLE Clientes_Articulos (
     Cod_Empresa smallint NOT NULL,
     Cod_Almacen smallint NOT NULL,
@@ -601,10 +594,8 @@ CREATE TABLE Clientes_Articulos (
     Importe_Costo money NOT NULL CONSTRAINT DF_Clientes_Articulos_Importe_Costo DEFAULT (0),
     CONSTRAINT PK_Clientes_Articulos PRIMARY KEY CLUSTERED (Cod_Empresa, Cod_Almacen, Cod_Cliente, Cod_Articulo, Fecha)
 )
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Clientes_Articulos_Cliente'
-    AND object_id = OBJECT_ID('Clientes_Articulos'))
 CREATE INDEX IX_Clientes_Articulos_Cliente ON Clientes_Articulos (Cod_Empresa, Cod_Cliente)
+END
 GO
 
 -- Sales of an article to a customer by warehouse and day, kept apart for transfer.
@@ -661,6 +652,7 @@ GO
 
 -- Invoices.
 IF OBJECT_ID('Facturas', 'U') IS NULL
+BEGIN
 CREATE TABLE Facturas (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
@@ -669,13 +661,13 @@ CREATE TABLE Facturas (
     Total money NOT NULL CONSTRAINT DF_Facturas_Total DEFAULT (0),
     CONSTRAINT PK_Facturas PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Facturas_Cliente' AND object_id = OBJECT_ID('Facturas'))
 CREATE INDEX IX_Facturas_Cliente ON Facturas (Cod_Empresa, Cliente)
+END
 GO
 
 -- Invoices of former years.
 IF OBJECT_ID('Facturas_Ex', 'U') IS NULL
+BEGIN
 CREATE TABLE Facturas_Ex (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
@@ -684,13 +676,13 @@ CREATE TABLE Facturas_Ex (
     Total money NOT NULL CONSTRAINT DF_Facturas_Ex_Total DEFAULT (0),
     CONSTRAINT PK_Facturas_Ex PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Facturas_Ex_Cliente' AND object_id = OBJECT_ID('Facturas_Ex'))
 CREATE INDEX IX_Facturas_Ex_Cliente ON Facturas_Ex (Cod_Empresa, Cliente)
+END
 GO
 
 -- Delivery notes; Factura_Codigo 0 is not yet invoiced.
 IF OBJECT_ID('Albaranes_F', 'U') IS NULL
+BEGIN
 CREATE TABLE Albaranes_F (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
@@ -700,13 +692,13 @@ CREATE TABLE Albaranes_F (
     Factura_Codigo int NOT NULL CONSTRAINT DF_Albaranes_F_Factura_Codigo DEFAULT (0),
     CONSTRAINT PK_Albaranes_F PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Albaranes_F_Cliente' AND object_id = OBJECT_ID('Albaranes_F'))
 CREATE INDEX IX_Albaranes_F_Cliente ON Albaranes_F (Cod_Empresa, Cliente, Factura_Codigo, Total)
+END
 GO
 
 -- Workshop delivery notes.
 IF OBJECT_ID('AlbaranesST', 'U') IS NULL
+BEGIN
 CREATE TABLE AlbaranesST (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
@@ -715,13 +707,13 @@ CREATE TABLE AlbaranesST (
     Total money NOT NULL CONSTRAINT DF_AlbaranesST_Total DEFAULT (0),
     CONSTRAINT PK_AlbaranesST PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_AlbaranesST_Cliente' AND object_id = OBJECT_ID('AlbaranesST'))
 CREATE INDEX IX_AlbaranesST_Cliente ON AlbaranesST (Cod_Empresa, Cliente)
+END
 GO
 
 -- Workshop entries.
 IF OBJECT_ID('Entradas_ST', 'U') IS NULL
+BEGIN
 CREATE TABLE Entradas_ST (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
@@ -730,13 +722,13 @@ CREATE TABLE Entradas_ST (
     Total money NOT NULL CONSTRAINT DF_Entradas_ST_Total DEFAULT (0),
     CONSTRAINT PK_Entradas_ST PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Entradas_ST_Cliente' AND object_id = OBJECT_ID('Entradas_ST'))
 CREATE INDEX IX_Entradas_ST_Cliente ON Entradas_ST (Cod_Empresa, Cliente)
+END
 GO
 
 -- Customer orders.
 IF OBJECT_ID('Pedidos_Clientes', 'U') IS NULL
+BEGIN
 CREATE TABLE Pedidos_Clientes (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
@@ -745,14 +737,13 @@ CREATE TABLE Pedidos_Clientes (
     Total money NOT NULL CONSTRAINT DF_Pedidos_Clientes_Total DEFAULT (0),
     CONSTRAINT PK_Pedidos_Clientes PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Pedidos_Clientes_Cliente'
-    AND object_id = OBJECT_ID('Pedidos_Clientes'))
 CREATE INDEX IX_Pedidos_Clientes_Cliente ON Pedidos_Clientes (Cod_Empresa, Cod_Cliente)
+END
 GO
 
 -- Quotations.
 IF OBJECT_ID('Presup', 'U') IS NULL
+BEGIN
 CREATE TABLE Presup (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
@@ -761,13 +752,13 @@ CREATE TABLE Presup (
     Total money NOT NULL CONSTRAINT DF_Presup_Total DEFAULT (0),
     CONSTRAINT PK_Presup PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Presup_Cliente' AND object_id = OBJECT_ID('Presup'))
 CREATE INDEX IX_Presup_Cliente ON Presup (Cod_Empresa, Cliente)
+END
 GO
 
 -- Pro forma invoices.
 IF OBJECT_ID('Proformas', 'U') IS NULL
+BEGIN
 CREATE TABLE Proformas (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
@@ -776,13 +767,13 @@ CREATE TABLE Proformas (
     Total money NOT NULL CONSTRAINT DF_Proformas_Total DEFAULT (0),
     CONSTRAINT PK_Proformas PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_Proformas_Cliente' AND object_id = OBJECT_ID('Proformas'))
 CREATE INDEX IX_Proformas_Cliente ON Proformas (Cod_Empresa, Cliente)
+END
 GO
 
 -- Tickets of the points of sale.
 IF OBJECT_ID('TPV_Tickets', 'U') IS NULL
+BEGIN
 CREATE TABLE TPV_Tickets (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
@@ -791,9 +782,8 @@ CREATE TABLE TPV_Tickets (
     Total money NOT NULL CONSTRAINT DF_TPV_Tickets_Total DEFAULT (0),
     CONSTRAINT PK_TPV_Tickets PRIMARY KEY CLUSTERED (Cod_Empresa, Codigo)
 )
-GO
-IF NOT EXISTS (SELECT 1 FROM sys.indexes WHERE name = 'IX_TPV_Tickets_Cliente' AND object_id = OBJECT_ID('TPV_Tickets'))
 CREATE INDEX IX_TPV_Tickets_Cliente ON TPV_Tickets (Cod_Empresa, Cliente)
+END
 GO
 
 -- Work table of loose labels, by customer only.

@@ -24,7 +24,10 @@ produccion() {
     sentencias "$1/schema/sqlserver/esquema.sql" | sed -E "
         /^SET |^IF OBJECT_ID\('(\w+)', 'P'\) IS NULL EXEC \('CREATE PROCEDURE \1 AS RETURN 0'\)/d
         s/^IF OBJECT_ID\('(\w+)', 'U'\) IS NULL (CREATE TABLE \1 )/\2/
-        s/^IF NOT EXISTS \(SELECT 1 .* name = '(\w+)' .* OBJECT_ID\('(\w+)'\)\) (CREATE INDEX \1 ON \2 )/\3/
+        :indice
+        s/^(IF OBJECT_ID\('(\w+)', 'U'\) IS NULL BEGIN CREATE TABLE \2 .*) (CREATE INDEX IX_\2\w* ON \2 )/\1\n\3/
+        t indice
+        s/^IF OBJECT_ID\('(\w+)', 'U'\) IS NULL BEGIN (CREATE TABLE \1 .*) END$/\2/
         :tabla
         s/^(CREATE TABLE (\w+) .*)CONSTRAINT DF_\2_/\1DF /
         t tabla
