@@ -11,7 +11,7 @@
 namespace kv {
 
 ConexionOdbc::ConexionOdbc(const std::string& cadena, DialectoOdbc dialecto)
-    : interior_(std::make_shared<Interior>(cadena)) {
+    : interior_(std::make_shared<Interior>(cadena, dialecto)) {
     if (dialecto == DialectoOdbc::TransactSql) PrepararSesionTransactSql(*interior_);
 }
 

@@ -42,8 +42,8 @@ Asidero CrearEntorno() {
 
 }  // namespace
 
-ConexionOdbc::Interior::Interior(const std::string& cadena) try
-    : entorno_(CrearEntorno()), conexion_(SQL_HANDLE_DBC, entorno_.Get(), SQL_HANDLE_ENV) {
+ConexionOdbc::Interior::Interior(const std::string& cadena, DialectoOdbc dialecto) try
+    : entorno_(CrearEntorno()), conexion_(SQL_HANDLE_DBC, entorno_.Get(), SQL_HANDLE_ENV), dialecto_(dialecto) {
     // A driver that cannot limit the wait connects without a limit.
     SQLSetConnectAttrW(conexion_.Get(), SQL_ATTR_LOGIN_TIMEOUT, ComoAtributo(kEsperaConexion), 0);
     AAncho(cadena, ancho_);
@@ -110,8 +110,18 @@ void ConexionOdbc::Interior::Empezar() {
     enTransaccion_ = true;
 }
 
+void ConexionOdbc::Interior::AsegurarTransaccion() {
+    if (dialecto_ != DialectoOdbc::TransactSql) return;
+    try {
+        Ejecutar("IF @@TRANCOUNT = 0 BEGIN TRANSACTION");
+    } catch (const RuntimeError&) {
+        // The rollback itself tells what is wrong.
+    }
+}
+
 void ConexionOdbc::Interior::Terminar(SQLSMALLINT como) {
     if (!enTransaccion_) throw RuntimeError(kErrSinTransaccion, "ODBC", "No hay ninguna transacción abierta");
+    if (como == SQL_ROLLBACK) AsegurarTransaccion();
     const SQLRETURN resultado = SQLEndTran(SQL_HANDLE_DBC, conexion_.Get(), como);
     // A transaction that could not be committed is still there to be rolled back; after a rollback there is none,
     // whatever it says: the server may have ended it before.

@@ -15,7 +15,7 @@ namespace kv {
 /// Results are read whole before anything else is sent, so one statement handle serves every text.
 class ConexionOdbc::Interior {
   public:
-    explicit Interior(const std::string& cadena);
+    Interior(const std::string& cadena, DialectoOdbc dialecto);
     ~Interior() { Cerrar(); }
     Interior(const Interior&) = delete;
     Interior& operator=(const Interior&) = delete;
@@ -39,12 +39,16 @@ class ConexionOdbc::Interior {
     /// Sends the text; the cursor of sentencia_ is the caller's to close.
     void Enviar(std::string_view texto);
     void FijarAutocommit(SQLULEN valor);
+    /// A server that has ended the transaction on its own, as in a deadlock, refuses to roll it back, and a driver may
+    /// then keep autocommit off with nothing begun: it is given an empty transaction to roll back.
+    void AsegurarTransaccion();
 
     Asidero entorno_;
     Asidero conexion_;
     Asidero sentencia_;
     LectorResultado lector_;
     TextoAncho ancho_;
+    const DialectoOdbc dialecto_;
     bool abierta_ = false;
     bool enTransaccion_ = false;
     SQLUINTEGER autocommitHallado_ = SQL_AUTOCOMMIT_ON;

@@ -1,6 +1,7 @@
 #include "db/odbc/SesionTransactSql.h"
 
 #include <array>
+#include <string>
 
 #include "base/RuntimeError.h"
 
@@ -17,12 +18,18 @@ constexpr std::string_view kAjustes =
     "SET ANSI_NULL_DFLT_ON ON "
     "SET CONCAT_NULL_YIELDS_NULL ON "
     "SET CURSOR_CLOSE_ON_COMMIT OFF "
+    "SET NOCOUNT OFF "
+    "SET IMPLICIT_TRANSACTIONS OFF "
+    "SET XACT_ABORT OFF "
     "SET TEXTSIZE 2147483647 "
     "SET DATEFORMAT dmy";
 
 // The first day reads as another one under any other order, the second one as none.
 constexpr std::string_view kPrueba =
     "SELECT CAST('05/03/2001' AS datetime) AS Dia, CAST('13/02/2001' AS datetime) AS Otro, N'ñ €' AS Texto";
+
+// The date order of a server that takes the setting and does not heed it, being PostgreSQL below.
+constexpr std::string_view kOrdenDeDebajo = "SELECT set_config('datestyle', 'ISO, DMY', 'false')";
 // clang-format on
 
 [[noreturn]] void Rechazar(const std::string& motivo) {
@@ -39,10 +46,7 @@ void Intentar(const char* que, Accion&& accion) {
     }
 }
 
-}  // namespace
-
-void PrepararSesionTransactSql(ConexionOdbc::Interior& interior) {
-    Intentar("el servidor no admite los ajustes", [&] { interior.Ejecutar(kAjustes); });
+void Probar(ConexionOdbc::Interior& interior) {
     Resultado leido;
     Intentar("el servidor no lee las fechas como día/mes/año", [&] { interior.Consultar(kPrueba, leido); });
     if (leido.filas != 1 || leido.columnas->size() != 3) Rechazar("el servidor no contesta a la prueba de fechas");
@@ -53,6 +57,28 @@ void PrepararSesionTransactSql(ConexionOdbc::Interior& interior) {
     }
     const std::string texto = AString(leido.valores[2], ',');
     if (texto != "ñ €") Rechazar("los textos no vuelven como se envían: 'ñ €' llega como '" + texto + "'");
+}
+
+// Whether there was such an order to set.
+bool OrdenarPorDebajo(ConexionOdbc::Interior& interior) {
+    try {
+        interior.Ejecutar(kOrdenDeDebajo);
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+}  // namespace
+
+void PrepararSesionTransactSql(ConexionOdbc::Interior& interior) {
+    Intentar("el servidor no admite los ajustes", [&] { interior.Ejecutar(kAjustes); });
+    try {
+        Probar(interior);
+    } catch (const RuntimeError&) {
+        if (!OrdenarPorDebajo(interior)) throw;
+        Probar(interior);
+    }
 }
 
 }  // namespace kv

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <set>
 
+#include "db/Nombres.h"
 #include "host/EmpresaTabla.h"
 #include "schema/Esquema.h"
 #include "schema/Lotes.h"
@@ -35,7 +36,7 @@ void Respuestas::Filas(Recordset& rs) {
     for (; !rs.Eof(); rs.MoveNext()) {
         std::string fila;
         for (std::int32_t i = 0; i < rs.NumeroCampos(); ++i)
-            fila += std::string(rs.NombreCampo(i)) + " " + Texto(rs.Fields(rs.NombreCampo(i)).Value()) + ", ";
+            fila += Minusculas(rs.NombreCampo(i)) + " " + Texto(rs.Fields(rs.NombreCampo(i)).Value()) + ", ";
         (*this)("filas con " + fila, ++filas[fila]);
     }
 }
@@ -90,7 +91,7 @@ void Pareja::CompararTablas(Azar& azar) {
                 std::string fila;
                 for (const std::string& columna : clave) fila += AString(rs->Fields(columna).Value(), '.') + " ";
                 for (std::int32_t i = 0; i < rs->NumeroCampos(); ++i)
-                    r(fila + std::string(rs->NombreCampo(i)), rs->Fields(rs->NombreCampo(i)).Value());
+                    r(fila + Minusculas(rs->NombreCampo(i)), rs->Fields(rs->NombreCampo(i)).Value());
             }
         });
 }

@@ -20,6 +20,7 @@ enum Clase : unsigned { SqlBatch = 1, Rpc = 3, TransactionManager = 14, Login7 =
 enum Marca : unsigned { ReturnStatus = 0x79, ColMetadata = 0x81, Error = 0xAA, ReturnValue = 0xAC, LoginAck = 0xAD };
 enum MarcaFin : unsigned { Row = 0xD1, EnvChange = 0xE3, Done = 0xFD, DoneProc = 0xFE };
 enum Estado : unsigned { SinMas = 0, ConFallo = 2, ConCuenta = 16 };
+enum PeticionTransaccion : unsigned { kEmpezar = 5, kConfirmar = 7, kDeshacer = 8 };
 
 constexpr std::size_t kPaquete = 4096;
 constexpr std::size_t kCabecera = 8;
@@ -75,7 +76,7 @@ void Enviar(int cliente, std::string_view respuesta) {
 
 }  // namespace
 
-ServidorTds::ServidorTds(std::shared_ptr<Connection> base) : base_(std::move(base)) {
+ServidorTds::ServidorTds(std::shared_ptr<Connection> base, Fechas fechas) : base_(std::move(base)), fechas_(fechas) {
     sockaddr_in direccion{};
     direccion.sin_family = AF_INET;
     direccion.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
@@ -92,6 +93,11 @@ ServidorTds::~ServidorTds() {
     shutdown(escucha_, SHUT_RDWR);
     hilo_.join();
     close(escucha_);
+}
+
+std::string ServidorTds::Cadena(const std::string& controlador) const {
+    return "Driver=" + controlador + ";Server=127.0.0.1;Port=" + std::to_string(puerto_) +
+           ";TDS_Version=7.4;Database=tienda;UID=usuario;PWD=clave";
 }
 
 void ServidorTds::Atender() {
@@ -125,9 +131,17 @@ MensajeTds ServidorTds::Contestar(unsigned clase, std::string_view peticion) {
 }
 
 MensajeTds ServidorTds::Ejecutar(const std::string& texto) {
-    if (texto ==
-        "SELECT CAST('05/03/2001' AS datetime) AS Dia, CAST('13/02/2001' AS datetime) AS Otro, N'ñ €' AS Texto")
-        return Tabla(texto, {"Dia", "Otro", "Texto"}, {{Fecha::DeAmd(2001, 3, 5), Fecha::DeAmd(2001, 2, 13), "ñ €"}});
+    if (texto.starts_with("SELECT CAST('05/03/2001'") || texto.starts_with("SELECT set_config("))
+        return ProbarFechas(texto);
+    MensajeTds mensaje;
+    if (texto == "ROLLBACK TRANSACTION") {
+        Terminar(mensaje, kDeshacer);
+        return Fin(mensaje);
+    }
+    if (texto == "IF @@TRANCOUNT = 0 BEGIN TRANSACTION") {
+        if (!enTransaccion_) Empezar(mensaje);
+        return Fin(mensaje);
+    }
     // What the embedded database is asked instead: its tables count as made once they hold something.
     static const std::map<std::string, std::string> kEquivalentes = {
         {"SELECT TABLE_NAME FROM INFORMATION_SCHEMA.TABLES WHERE TABLE_TYPE = 'BASE TABLE'",
@@ -152,6 +166,14 @@ MensajeTds ServidorTds::Ejecutar(const std::string& texto) {
         for (const std::string& columna : columnas) fila.push_back(rs->Fields(columna).Value());
     }
     return Tabla(texto, columnas, filas);
+}
+
+MensajeTds ServidorTds::ProbarFechas(const std::string& texto) {
+    if (texto == "SELECT set_config('datestyle', 'ISO, DMY', 'false')" && fechas_ == Fechas::PorDebajo)
+        fechas_ = Fechas::Obedece;
+    else if (fechas_ != Fechas::Obedece)
+        throw RuntimeError(242, "servidor", "no es una fecha, o no es una función: " + texto);
+    return Tabla(texto, {"Dia", "Otro", "Texto"}, {{Fecha::DeAmd(2001, 3, 5), Fecha::DeAmd(2001, 2, 13), "ñ €"}});
 }
 
 TipoTds ServidorTds::TipoDeColumna(const std::string& texto, const std::string& columna, std::size_t posicion,
@@ -215,32 +237,35 @@ MensajeTds ServidorTds::Llamar(LecturaTds& lectura) {
 }
 
 MensajeTds ServidorTds::CambiarTransaccion(LecturaTds& lectura) {
-    constexpr unsigned kEmpezar = 5;
-    constexpr unsigned kConfirmar = 7;
-    constexpr unsigned kDeshacer = 8;
-    // The number of the transaction that begins, or of the one that ends, as the driver has to know it.
-    const std::string numero("\x08\1\0\0\0\0\0\0\0", 9);
-    const std::string nada(1, '\0');
     const auto peticion = static_cast<unsigned>(lectura.Numero(2));
     bool empieza = peticion == kEmpezar;
     MensajeTds mensaje;
     if (!empieza) {
-        if (peticion == kConfirmar)
-            base_->CommitTrans();
-        else if (peticion == kDeshacer)
-            base_->RollbackTrans();
-        else
-            throw std::runtime_error("petición de transacción " + std::to_string(peticion));
-        mensaje.Parte(EnvChange, MensajeTds().Numero(peticion + 2, 1).Octetos(nada + numero));
+        Terminar(mensaje, peticion);
         // The driver may ask for the next transaction in the same message.
         lectura.Texto(lectura.Numero(1));
         empieza = lectura.Numero(1) != 0;
     }
-    if (empieza) {
-        base_->BeginTrans();
-        mensaje.Parte(EnvChange, MensajeTds().Numero(8, 1).Octetos(numero + nada));
-    }
+    if (empieza) Empezar(mensaje);
     return Fin(mensaje);
+}
+
+void ServidorTds::Empezar(MensajeTds& mensaje) {
+    base_->BeginTrans();
+    enTransaccion_ = true;
+    // The number by which the driver has to know it.
+    mensaje.Parte(EnvChange, MensajeTds().Numero(8, 1).Octetos({"\x08\1\0\0\0\0\0\0\0\0", 10}));
+}
+
+void ServidorTds::Terminar(MensajeTds& mensaje, unsigned peticion) {
+    if (peticion == kConfirmar)
+        base_->CommitTrans();
+    else if (peticion == kDeshacer)
+        base_->RollbackTrans();
+    else
+        throw std::runtime_error("petición de transacción " + std::to_string(peticion));
+    enTransaccion_ = false;
+    mensaje.Parte(EnvChange, MensajeTds().Numero(peticion + 2, 1).Octetos({"\0\x08\1\0\0\0\0\0\0\0", 10}));
 }
 
 }  // namespace kv::prueba

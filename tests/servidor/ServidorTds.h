@@ -16,12 +16,16 @@ namespace kv::prueba {
 /// component has no reason to send ends the conversation; Queja says why.
 class ServidorTds {
   public:
-    explicit ServidorTds(std::shared_ptr<Connection> base);
+    /// How it reads dates: as SET DATEFORMAT says; as month/day/year whatever that says, until the database below it is
+    /// told; or always so.
+    enum class Fechas { Obedece, PorDebajo, SiempreMesDia };
+
+    explicit ServidorTds(std::shared_ptr<Connection> base, Fechas fechas = Fechas::Obedece);
     ~ServidorTds();
     ServidorTds(const ServidorTds&) = delete;
     ServidorTds& operator=(const ServidorTds&) = delete;
 
-    int Puerto() const { return puerto_; }
+    std::string Cadena(const std::string& controlador) const;
     /// What went against the protocol; empty when nothing did. To be read once the client has left.
     const std::string& Queja() const { return queja_; }
 
@@ -33,12 +37,18 @@ class ServidorTds {
     MensajeTds Ejecutar(const std::string& texto);
     MensajeTds Llamar(LecturaTds& lectura);
     MensajeTds CambiarTransaccion(LecturaTds& lectura);
+    /// The transaction that begins, or ends with the number of a request, and what tells the driver.
+    void Empezar(MensajeTds& mensaje);
+    void Terminar(MensajeTds& mensaje, unsigned peticion);
+    MensajeTds ProbarFechas(const std::string& texto);
     MensajeTds Tabla(const std::string& texto, const std::vector<std::string>& columnas, const Filas& filas) const;
     TipoTds TipoDeColumna(const std::string& texto, const std::string& columna, std::size_t posicion,
                           const Filas& filas) const;
 
     std::shared_ptr<Connection> base_;
     std::map<std::string, std::vector<ColumnaTds>> objetos_ = ObjetosDelEsquema();
+    Fechas fechas_;
+    bool enTransaccion_ = false;
     std::string queja_;
     int puerto_ = 0;
     int escucha_ = -1;
