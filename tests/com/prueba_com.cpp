@@ -3,6 +3,10 @@
 // what needs one is skipped.
 
 #include <gtest/gtest.h>
+#include <windows.h>
+
+#include <cstdlib>
+#include <iostream>
 
 #include "tests/com/AdoFalso.h"
 
@@ -16,9 +20,16 @@ class SinRestos : public testing::EmptyTestEventListener {
     }
 };
 
+// Wine's debugger now and then leaves 0 as the code of a program that broke down.
+LONG WINAPI Romperse(EXCEPTION_POINTERS* /*que*/) {
+    std::cerr << "se rompe en " << testing::UnitTest::GetInstance()->current_test_info()->name() << std::endl;
+    _exit(3);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    SetUnhandledExceptionFilter(Romperse);
     testing::InitGoogleTest(&argc, argv);
     testing::UnitTest::GetInstance()->listeners().Append(new SinRestos);
     if (FAILED(CoInitialize(nullptr))) return 2;
