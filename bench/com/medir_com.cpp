@@ -12,7 +12,7 @@
 #include "db/ado/ConexionAdo.h"
 #include "db/ado/EmpresaDispatch.h"
 #include "db/ado/FabricaAdo.h"
-#include "tests/com/EmpresaFalsa.h"
+#include "tests/com/Escena.h"
 #include "tests/com/Llamada.h"
 #include "tests/comun/EmpresaFija.h"
 
@@ -58,7 +58,8 @@ double Cronometrar(Funcion&& funcion) {
 }
 
 void Exigir(int estado, const Caso& c) {
-    if (estado != c.estado) throw std::runtime_error("una carga no da el estado grabado");
+    if (Decodificar(c.dado.at("Estado")) != Valor(static_cast<std::int16_t>(estado)))
+        throw std::runtime_error("una carga no da el estado grabado");
 }
 
 /// The component inside this program, over a connection and a company of any kind. Microseconds of one load.
@@ -93,12 +94,12 @@ std::shared_ptr<EmpresaFija> EmpresaGrabada(std::map<std::string, Valor>& valore
 
 double Nativa(const Escenario& e, const Caso& c) {
     static const auto empresa = EmpresaGrabada(e.empresa->valores);
-    return CargaNativa(c, std::make_shared<ConexionRepetida>(c.pasos), empresa);
+    return CargaNativa(c, std::make_shared<ConexionRepetida>(c.partes[0]), empresa);
 }
 
 /// The component inside this program over the ADO-shaped objects: all but the DLL's own boundary.
 double ConAdaptador(const Escenario& e, const Caso& c) {
-    e.Poner(c.pasos);
+    e.Poner(c.partes[0]);
     return CargaNativa(c, std::make_shared<ConexionAdo>(e.conexion.Get()),
                        std::make_shared<EmpresaDispatch>(e.empresa.Get()));
 }
@@ -108,7 +109,7 @@ PunteroCom<::_clsDatosArt> Preparado(const Escenario& e, const Caso& c, const Ar
     o->putref_Conexion(e.conexion.Get());
     o->putref_cEmpresa(e.empresa.Get());
     o->put_CualidadX(a.cualidadX);
-    e.Poner(c.pasos);
+    e.Poner(c.partes[0]);
     return o;
 }
 
@@ -169,7 +170,7 @@ double ObjetosSolos(const Escenario& e, const Caso& c) {
     Pasos consultas;
     std::deque<Variante> textos;
     std::deque<Variante> nombres;
-    for (const ConexionGuion::Paso& p : c.pasos) {
+    for (const ConexionGuion::Paso& p : c.partes[0]) {
         if (p.operacion != "Open") continue;
         consultas.push_back(p);
         textos.emplace_back(std::string_view(p.texto));
@@ -228,7 +229,7 @@ int Principal(const char* grabacion, int vueltas) {
     Escenario e;
     *e.empresa.Recibir() = new EmpresaFalsa;
     *e.conexion.Recibir() = new ConexionFalsa(*e.repetida, ado::kConnection[0]);
-    e.casos = LeerGrabacion(grabacion, e.empresa->valores);
+    e.casos = LeerGrabacion(grabacion);
     const auto retenida = Crear();  // keeps the DLL loaded
     Medir(e, vueltas);
     return 0;

@@ -3,7 +3,7 @@
 #include "db/Tokens.h"
 #include "db/ado/ConexionAdo.h"
 #include "db/ado/EmpresaDispatch.h"
-#include "tests/com/EmpresaFalsa.h"
+#include "tests/com/Escena.h"
 #include "tests/comun/ConexionGuion.h"
 #include "tests/comun/Errores.h"
 

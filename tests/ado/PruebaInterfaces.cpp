@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <cstring>
 #include <type_traits>
+#include <utility>
 
 #include "db/ado/InterfacesAdo.h"
 
@@ -41,31 +42,24 @@ bool MismaRanura(HRESULT (STDMETHODCALLTYPE Nuestra::*nuestro)(A...), HRESULT (S
 }
 
 TEST(InterfacesAdo, CadaRanuraEsLaDeLaPlataforma) {
-    EXPECT_TRUE(MismaRanura(&ado::Field::get_Name, &::Field::get_Name));
-    EXPECT_TRUE(MismaRanura(&ado::Field::get_Value, &::Field::get_Value));
-    EXPECT_TRUE(MismaRanura(&ado::Fields::get_Count, &::Fields::get_Count));
-    EXPECT_TRUE(MismaRanura(&ado::Fields::get_Item, &::Fields::get_Item));
-    EXPECT_TRUE(MismaRanura(&ado::Connection::Execute, &::_Connection::Execute));
-    EXPECT_TRUE(MismaRanura(&ado::Connection::BeginTrans, &::_Connection::BeginTrans));
-    EXPECT_TRUE(MismaRanura(&ado::Connection::CommitTrans, &::_Connection::CommitTrans));
-    EXPECT_TRUE(MismaRanura(&ado::Connection::RollbackTrans, &::_Connection::RollbackTrans));
-    EXPECT_TRUE(MismaRanura(&ado::Connection::Open, &::_Connection::Open));
-    EXPECT_TRUE(MismaRanura(&ado::Connection::get_State, &::_Connection::get_State));
-    EXPECT_TRUE(MismaRanura(&ado::Recordset::get_EOF, &::_Recordset::get_EOF));
-    EXPECT_TRUE(MismaRanura(&ado::Recordset::get_Fields, &::_Recordset::get_Fields));
-    EXPECT_TRUE(MismaRanura(&ado::Recordset::Close, &::_Recordset::Close));
-    EXPECT_TRUE(MismaRanura(&ado::Recordset::MoveNext, &::_Recordset::MoveNext));
-    EXPECT_TRUE(MismaRanura(&ado::Recordset::Open, &::_Recordset::Open));
-    EXPECT_TRUE(MismaRanura(&ado::Recordset::get_State, &::_Recordset::get_State));
-    EXPECT_TRUE(MismaRanura(&ado::Parameter::get_Value, &::_Parameter::get_Value));
-    EXPECT_TRUE(MismaRanura(&ado::Parameters::Append, &::Parameters::Append));
-    EXPECT_TRUE(MismaRanura(&ado::Command::putref_ActiveConnection, &::_Command::putref_ActiveConnection));
-    EXPECT_TRUE(MismaRanura(&ado::Command::put_CommandText, &::_Command::put_CommandText));
-    EXPECT_TRUE(MismaRanura(&ado::Command::put_CommandTimeout, &::_Command::put_CommandTimeout));
-    EXPECT_TRUE(MismaRanura(&ado::Command::Execute, &::_Command::Execute));
-    EXPECT_TRUE(MismaRanura(&ado::Command::CreateParameter, &::_Command::CreateParameter));
-    EXPECT_TRUE(MismaRanura(&ado::Command::get_Parameters, &::_Command::get_Parameters));
-    EXPECT_TRUE(MismaRanura(&ado::Command::put_CommandType, &::_Command::put_CommandType));
+#define IGUAL(nuestra, suya, miembro) {#nuestra "::" #miembro, MismaRanura(&ado::nuestra::miembro, &::suya::miembro)}
+    // clang-format off
+    const std::pair<const char*, bool> ranuras[] = {
+        IGUAL(Field, Field, get_Name), IGUAL(Field, Field, get_Value), IGUAL(Fields, Fields, get_Count),
+        IGUAL(Fields, Fields, get_Item), IGUAL(Connection, _Connection, Execute),
+        IGUAL(Connection, _Connection, BeginTrans), IGUAL(Connection, _Connection, CommitTrans),
+        IGUAL(Connection, _Connection, RollbackTrans), IGUAL(Connection, _Connection, Open),
+        IGUAL(Connection, _Connection, get_State), IGUAL(Recordset, _Recordset, get_EOF),
+        IGUAL(Recordset, _Recordset, get_Fields), IGUAL(Recordset, _Recordset, Close),
+        IGUAL(Recordset, _Recordset, MoveNext), IGUAL(Recordset, _Recordset, Open),
+        IGUAL(Recordset, _Recordset, get_State), IGUAL(Parameter, _Parameter, get_Value),
+        IGUAL(Parameters, Parameters, Append), IGUAL(Command, _Command, putref_ActiveConnection),
+        IGUAL(Command, _Command, put_CommandText), IGUAL(Command, _Command, put_CommandTimeout),
+        IGUAL(Command, _Command, Execute), IGUAL(Command, _Command, CreateParameter),
+        IGUAL(Command, _Command, get_Parameters), IGUAL(Command, _Command, put_CommandType)};
+    // clang-format on
+#undef IGUAL
+    for (const auto& [ranura, igual] : ranuras) EXPECT_TRUE(igual) << ranura;
 }
 
 // Every second one is what Windows gives the interface since its 64-bit types were put right, as the compiler's own

@@ -1,13 +1,59 @@
 #pragma once
 
-#include "tests/com/EmpresaFalsa.h"
+#include <map>
+
+#include "tests/com/AdoFalso.h"
 #include "tests/com/Grabacion.h"
 
 namespace kv::prueba {
 
+/// An object called by name alone: a name gets its identifier when it is asked for, and `falta` never does.
+struct PorNombreFalso : Falso<IDispatch> {
+    using Falso::Falso;
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* nombres, UINT, LCID, DISPID* ids) override {
+        ++llamadas;
+        Cadena nombre;
+        *nombre.Recibir() = SysAllocString(nombres[0]);
+        nombres_.push_back(Utf8(nombre.Get()));
+        ++preguntas[nombres_.back()];
+        *ids = static_cast<DISPID>(nombres_.size());
+        return nombres_.back() == falta ? DISP_E_UNKNOWNNAME : S_OK;
+    }
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* dados, VARIANT* resultado, EXCEPINFO*,
+                        UINT*) override {
+        ++llamadas;
+        Variante dado;
+        if (dados->cArgs > 0) VariantCopyInd(&dado.Get(), &dados->rgvarg[0]);
+        Variante leido;
+        Leer(nombres_[static_cast<std::size_t>(id) - 1], dado.AValor(), leido.Get());
+        if (resultado != nullptr) *resultado = leido.Soltar();
+        return S_OK;
+    }
+    /// What a member gives for its one argument, NULL without any.
+    virtual void Leer(const std::string& nombre, const Valor& dado, VARIANT& resultado) = 0;
+
+    std::vector<std::string> nombres_;
+    std::map<std::string, int> preguntas;
+    std::string falta;
+};
+
+/// The demonstration's company, with which loads are recorded; a numbered member's value is under its name and number.
+struct EmpresaFalsa : PorNombreFalso {
+    void Leer(const std::string& nombre, const Valor& dado, VARIANT& resultado) override {
+        resultado = Variante(valores[nombre + (EsNulo(dado) ? "" : AString(dado, '.'))]).Soltar();
+    }
+    // clang-format off
+    std::map<std::string, Valor> valores = {
+        {"CodEmpresa", 1}, {"CodEmpresaArticulos", 1}, {"CodEmpresaClientes", 1}, {"CodEmpresaExtra", 1},
+        {"TarifaEmpresa", 1}, {"VenderSinStock", false}, {"CosteUltimaCompra", false}, {"DecPrecios", 2},
+        {"DecImportes", 2}, {"DecCostes", 4}, {"Parametro1", "Familia"}, {"Parametro2", "Subfamilia"},
+        {"CaptionFamilia0", "Sección"}, {"CaptionFamilia1", "Familia"}, {"CaptionFamilia2", "Subfamilia"}};
+    // clang-format on
+};
+
 /// A recording's company, a connection that answers from a script and classes of ADO, all fakes.
 struct Escena {
-    /// The load is what the connection answers next.
+    /// What the connection answers next.
     void Poner(const Pasos& pasos) {
         for (const ConexionGuion::Paso& paso : pasos) guion.Anadir(paso);
     }

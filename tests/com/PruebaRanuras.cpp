@@ -82,11 +82,9 @@ void ProbarFuncion(ITypeInfo& info, UINT ranura, const Miembro& m, int clase) {
     FUNCDESC* f = nullptr;
     ASSERT_EQ(S_OK, info.GetFuncDesc(ranura, &f)) << m.nombre;
     EXPECT_TRUE(f->memid == &m - kMiembros + 1 && f->invkind == clase &&
-                f->oVft == static_cast<SHORT>((kHeredadas + ranura) * sizeof(void*)))
-        << m.nombre;
-    if (clase == kMetodo) {
-        EXPECT_EQ(m.marcas, Marcas(*f)) << m.nombre;
-    }
+                f->oVft == static_cast<SHORT>((kHeredadas + ranura) * sizeof(void*)) &&
+                (clase != kMetodo || m.marcas == Marcas(*f)))
+        << m.nombre << ": " << Marcas(*f);
     info.ReleaseFuncDesc(f);
 }
 
@@ -104,5 +102,4 @@ TEST_F(Registrada, CadaMiembroEnSuRanuraYPorSuNombre) {
 }
 
 }  // namespace
-
 }  // namespace kv::prueba

@@ -12,11 +12,9 @@ namespace kv::prueba {
 /// The registered class over the recording that KV_GRABACION names.
 class Registrada : public testing::Test {
   protected:
-    static void SetUpTestSuite() { casos = LeerGrabacion(std::getenv("KV_GRABACION"), valores); }
-    Registrada() { escena.empresa->valores = valores; }
+    static void SetUpTestSuite() { casos = LeerGrabacion(std::getenv("KV_GRABACION")); }
 
     inline static std::vector<Caso> casos;
-    inline static std::map<std::string, Valor> valores;
     Escena escena;
 };
 
@@ -26,7 +24,7 @@ inline PunteroCom<::_clsDatosArt> Preparar(Escena& escena, const Caso& caso) {
     EXPECT_EQ(S_OK, o->putref_Conexion(escena.conexion.Get()));
     EXPECT_EQ(S_OK, o->putref_cEmpresa(escena.empresa.Get()));
     o->put_CualidadX(static_cast<unsigned char>(caso.Numero(6)));
-    escena.Poner(caso.pasos);
+    escena.Poner(caso.partes[0]);
     return o;
 }
 

@@ -2,7 +2,6 @@
 
 #include <fstream>
 #include <iostream>
-#include <iterator>
 
 #include "component/clsDatosArt.h"
 #include "db/BibliotecaComun.h"
@@ -41,16 +40,16 @@ class ConexionGrabadora : public ConexionTrazada {
     struct Orden : Command {
         explicit Orden(ConexionGrabadora& c) : real_(c.real_->CrearCommand()), salida_(c.salida_) {}
         void Execute(kv::CommandType opciones) override {
-            salida_ << "P\t" << (real_->CommandText = CommandText) << '\n';
-            for (const Parameter& p : Parameters)
-                salida_ << "p\t" << p.Name << '\t' << static_cast<int>(p.Type) << '\t' << static_cast<int>(p.Direction)
-                        << '\t' << p.Size << '\t' << Codificar(p.Value) << '\n';
+            real_->CommandText = CommandText;
             real_->CommandType = CommandType;
             real_->CommandTimeout = CommandTimeout;
             real_->Parameters = Parameters;
             real_->Execute(opciones);
+            salida_ << "P\t" << CommandText << '\n';
+            for (auto dado = Parameters.begin(); const Parameter& p : real_->Parameters)
+                salida_ << "p\t" << p.Name << '\t' << static_cast<int>(p.Type) << '\t' << static_cast<int>(p.Direction)
+                        << '\t' << p.Size << '\t' << Codificar((dado++)->Value) << '\t' << Codificar(p.Value) << '\n';
             Parameters = real_->Parameters;
-            for (const Parameter& p : Parameters) salida_ << "s\t" << Codificar(p.Value) << '\n';
         }
         const std::unique_ptr<Command> real_;
         std::ostream& salida_;
@@ -59,19 +58,6 @@ class ConexionGrabadora : public ConexionTrazada {
     std::shared_ptr<Connection> real_;
     std::ostream& salida_;
 };
-
-void EscribirEmpresa(std::ostream& salida, const kv::cEmpresa& e) {
-    constexpr const char* kNombres[] = {
-        "CodEmpresa",     "CodEmpresaArticulos", "CodEmpresaClientes", "CodEmpresaExtra", "TarifaEmpresa",
-        "VenderSinStock", "CosteUltimaCompra",   "DecPrecios",         "DecImportes",     "DecCostes",
-        "Parametro1",     "Parametro2",          "CaptionFamilia0",    "CaptionFamilia1", "CaptionFamilia2"};
-    const Valor valores[] = {e.CodEmpresa(),      e.CodEmpresaArticulos(), e.CodEmpresaClientes(), e.CodEmpresaExtra(),
-                             e.TarifaEmpresa(),   e.VenderSinStock(),      e.CosteUltimaCompra(),  e.DecPrecios(),
-                             e.DecImportes(),     e.DecCostes(),           e.Parametro(1),         e.Parametro(2),
-                             e.CaptionFamilia(0), e.CaptionFamilia(1),     e.CaptionFamilia(2)};
-    for (std::size_t i = 0; i < std::size(kNombres); ++i)
-        salida << "E\t" << kNombres[i] << '\t' << Codificar(valores[i]) << '\n';
-}
 
 /// A load, the price asked for after it and the parent.
 void Grabar(std::ostream& salida, clsDatosArt& a, int articulo, int cliente, Fecha hoy) {
@@ -83,19 +69,20 @@ void Grabar(std::ostream& salida, clsDatosArt& a, int articulo, int cliente, Fec
     salida << "C\t" << articulo << '\t' << cliente << '\t' << static_cast<long>(dia.AOle()) << '\t' << tarifa << '\t'
            << vuelta % 15 << '\t' << vuelta % 3 << '\t' << forzar << '\n';
     const std::int16_t estado = a.Cargar(articulo, cliente, dia, tarifa, 1, 2, Currency::DeEntero(vuelta % 15));
-    salida << "R\t" << estado << '\n';
-#define KV_PROPIEDAD(nombre, tipo) salida << "V\t" #nombre "\t" << Codificar(Valor(a.nombre)) << '\n';
+    salida << "D\tEstado\t" << Codificar(estado) << '\n';
+#define KV_PROPIEDAD(nombre, tipo) salida << "R\t" #nombre "\t" << Codificar(Valor(a.nombre)) << '\n';
 #include "component/com/Propiedades.inc"
 #undef KV_PROPIEDAD
+    salida << "T\n";
     try {
         const Currency precio = a.DevPvp(tarifa, dia, forzar);
-        salida << "D\t" << precio.Diezmilesimas() << '\n';
+        salida << "D\tPrecio\t" << Codificar(precio) << '\n';
     } catch (const RuntimeError& error) {
-        salida << "X\t" << error.numero << '\n';
+        salida << "D\tPrecio\terror " << error.numero << '\n';
     }
-    salida << "H\n";
+    salida << "T\n";
     if (const auto padre = a.padre())
-        salida << "H\t" << Codificar(padre->Codigo) << '\t' << Codificar(padre->Pvp) << '\n';
+        salida << "D\tPadre\t" << Codificar(padre->Codigo) << ' ' << Codificar(padre->Pvp) << '\n';
 }
 
 }  // namespace
@@ -110,7 +97,6 @@ int main(int argc, char** argv) try {
     const std::shared_ptr<Connection> real = base.Abrir();
     const auto empresa = std::make_shared<host::EmpresaTabla>(*real, std::int16_t{1});
     std::ofstream salida(argv[1]);
-    EscribirEmpresa(salida, *empresa);
     for (int articulo = 99; articulo < 160; ++articulo)
         for (int cliente = 1; cliente <= 12; ++cliente) {
             clsDatosArt a;

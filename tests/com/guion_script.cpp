@@ -22,16 +22,16 @@ struct GuionScript : PorNombreFalso {
     /// The others are what was recorded. The price is NULL when it failed; otherwise what it asks comes next.
     Valor Dato(const std::string& nombre, const Valor& dado) {
         if (nombre == "Abrir") {
-            casos_ = LeerGrabacion(AString(dado, '.').c_str(), escena_.empresa->valores);
+            casos_ = LeerGrabacion(AString(dado, '.').c_str());
             return static_cast<std::int32_t>(casos_.size());
         }
-        if (nombre == "Elegir") escena_.Poner((caso_ = &casos_.at(static_cast<std::size_t>(ALong(dado))))->pasos);
+        if (nombre == "Elegir") escena_.Poner((caso_ = &casos_.at(static_cast<std::size_t>(ALong(dado))))->partes[0]);
         if (nombre == "Argumento") return caso_->Numero(static_cast<std::size_t>(ALong(dado)));
         if (nombre == "Esperado") return Decodificar(caso_->propiedades.at(AString(dado, '.')));
-        if (nombre == "Estado") return static_cast<std::int16_t>(caso_->estado);
-        if (nombre != "Precio" || caso_->error != 0) return Nulo{};
-        escena_.Poner(caso_->pasosPrecio);
-        return Currency::DeDiezmilesimas(std::stoll(caso_->precio));
+        if (nombre == "Estado") return Decodificar(caso_->dado.at(nombre));
+        if (nombre != "Precio" || caso_->dado.at(nombre).starts_with("error")) return Nulo{};
+        escena_.Poner(caso_->partes[1]);
+        return Decodificar(caso_->dado.at(nombre));
     }
 
     Escena escena_;

@@ -54,9 +54,7 @@ TEST(Busquedas, CadaSentenciaDelComponente_LlegaPorUnaClave) {
     Azar azar(1, kHoy);
     CompararCargas(pareja, azar, 300);
     CompararExistencias(pareja, azar, 300);
-    CompararPrecios(pareja, azar, 200);
-    CompararDescuentos(pareja, azar, 200);
-    CompararAcuerdos(pareja, azar, 200);
+    CompararReglas(pareja, azar, 200);
     CompararClientes(pareja, azar, 200);
     EXPECT_GT(formas.size(), 120U);
     for (const auto& [forma, texto] : formas) EsperarBusqueda(base, texto, Traducir(texto, {}).texto);

@@ -4,23 +4,11 @@
 namespace kv::prueba {
 namespace {
 
-using D = DatosArticulo;
-// clang-format off
-constexpr auto kDatos = std::to_array<Columna<D>>({
-    {"Codigo", &D::Codigo}, {"Familia_1", &D::Familia_1}, {"Familia_2", &D::Familia_2}, {"Familia_3", &D::Familia_3},
-    {"Descripcion", &D::Descripcion}, {"UxB", &D::UxB}, {"PvpBase", &D::PvpBase}, {"Convenio", &D::Convenio},
-    {"Pvp", &D::Pvp}, {"PvpOriginal", &D::PvpOriginal}, {"PDescuento", &D::PDescuento}, {"Impuesto", &D::Impuesto},
-    {"Tipo", &D::Tipo}, {"CtaVentas", &D::CtaVentas}, {"CtaDVentas", &D::CtaDVentas}, {"PCosto", &D::PCosto},
-    {"RAEE", &D::RAEE}, {"ECORAEE", &D::ECORAEE}, {"FidelizacionPuntos", &D::FidelizacionPuntos},
-    {"DStock", &D::DStock}, {"Control_Series", &D::Control_Series}, {"Cod_Envase", &D::Cod_Envase},
-    {"Stock", &D::Stock}, {"Bloqueado", &D::Bloqueado}, {"Control_Caducidad", &D::Control_Caducidad},
-    {"Control_Lotes", &D::Control_Lotes}, {"TipoRep", &D::TipoRep}, {"Largo", &D::Largo}, {"Ancho", &D::Ancho},
-    {"Altura", &D::Altura}, {"BloqueadoVenta", &D::BloqueadoVenta}, {"BloqueadoGral", &D::BloqueadoGral},
-    {"MsjAlerta", &D::MsjAlerta}, {"MotivoBaja", &D::MotivoBaja}, {"BajoPedido", &D::BajoPedido},
-    {"TarifaPVP", &D::TarifaPVP}, {"PendienteServir", &D::PendienteServir}, {"PendienteRecibir", &D::PendienteRecibir},
-    {"Impuesto2", &D::Impuesto2}, {"UnidadesDecimales", &D::UnidadesDecimales}, {"Peso", &D::Peso},
-});
-// clang-format on
+void Anotar(Respuestas& r, const std::string& prefijo, const DatosArticulo& a) {
+#define KV_PROPIEDAD(nombre, tipo) r(prefijo + #nombre, a.nombre);
+#include "component/com/Propiedades.inc"
+#undef KV_PROPIEDAD
+}
 
 // Boots and trousers are sold by size; some articles do not exist.
 std::int32_t Articulo(Azar& azar) {
@@ -54,8 +42,8 @@ void CompararCargas(Pareja& pareja, Azar& azar, int veces) {
             const Currency unidades =
                 suerte.Una(2) ? suerte.Importe(0, 200, 4) : Currency::DeEntero(suerte.De({0, 1, 9, 10, 500}));
             r("resultado", a.Cargar(articulo, cliente, fecha, tarifa, almacen, decimales, unidades));
-            r.Miembros("", a, kDatos);
-            if (const auto padre = a.padre()) r.Miembros("padre.", *padre, kDatos);
+            Anotar(r, "", a);
+            if (const auto padre = a.padre()) Anotar(r, "padre.", *padre);
         });
         pareja.Probar("DevPvp", azar, [](Lado& lado, Azar& suerte, Respuestas& r) {
             clsDatosArt a;

@@ -47,7 +47,7 @@ void Hacer(Lado& lado, Azar& azar, Respuestas& r) {
         c.Cargar();
         c.FichaClienteModoDesp = azar.Una(2);
         r("hallado", (c.*kRecorridos[azar.Entre(0, 4)])(nullptr));
-        r.Miembros("", c, kColumnasCliente);
+        r.Miembros(c, kColumnasCliente);
     }
     if (metodo == 6) {
         c.Cargar_Telefonos();
@@ -82,9 +82,7 @@ void CompararTodo(Pareja& pareja, Azar& azar) {
     pareja.CompararTablas(azar);
     CompararCargas(pareja, azar, 2000);
     CompararExistencias(pareja, azar, 900);
-    CompararPrecios(pareja, azar, 500);
-    CompararDescuentos(pareja, azar, 500);
-    CompararAcuerdos(pareja, azar, 400);
+    CompararReglas(pareja, azar, 500);
     CompararClientes(pareja, azar, 400);
     CompararCargas(pareja, azar, 500);
     pareja.CompararTablas(azar);

@@ -162,16 +162,10 @@ void Acordar(Lado& lado, Azar& azar, Respuestas& r) {
 
 }  // namespace
 
-void CompararPrecios(Pareja& pareja, Azar& azar, int veces) {
+void CompararReglas(Pareja& pareja, Azar& azar, int veces) {
     pareja.Repetir("precios", azar, veces, Preciar);
-}
-
-void CompararDescuentos(Pareja& pareja, Azar& azar, int veces) {
     pareja.Repetir("descuento de familia", azar, veces / 2, DeFamilia);
     pareja.Repetir("descuento de grupo", azar, veces / 2, DeGrupo);
-}
-
-void CompararAcuerdos(Pareja& pareja, Azar& azar, int veces) {
     for (int i = 0; i < veces; ++i) pareja.Probar("acuerdos", azar, Acordar);
 }
 

@@ -11,12 +11,8 @@ namespace kv::prueba {
 void CompararCargas(Pareja& pareja, Azar& azar, int veces);
 /// Stock movements and every other method of the warehouse, some inside transactions that end either way.
 void CompararExistencias(Pareja& pareja, Azar& azar, int veces);
-/// Customer prices and sales statistics.
-void CompararPrecios(Pareja& pareja, Azar& azar, int veces);
-/// Family and group discounts.
-void CompararDescuentos(Pareja& pareja, Azar& azar, int veces);
-/// Chain agreements.
-void CompararAcuerdos(Pareja& pareja, Azar& azar, int veces);
+/// Customer prices and sales statistics, family and group discounts, chain agreements.
+void CompararReglas(Pareja& pareja, Azar& azar, int veces);
 /// Customers: browsing, writing, telephones, dates, queries and deletions, some of which fail midway.
 void CompararClientes(Pareja& pareja, Azar& azar, int veces);
 

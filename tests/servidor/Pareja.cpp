@@ -6,8 +6,6 @@
 
 #include "db/Nombres.h"
 #include "host/EmpresaTabla.h"
-#include "schema/Esquema.h"
-#include "schema/Lotes.h"
 #include "tests/servidor/ProtocoloTds.h"
 
 namespace kv::prueba {
@@ -83,7 +81,9 @@ void Pareja::Probar(const std::string& nombre, Azar& azar, const Caso& caso) {
 }
 
 void Pareja::CompararTablas(Azar& azar) {
-    for (const auto& [tabla, clave] : TablasDelEsquema())
+    for (const auto& [tabla, objeto] : ObjetosDelEsquema()) {
+        const std::vector<std::string>& clave = objeto.clave;
+        if (clave.empty()) continue;
         Probar(tabla, azar, [&](Lado& lado, Azar&, Respuestas& r) {
             std::unique_ptr<Recordset> rs;
             AbrirLectura(rs, *lado.conexion, "SELECT * FROM " + tabla);
@@ -94,22 +94,7 @@ void Pareja::CompararTablas(Azar& azar) {
                     r(fila + Minusculas(rs->NombreCampo(i)), rs->Fields(rs->NombreCampo(i)).Value());
             }
         });
-}
-
-std::map<std::string, std::vector<std::string>> TablasDelEsquema() {
-    std::map<std::string, std::vector<std::string>> tablas;
-    for (const std::string_view lote : LotesDe(EsquemaSqlServer())) {
-        std::string tabla;
-        bool enClave = false;
-        Token anterior;
-        for (const Token& token : TokensDe(lote)) {
-            if (anterior.EsPalabra("TABLE")) tabla = token.texto;
-            enClave = (enClave && !token.Es(')')) || anterior.EsPalabra("CLUSTERED");
-            if (enClave && token.tipo == Token::Tipo::Nombre) tablas[tabla].emplace_back(token.texto);
-            anterior = token;
-        }
     }
-    return tablas;
 }
 
 }  // namespace kv::prueba

@@ -25,7 +25,7 @@ class Respuestas {
         valores.insert_or_assign(nombre, octeto ? Valor(AInteger(valor)) : valor);
     }
     /// Every member that a table of columns names.
-    void Miembros(const std::string& prefijo, const auto& objeto, const auto& columnas) {
+    void Miembros(const auto& objeto, const auto& columnas) {
         const auto valor = [](const auto& dato) -> Valor {
             if constexpr (std::is_same_v<decltype(dato), const std::optional<Fecha>&>)
                 return dato ? Valor(*dato) : Valor(Nulo{});
@@ -33,7 +33,7 @@ class Respuestas {
                 return dato;
         };
         for (const auto& [nombre, destino] : columnas)
-            std::visit([&](auto miembro) { (*this)(prefijo + std::string(nombre), valor(objeto.*miembro)); }, destino);
+            std::visit([&](auto miembro) { (*this)(std::string(nombre), valor(objeto.*miembro)); }, destino);
     }
     /// Every row of an open recordset, in whatever order the database returns them; whole numbers of any width are the
     /// same, since an expression has no declared one.
@@ -99,8 +99,5 @@ class Pareja {
     std::size_t numero_ = 0;
     std::string informe_;
 };
-
-/// The tables of the production script, each with the columns of its key.
-std::map<std::string, std::vector<std::string>> TablasDelEsquema();
 
 }  // namespace kv::prueba
