@@ -1,8 +1,10 @@
 #pragma once
 
 #include <deque>
+#include <iterator>
 #include <memory>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -12,6 +14,12 @@
 #include "db/Connection.h"
 
 namespace kv::prueba {
+
+/// The columns of a wide row, from their names between blanks.
+inline std::vector<std::string> Palabras(const std::string& nombres) {
+    std::istringstream entrada(nombres);
+    return {std::istream_iterator<std::string>(entrada), {}};
+}
 
 /// Strict scripted connection: every operation must be the next step of the script, to the letter. A difference is a
 /// test failure that shows both texts between bars, and the operation raises; steps that were not reached fail when

@@ -25,23 +25,18 @@ class EmpresaFija : public cEmpresa {
     std::int16_t DecImportes() const override { return decImportes; }
     std::int16_t DecCostes() const override { return decCostes; }
     Valor Parametro(std::int16_t numero) const override {
+        pedidos.push_back(numero);
         return parametros.contains(numero) ? parametros.at(numero) : Valor(Nulo{});
     }
     std::string CaptionFamilia(std::int16_t indice) const override {
         return captions.at(static_cast<std::size_t>(indice));
     }
 
-    std::int16_t codEmpresa = 1;
-    std::int16_t codEmpresaArticulos = 2;
-    std::int16_t codEmpresaClientes = 3;
-    std::int16_t codEmpresaExtra = 4;
-    std::int16_t tarifaEmpresa = 5;
-    bool venderSinStock = false;
-    bool costeUltimaCompra = false;
-    std::int16_t decPrecios = 2;
-    std::int16_t decImportes = 2;
-    std::int16_t decCostes = 4;
+    std::int16_t codEmpresa = 1, codEmpresaArticulos = 2, codEmpresaClientes = 3, codEmpresaExtra = 4;
+    std::int16_t tarifaEmpresa = 5, decPrecios = 2, decImportes = 2, decCostes = 4;
+    bool venderSinStock = false, costeUltimaCompra = false;
     std::map<std::int16_t, Valor> parametros;
+    mutable std::vector<int> pedidos;  // the parameters asked for
     std::array<std::string, 3> captions = {"Sección", "Familia", "Subfamilia"};
 };
 

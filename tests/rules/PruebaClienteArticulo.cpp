@@ -42,25 +42,18 @@ TEST_F(ClienteArticulo, DevPrecio_ConElBlancoTrasLaComilla) {
 TEST_F(ClienteArticulo, Escrituras_EnLosDosModos) {
     guion->EsperaEjecucion(std::string(kInsertar) + "77,1,1042,12.5,'01/01/2026','31/12/2026')");
     objeto.Insertar();
-    struct Modo {
-        bool porArticulo;
-        std::string borrado;
-        std::string clave;
-    };
-    for (const Modo& modo : {Modo{false,
-                                  "DELETE FROM Clientes_Art_PVP WHERE Cod_Empresa = 1 AND Cod_Articulo = 5"
-                                  " AND Cod_Cliente =  77",
-                                  "Cod_Articulo =5 AND Cod_Cliente =77"},
-                             {true,
-                              " DELETE FROM Clientes_Art_PVP WHERE Cod_Empresa = 1 AND Cod_Articulo = 1042"
-                              " AND Cod_Cliente =  5",
-                              "Cod_Articulo =1042 AND Cod_Cliente =5"}}) {
-        objeto.Por_Articulo(modo.porArticulo);
-        guion->EsperaEjecucion(modo.borrado + " AND Fecha_Inicial ='05/03/2026' AND Fecha_Final = '06/03/2026'");
+    for (const bool porArticulo : {false, true}) {
+        objeto.Por_Articulo(porArticulo);
+        guion->EsperaEjecucion(std::string(porArticulo ? " " : "") +
+                               "DELETE FROM Clientes_Art_PVP WHERE Cod_Empresa = 1 AND Cod_Articulo = " +
+                               (porArticulo ? "1042 AND Cod_Cliente =  5" : "5 AND Cod_Cliente =  77") +
+                               " AND Fecha_Inicial ='05/03/2026' AND Fecha_Final = '06/03/2026'");
         objeto.Eliminar(5, dia, dia + 1);
         guion->EsperaEjecucion(
-            " UPDATE Clientes_Art_PVP SET Cod_Articulo=1042 ,Cod_Cliente=77,PVP=12.5 WHERE Cod_Empresa =1 AND " +
-            modo.clave + " AND Fecha_Inicial = '01/01/2026' AND Fecha_Final = '31/12/2026'");
+            " UPDATE Clientes_Art_PVP SET Cod_Articulo=1042 ,Cod_Cliente=77,PVP=12.5 WHERE Cod_Empresa =1"
+            " AND Cod_Articulo =" +
+            std::string(porArticulo ? "1042 AND Cod_Cliente =5" : "5 AND Cod_Cliente =77") +
+            " AND Fecha_Inicial = '01/01/2026' AND Fecha_Final = '31/12/2026'");
         objeto.Modificar(5);
     }
 }
@@ -111,57 +104,41 @@ TEST_F(ClienteArticulo, Cargar_CopiaLaPrimeraFilaYCambiaDeConexion) {
     rs.reset();
 }
 
-// Both tables in turn: the row that is not there is made.
-void EsperarEnLasDos(ConexionGuion& guion, const std::string& tabla, const std::string& totales,
-                     const std::string& valores) {
+// A sale in both tables in turn: its row is there, or there is none and it is made.
+void EsperarVenta(ConexionGuion& guion, bool variante, int filas, const std::string& unidades, const std::string& pvp,
+                  const std::string& coste) {
     for (const char* gemela : {"", "_Tx"}) {
-        guion.EsperaEscritura(" UPDATE " + tabla + gemela + " SET" + totales, 0);
-        guion.EsperaEjecucion(" INSERT INTO " + tabla + gemela +
-                              " (Cod_Empresa, Cod_Almacen, Cod_Cliente, Cod_Articulo," + valores);
+        const std::string tabla = std::string("Clientes_Articulos") + (variante ? "_C" : "") + gemela;
+        guion.EsperaEscritura(
+            " UPDATE " + tabla + " SET Unidades = Unidades + " + unidades + ", Importe_PVP = Importe_PVP + " + pvp +
+                ", Importe_Costo = Importe_Costo + " + coste +
+                " WHERE Cod_Empresa = 1 AND Cod_Almacen =2 AND Cod_Cliente = 77 AND Cod_Articulo ="
+                " 1042" +
+                (variante ? " AND CualidadX = 38 AND CualidadY = 4" : "") + " AND Fecha ='05/03/2026'",
+            filas);
+        if (filas != 0) continue;
+        guion.EsperaEjecucion(" INSERT INTO " + tabla + " (Cod_Empresa, Cod_Almacen, Cod_Cliente, Cod_Articulo," +
+                              (variante ? " CualidadX, CualidadY," : "") +
+                              " Fecha, Unidades, Importe_PVP, Importe_Costo) VALUES (1, 2, 77, 1042, " +
+                              (variante ? "38, 4, " : "") + "'05/03/2026', " + unidades + ", " + pvp + ", " + coste +
+                              ")");
     }
 }
 
-constexpr const char* kClave = " WHERE Cod_Empresa = 1 AND Cod_Almacen =2 AND Cod_Cliente = 77 AND Cod_Articulo = 1042";
-
-TEST_F(ClienteArticulo, Acumular_ConSuCosteYEnLasDosTablas) {
-    const std::string totales =
-        " Unidades = Unidades + -2.5, Importe_PVP = Importe_PVP + 10.13, Importe_Costo = Importe_Costo + 4.01" +
-        std::string(kClave) + " AND Fecha ='05/03/2026'";
-    EsperarEnLasDos(*guion, "Clientes_Articulos", totales,
-                    " Fecha, Unidades, Importe_PVP, Importe_Costo) VALUES (1, 2, 77, 1042, '05/03/2026', -2.5, 10.13,"
-                    " 4.01)");
-    guion->EsperaEscritura(" UPDATE Clientes_Articulos SET" + totales, 1);
-    guion->EsperaEscritura(" UPDATE Clientes_Articulos_Tx SET" + totales, 1);
-    for (int vez = 0; vez < 2; ++vez)
+TEST_F(ClienteArticulo, Acumular_EnLasDosTablasYConElCosteDelAlmacen) {
+    for (const int filas : {0, 1}) {
+        EsperarVenta(*guion, false, filas, "-2.5", "10.13", "4.01");
         objeto.Acumular(dia, Currency::DeDouble(-2.5), Currency::DeDouble(10.125), Currency::DeDouble(4.005));
-}
-
-TEST_F(ClienteArticulo, Acumular_SinCoste_LoPideAlAlmacen) {
-    guion->EsperaConsulta(
-        "SELECT Bloqueo, Stock_Actual, P_Medio AS Costo FROM Almacen_Articulos WHERE Cod_Empresa =1 AND Cod_Almacen =2"
-        " AND Cod_Articulo =1042",
-        {"Costo"}, {{1.5}});
-    guion->EsperaEscritura(
-        " UPDATE Clientes_Articulos SET Unidades = Unidades + 2, Importe_PVP = Importe_PVP + 10, Importe_Costo ="
-        " Importe_Costo + 3" +
-            std::string(kClave) + " AND Fecha ='05/03/2026'",
-        0);
-    guion->YFalla(1205, "bloqueo");
-    EsperarError(1205, "clsClientes_Articulo::Acumular",
-                 [&] { objeto.Acumular(dia, Currency::DeEntero(2), Currency::DeEntero(10), Currency()); });
-}
-
-TEST_F(ClienteArticulo, AcumularC_LeeElCosteDelArticulo) {
+    }
+    const std::string fila = " FROM Almacen_Articulos WHERE Cod_Empresa =1 AND Cod_Almacen =2 AND Cod_Articulo =1042";
+    guion->EsperaConsulta("SELECT Bloqueo, Stock_Actual, P_Medio AS Costo" + fila, {"Costo"}, {{1.5}});
+    EsperarVenta(*guion, false, 1, "2", "10", "3");
+    objeto.Acumular(dia, Currency::DeEntero(2), Currency::DeEntero(10), Currency());
+    EsperarVenta(*guion, true, 1, "3", "10", "5");
+    objeto.Acumular_C(dia, Currency::DeEntero(3), Currency::DeEntero(10), Currency::DeEntero(5), 38, 4);
     empresa->costeUltimaCompra = true;
-    guion->EsperaConsulta(
-        "SELECT PU_Compra AS Costo FROM Almacen_Articulos WHERE Cod_Empresa =1 AND Cod_Almacen =2 AND Cod_Articulo "
-        "=1042",
-        {"Costo"}, {{2.0}});
-    EsperarEnLasDos(*guion, "Clientes_Articulos_C",
-                    " Unidades = Unidades + 3, Importe_PVP = Importe_PVP + 10, Importe_Costo = Importe_Costo + 6" +
-                        std::string(kClave) + " AND CualidadX = 38 AND CualidadY = 4 AND Fecha ='05/03/2026'",
-                    " CualidadX, CualidadY, Fecha, Unidades, Importe_PVP, Importe_Costo) VALUES (1, 2, 77, 1042, 38, 4,"
-                    " '05/03/2026', 3, 10, 6)");
+    guion->EsperaConsulta("SELECT PU_Compra AS Costo" + fila, {"Costo"}, {{2.0}});
+    EsperarVenta(*guion, true, 0, "3", "10", "6");
     objeto.Acumular_C(dia, Currency::DeEntero(3), Currency::DeEntero(10), Currency(), 38, 4);
 }
 

@@ -29,11 +29,7 @@ TEST(Origenes, CadaMetodoDiceElSuyo) {
     Valor valor = std::int32_t{1};
     p.Key(valor);
     Currency uno = Currency::DeEntero(1);
-    struct Caso {
-        const char* origen;
-        std::function<void()> accion;
-    };
-    const Caso kCasos[] = {
+    const std::pair<const char*, std::function<void()>> kCasos[] = {
         {"clsDescuentos_Familia::Insertar", [&] { f.Insertar(); }},
         {"clsDescuentos_Familia::Borrar", [&] { f.Eliminar(); }},
         {"clsDescuentos_Familia::Borrar", [&] { f.Modificar(); }},
@@ -79,7 +75,7 @@ TEST(Origenes, CadaMetodoDiceElSuyo) {
         {"clsCliente::Verif_Notas", [&] { m.Verif_Notas(); }},
         {"clsCliente::Existe", [&] { m.Existe(); }},
     };
-    for (const Caso& caso : kCasos) EsperarError(kErrObjetoNoEstablecido, caso.origen, caso.accion);
+    for (const auto& [origen, accion] : kCasos) EsperarError(kErrObjetoNoEstablecido, origen, accion);
 }
 
 }  // namespace

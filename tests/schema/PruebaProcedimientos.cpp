@@ -11,15 +11,8 @@ namespace {
 
 // A discount row of article 50, of families 3, 4 and 5, unless it says otherwise.
 struct FilaDto {
-    int nivel;
-    int f1;
-    int f2;
-    int f3;
-    int articulo;
-    int descuento;
-    int minimo = 0;
-    int maximo = 0;
-    int deOtro = 0;
+    int nivel, f1, f2, f3, articulo, descuento;
+    int minimo = 0, maximo = 0, deOtro = 0;
 };
 using Filas = std::vector<FilaDto>;
 using Captions = std::array<std::string, 3>;
@@ -73,6 +66,8 @@ TEST(Procedimientos, GanaLaFilaMasCercana) {
         {"de otro cliente o grupo", {{1, 3, 0, 0, 0, 2, 0, 0, 1}}, 0},
         {"dos niveles: el artículo es el tercero", {{3, 3, 4, 5, 50, 8}, kFamilia}, 8, kDos},
         {"dos niveles: la subfamilia no cuenta", {kSubfamilia, kFamilia}, 4, kDos},
+        {"un nivel: el artículo es el segundo", {{2, 3, 4, 5, 50, 8}, kSeccion}, 8, {"Sección", "", ""}},
+        {"un nivel: la familia no cuenta", {kFamilia, kSeccion}, 2, {"Sección", "", ""}},
         {"sin el segundo: el artículo es el cuarto", {kArticulo, kFamilia}, 8, kSinSegunda},
         {"sin el segundo: la familia no cuenta", {kFamilia, kSeccion}, 2, kSinSegunda},
         {"sólo cabe el que empieza en 0", kTramos, 3, kTres, 0, true},
@@ -85,12 +80,7 @@ TEST(Procedimientos, GanaLaFilaMasCercana) {
         {"tramo de familia", {kFamiliaPorTramo, kSeccion}, 6, kTres, 50, true},
         {"fuera del tramo de familia", {kFamiliaPorTramo, kSeccion}, 2, kTres, 50.0001, true},
         {"el artículo gana al tramo de la familia", {kArticulo, kFamiliaPorTramo}, 8, kTres, 5, true},
-        {"fuera del tramo del artículo, la familia",
-         {{4, 3, 4, 5, 50, 9, 10, 20}, kFamiliaPorTramo},
-         6,
-         kTres,
-         9,
-         true},
+        {"fuera del tramo del artículo", {{4, 3, 4, 5, 50, 9, 10, 20}, kFamiliaPorTramo}, 6, kTres, 9, true},
     };
     const Fecha hoy = Fecha::DeAmd(2027, 2, 10);
     const BaseDePrueba base(BaseDePrueba::Datos::Ninguno, hoy);
@@ -101,23 +91,24 @@ TEST(Procedimientos, GanaLaFilaMasCercana) {
     escritor.Fila("Empresas", "Codigo, Cod_EmpresaClientes", 1, 3);
     escritor.Fila("Clientes", "Cod_Empresa, Codigo, Grupo_Dto", 3, kCliente, kGrupo);
     escritor.Fila("Clientes", "Cod_Empresa, Codigo, Grupo_Dto", 1, kCliente, kGrupo + 1);
-    const auto nuevo = [&]<class Descuentos>(Descuentos d) {
-        d.Conexion(conexion);
-        d.cEmpresa(empresa);
-        d.Cod_Articulo = 50;
-        d.Familia_1 = 3;
-        d.Familia_2 = 4;
-        d.Familia_3 = 5;
-        return d;
+    clsCliente_Grp_Dtos grupos;
+    clsCliente_DtosFamilias familias;
+    familias.Cliente = kCliente;
+    const auto preparar = [&](auto& descuentos) {
+        descuentos.Conexion(conexion);
+        descuentos.cEmpresa(empresa);
+        descuentos.Cod_Articulo = 50;
+        descuentos.Familia_1 = 3;
+        descuentos.Familia_2 = 4;
+        descuentos.Familia_3 = 5;
     };
+    preparar(grupos);
+    preparar(familias);
     for (const Caso& caso : kCasos) {
         SCOPED_TRACE(caso.nombre);
         empresa->captions = caso.niveles;
         conexion->BeginTrans();
         for (const FilaDto& fila : caso.filas) Insertar(escritor, fila);
-        auto grupos = nuevo(clsCliente_Grp_Dtos());
-        auto familias = nuevo(clsCliente_DtosFamilias());
-        familias.Cliente = kCliente;
         EXPECT_EQ(Currency::DeDouble(caso.esperado),
                   grupos.Dev_Descuento_Activo(kCliente, Currency::DeDouble(caso.unidades)));
         if (!caso.porTramos) {

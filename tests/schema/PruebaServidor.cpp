@@ -8,13 +8,16 @@
 namespace kv::prueba {
 namespace {
 
-constexpr const char* kIntercalacion = "SELECT 'ñ€' AS Texto WHERE 'a' = 'A'";
-constexpr const char* kTabla = "SELECT OBJECT_ID('Empresas', 'U') AS Tabla";
-constexpr const char* kEmpresas = "SELECT TOP 1 Codigo FROM Empresas";
-const Valor kTexto = std::string("ñ€");
+const Fecha kHoy = Fecha::DeAmd(2026, 11, 21);
 
-void Crear(Connection& conexion, const EjecutarLote& lote) {
-    CrearDemostracionServidor(conexion, lote, Fecha::DeAmd(2026, 11, 21));
+using Filas = std::vector<ConexionGuion::Fila>;
+
+// Asks the database what it is: how it compares and spells texts, whether it has the table, whether that has rows.
+void Preguntar(ConexionGuion& guion, Filas texto, std::optional<Valor> tabla) {
+    guion.EsperaConsulta("SELECT 'ñ€' AS Texto WHERE 'a' = 'A'", {"Texto"}, std::move(texto));
+    if (!tabla) return;
+    guion.EsperaConsulta("SELECT OBJECT_ID('Empresas', 'U') AS Tabla", {"Tabla"}, {{*tabla}});
+    if (!EsNulo(*tabla)) guion.EsperaConsulta("SELECT TOP 1 Codigo FROM Empresas", {"Codigo"}, {{1}});
 }
 
 TEST(Lotes, SePartenEnLasLineasQueSoloDicenGo) {
@@ -25,35 +28,28 @@ TEST(Lotes, SePartenEnLasLineasQueSoloDicenGo) {
 }
 
 TEST(DemostracionServidor, BaseQueNoSirve_NoSeToca) {
-    const auto rechaza = [](ConexionGuion& guion) {
-        EsperarError(kErrLlamadaInvalida, "KVDatosArt",
-                     [&] { Crear(guion, [](std::string_view) { ADD_FAILURE() << "lote"; }); });
+    const auto rechaza = [](const char* cual, Filas texto, std::optional<Valor> tabla) {
+        SCOPED_TRACE(cual);
+        ConexionGuion guion;
+        Preguntar(guion, std::move(texto), std::move(tabla));
+        const auto lote = [](std::string_view) { ADD_FAILURE() << "un lote"; };
+        EsperarError(kErrLlamadaInvalida, "KVDatosArt", [&] { CrearDemostracionServidor(guion, lote, kHoy); });
     };
-    ConexionGuion mayusculas;
-    mayusculas.EsperaConsulta(kIntercalacion);
-    rechaza(mayusculas);
-    ConexionGuion otraPagina;
-    otraPagina.EsperaConsulta(kIntercalacion, {"Texto"}, {{std::string("n?")}});
-    rechaza(otraPagina);
-    ConexionGuion conEmpresas;
-    conEmpresas.EsperaConsulta(kIntercalacion, {"Texto"}, {{kTexto}});
-    conEmpresas.EsperaConsulta(kTabla, {"Tabla"}, {{std::int32_t{77}}});
-    conEmpresas.EsperaConsulta(kEmpresas, {"Codigo"}, {{std::int16_t{1}}});
-    rechaza(conEmpresas);
+    rechaza("distingue mayúsculas", {}, {});
+    rechaza("otra página", {{"n?"}}, {});
+    rechaza("con empresas", {{"ñ€"}}, 77);
 }
 
 TEST(DemostracionServidor, FalloAMitad_NoDejaNada) {
     ConexionGuion guion;
-    guion.EsperaConsulta(kIntercalacion, {"Texto"}, {{kTexto}});
-    guion.EsperaConsulta(kTabla, {"Tabla"}, {{Nulo{}}});
+    Preguntar(guion, {{"ñ€"}}, Nulo{});
     guion.EsperaBeginTrans();
     guion.EsperaRollbackTrans();
     int lotes = 0;
-    EsperarError(262, "", [&] {
-        Crear(guion, [&](std::string_view) {
-            if (++lotes == 5) throw RuntimeError(262, "Servidor", "CREATE TABLE permission denied");
-        });
-    });
+    const auto fallar = [&](std::string_view) {
+        if (++lotes == 5) throw RuntimeError(262, "Servidor", "CREATE TABLE permission denied");
+    };
+    EsperarError(262, "", [&] { CrearDemostracionServidor(guion, fallar, kHoy); });
     EXPECT_EQ(5, lotes);
 }
 
