@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "db/Inyectado.h"
 #include "tests/comun/ConexionGuion.h"
 #include "tests/comun/EmpresaFija.h"
 #include "tests/comun/Errores.h"
@@ -17,6 +18,14 @@ class ConGuion : public testing::Test {
     ConGuion() {
         objeto.Conexion(guion);
         objeto.cEmpresa(empresa);
+    }
+    /// Runs `accion` of `quien` twice: without a connection, when it must fail and name this source, and then with it.
+    template <class Accion>
+    auto Hacer(Inyectado& quien, const std::string& origen, Accion accion) {
+        quien.Conexion(nullptr);
+        EsperarError(kErrObjetoNoEstablecido, origen, accion);
+        quien.Conexion(guion);
+        return accion();
     }
 
     const Fecha dia = Fecha::DeAmd(2026, 3, 5);

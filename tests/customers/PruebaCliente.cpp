@@ -60,7 +60,7 @@ TEST_F(Cliente, Cargar_CadaColumnaASuVariable) {
     fila[35] = Nulo{};  // Fecha_Bloq
     guion->EsperaConsulta(kCargar, columnas, {fila});
     clsCliente c;
-    EXPECT_TRUE(objeto.Cargar(&c));
+    EXPECT_TRUE(Hacer(objeto, "clsCliente::Cargar", [&] { return objeto.Cargar(&c); }));
     EXPECT_EQ("Obras Duero", objeto.Nombre);
     EXPECT_EQ((std::array<int, 9>{25, 29, 31, 32, 33, 56, 90, 92, 101}),
               (std::array<int, 9>{c.Divisa, c.AgenciaTransp, c.AlmacenAsoc, c.TarifaPVP, c.TarifaPromocion, c.FormaPago,
@@ -95,15 +95,15 @@ TEST_F(Cliente, Recorrido_PorCodigoYPorNombre) {
         objeto.FichaClienteModoDesp = porNombre;
         const std::string donde = "TOP 1 Codigo FROM Clientes WHERE Cod_Empresa =3 AND ";
         espera("ISNULL(MIN(Codigo), 0) AS Codigo FROM Clientes  WHERE Cod_Empresa =3)");
-        EXPECT_FALSE(objeto.Cargar_Primero());
+        EXPECT_FALSE(Hacer(objeto, "clsCliente::Cargar_Primero", [&] { return objeto.Cargar_Primero(); }));
         espera("ISNULL(MAX(Codigo), 0) AS Codigo FROM Clientes  WHERE Cod_Empresa =3)");
-        EXPECT_FALSE(objeto.Cargar_Ultimo());
+        EXPECT_FALSE(Hacer(objeto, "clsCliente::Cargar_Ultimo", [&] { return objeto.Cargar_Ultimo(); }));
         espera(donde +
                (porNombre ? "Nombre < 'Obras Duero' ORDER BY Nombre DESC)" : "Codigo < 77 ORDER BY Codigo DESC)"));
-        EXPECT_FALSE(objeto.Cargar_Anterior());
+        EXPECT_FALSE(Hacer(objeto, "clsCliente::Cargar_Anterior", [&] { return objeto.Cargar_Anterior(); }));
         espera(donde +
                (porNombre ? "Nombre > 'Obras Duero' ORDER BY Nombre ASC)" : "Codigo > 77 ORDER BY Codigo ASC)"));
-        EXPECT_FALSE(objeto.Cargar_Siguiente());
+        EXPECT_FALSE(Hacer(objeto, "clsCliente::Cargar_Siguiente", [&] { return objeto.Cargar_Siguiente(); }));
     }
 }
 
@@ -113,7 +113,7 @@ TEST_F(Cliente, Telefonos_DiezComoMucho) {
     constexpr const char* kSql =
         "SELECT Codigo, Numero FROM Clientes_Telefonos WHERE Cod_Empresa =3 AND Cod_Cliente =77 ORDER BY Codigo";
     guion->EsperaConsulta(kSql, {"Numero"}, filas);
-    objeto.Cargar_Telefonos();
+    Hacer(objeto, "clsCliente::Cargar_Telefonos", [&] { objeto.Cargar_Telefonos(); });
     EXPECT_EQ(10U, objeto.NumeroTelefonos());
     EXPECT_EQ("n9", objeto.Numero(9));
     EXPECT_EQ("n0 n1 n2 n3",
@@ -125,7 +125,7 @@ TEST_F(Cliente, Telefonos_DiezComoMucho) {
     EsperarError(kErrSubindice, "", [&] { (void)objeto.Numero(1); });
     guion->EsperaEjecucion(
         "INSERT INTO Clientes_Telefonos (Cod_Empresa, Cod_Cliente, Codigo, Numero) VALUES (3, 77, 2, '600 1')");
-    objeto.Insertar_Telefono(2, "600 1");
+    Hacer(objeto, "clsCliente::Insertar_Telefono", [&] { objeto.Insertar_Telefono(2, "600 1"); });
 }
 
 TEST_F(Cliente, Consultas) {
@@ -149,7 +149,7 @@ TEST_F(Cliente, Consultas) {
             " SELECT COUNT(*) AS Cant FROM Clientes_Notas WHERE Cod_Empresa =3 AND Pendiente = 1"
             " AND Vencimiento <= '05/03/2026'",
             "Cant", notas);
-        EXPECT_EQ(notas == 1, objeto.Verif_Notas());
+        EXPECT_EQ(notas == 1, Hacer(objeto, "clsCliente::Verif_Notas", [&] { return objeto.Verif_Notas(); }));
     }
     espera(
         "SELECT ISNULL(SUM(Total), 0) AS Total FROM Albaranes_F WHERE Cod_Empresa =1 AND Cliente =77"
@@ -160,7 +160,7 @@ TEST_F(Cliente, Consultas) {
            "Puntos", std::int32_t{-4});
     EXPECT_EQ(Currency::DeEntero(-4), objeto.Dev_SaldoPuntos());
     guion->EsperaConsulta("SELECT Codigo FROM Clientes WHERE Cod_Empresa =3 AND Codigo =77");
-    EXPECT_FALSE(objeto.Existe());
+    EXPECT_FALSE(Hacer(objeto, "clsCliente::Existe", [&] { return objeto.Existe(); }));
 }
 
 TEST_F(Cliente, Eliminar_SeDetieneEnLaPrimeraDependenciaOBorraTodo) {
@@ -178,7 +178,7 @@ TEST_F(Cliente, Eliminar_SeDetieneEnLaPrimeraDependenciaOBorraTodo) {
     EXPECT_EQ("El cliente no se puede eliminar porque tiene dependencias", biblioteca.Mensajes()[0].texto);
     EXPECT_EQ("¡Atención!", biblioteca.Mensajes()[0].titulo);
     EsperarBorrado();
-    EXPECT_TRUE(objeto.Eliminar(true));
+    EXPECT_TRUE(Hacer(objeto, "clsCliente::Eliminar", [&] { return objeto.Eliminar(true); }));
 }
 
 TEST_F(Cliente, Eliminar_FalloEnCadaPaso) {
@@ -235,6 +235,9 @@ TEST(ClienteEscrito, VuelveEnteroTrasInsertarYModificar) {
     leido.Codigo = 11;
     ASSERT_TRUE(leido.Cargar());
     EXPECT_NE("Ñandú € 24 h", leido.Nombre);
+    escrito.Conexion(nullptr);
+    EsperarError(kErrObjetoNoEstablecido, "clsCliente::Insertar", [&] { escrito.Insertar(); });
+    EsperarError(kErrObjetoNoEstablecido, "clsCliente::Modificar", [&] { escrito.Modificar(); });
 }
 
 }  // namespace

@@ -140,7 +140,8 @@ void Comparar(const std::shared_ptr<Connection>& conexion, const Mundo& mundo) {
     a.cEmpresa(empresa);
     Callado observador;
     a.Observador(&observador);
-    EXPECT_EQ(0, a.Cargar(10, 20, kHoy, mundo.aCoste ? -1 : kPedida, 1, 2, Currency::DeEntero(1)));
+    const std::int16_t tarifa = mundo.aCoste ? -1 : mundo.tarifas.contains(kPedida) ? kPedida : -2;
+    EXPECT_EQ(0, a.Cargar(10, 20, kHoy, tarifa, 1, 2, Currency::DeEntero(1)));
     conexion->RollbackTrans();
     const Respuesta esperada = Resolver(mundo);
     EXPECT_LE(observador.nodos, 10);  // The agreement's text walks the chain once more, and unheard.
@@ -168,6 +169,7 @@ TEST(Diferencial, CadaTresFuentes_ComoUnResolutorIngenuo) {
         {"sin el del padre", [](Mundo& m) { m.conCadena = true, m.dtoPadre = false, m.porcentajeNodo = 4; }},
         {"descuento en cascada", [](Mundo& m) { m.conCadena = m.cascadaNodo = true, m.porcentajeNodo = 5; }},
         {"convenio", [](Mundo& m) { m.convenioMenos = 100; }},
+        {"convenio que suma", [](Mundo& m) { m.convenioMenos = -50; }},
         {"convenio a 0", [](Mundo& m) { m.convenioMenos = 1000; }},
         {"descuento de grupo", [](Mundo& m) { m.grupo = 4; }},
         {"descuento de familia", [](Mundo& m) { m.familia = 3; }},

@@ -142,12 +142,13 @@ TEST_F(Cadenas, PrecioBase_ElPrimerNodoQueLoTiene) {
     Fecha entrada;
     Valor salida;
     Esperar({{false}, {false, {}, 9.5, true}});
-    EXPECT_EQ(C(9.5), objeto.Devuelve_PBase(camino, entrada, salida, dia));
+    const auto base = [&] { return objeto.Devuelve_PBase(camino, entrada, salida, dia); };
+    EXPECT_EQ(C(9.5), Hacer(objeto, "clsClientes_Cadenas_ConvArt::Dev_PBase", base));
     EXPECT_EQ("001 002", camino);
     EXPECT_EQ(Fecha::DeAmd(2025, 1, 1), entrada);
     EXPECT_EQ(Valor(kSiempre), salida);
     Esperar({{false, {}, 3}});
-    EXPECT_EQ(C(3), objeto.Devuelve_PBase(camino, entrada, salida, dia));
+    EXPECT_EQ(C(3), base());
 }
 
 TEST_F(Cadenas, TextoTotal_CadaClase) {
@@ -155,7 +156,8 @@ TEST_F(Cadenas, TextoTotal_CadaClase) {
     Esperar({{false, {{0, 7.125}, {1, 1.5}, {2, 5, 1}, {9, 1}}}});
     EXPECT_EQ("PB: 100  DTOS: 7,13% E1,500 M5,1", objeto.Dev_CadenaConvenio_Total(dia));
     Esperar({{false, {{9, 1}}}});
-    EXPECT_EQ("PB: 100  DTOS:", objeto.Dev_CadenaConvenio_Total(dia));
+    const auto texto = [&] { return objeto.Dev_CadenaConvenio_Total(dia); };
+    EXPECT_EQ("PB: 100  DTOS:", Hacer(objeto, "clsClientes_Cadenas_ConvArt::Dev_Descuentos", texto));
 }
 
 TEST_F(Cadenas, TextoDelNodo_ConSusBlancosYSuRareza) {
@@ -171,27 +173,29 @@ TEST_F(Cadenas, TextoDelNodo_ConSusBlancosYSuRareza) {
     const std::string sinFinal = cabeza + " ORDER BY p.FechaEntrada DESC";
     guion->EsperaConsulta(conFinal);
     guion->EsperaConsulta(sinFinal);
-    EXPECT_EQ("", objeto.Dev_CadenaConvenio_Nivel(dia));
+    const auto texto = [&] { return objeto.Dev_CadenaConvenio_Nivel(dia); };
+    EXPECT_EQ("", Hacer(objeto, "clsClientes_Cadenas_ConvArt::Dev_CadenaConvenio_Nivel", texto));
     EXPECT_EQ(Fecha(), objeto.FechaSalida);
     guion->EsperaConsulta(conFinal);
     guion->EsperaConsulta(sinFinal, kColumnas, {Fila({false, {{0, 7.5}, {1, 1.25}, {2, 2, 1}}})});
-    EXPECT_EQ("DTOS: 7,50% E1,25 M2,1  NADS", objeto.Dev_CadenaConvenio_Nivel(dia));
+    EXPECT_EQ("DTOS: 7,50% E1,25 M2,1  NADS", texto());
     EXPECT_EQ(kSiempre, objeto.FechaSalida);
     guion->EsperaConsulta(conFinal, kColumnas, {Fila({Nulo{}, {{9, 1}, {0, 2}}})});
-    EXPECT_EQ("2,00%", objeto.Dev_CadenaConvenio_Nivel(dia));
+    EXPECT_EQ("2,00%", texto());
 }
 
 // What is loaded is inserted; what is then set is updated.
 TEST_F(Cadenas, Mantenimiento_CadaNivelYCasillaEnSuSitio) {
     DiezNiveles();
     guion->EsperaConsulta(Texto(kDiez, true), kColumnas, {Fila({false, {{1, 1}}})});
-    EXPECT_EQ(C(99), objeto.Dev_Neto(dia));
+    EXPECT_EQ(C(99),
+              Hacer(objeto, "clsClientes_Cadenas_ConvArt::Dev_Descuentos", [&] { return objeto.Dev_Neto(dia); }));
     const std::string clave = " WHERE Cod_Empresa =1" + Condicion(kDiez) + " AND Cod_Articulo =1042";
     const std::string cargar = "SELECT * FROM Clientes_Cadenas_ConvArt" + clave + " AND FechaEntrada ='05/03/2026'";
     const auto leer = [&](std::vector<ConexionGuion::Fila> filas) {
         objeto.FechaEntrada = dia;
         guion->EsperaConsulta(cargar, kColumnas, std::move(filas));
-        EXPECT_FALSE(objeto.Cargar());
+        EXPECT_FALSE(Hacer(objeto, "KVDatosArt", [&] { return objeto.Cargar(); }));
     };
     Nodo nodo = {true};
     for (int i = 0; i < 5; ++i) nodo.dtos.push_back({20 + i, 30.5 + i, 40.5 + i, i % 3 == 1, dia + i, dia + 10 + i});
@@ -206,7 +210,7 @@ TEST_F(Cadenas, Mantenimiento_CadaNivelYCasillaEnSuSitio) {
         " TDto5, ImporteDto5, CantidadDto5, Aplicar_Cascada5, Dto_Padre, Nivel, Enviado) VALUES (1, 1042, 1, 2, 3, 4,"
         " 5, 6, 7, 8, 9, 10, 20, 30.5, 40, 0, 21, 31.5, 42, -1, 22, 32.5, 42, 0, 23, 33.5, 44, 0, 24, 34.5, 44, -1,"
         " -1, 2, 0)");
-    objeto.Insertar();
+    Hacer(objeto, "clsClientes_Cadenas_ConvArt::Insertar", [&] { objeto.Insertar(); });
     for (std::int16_t i = 0; i < 5; ++i) {
         EXPECT_EQ(dia + i, objeto.FechaDtoI(i));
         EXPECT_EQ(dia + 10 + i, objeto.FechaDtoF(i));
@@ -222,9 +226,9 @@ TEST_F(Cadenas, Mantenimiento_CadaNivelYCasillaEnSuSitio) {
         " CantidadDto3=44, CantidadDto4=47, CantidadDto5=48, Aplicar_Cascada1=-1, Aplicar_Cascada2=0,"
         " Aplicar_Cascada3=-1, Aplicar_Cascada4=-1, Aplicar_Cascada5=0, Dto_Padre=0, Enviado = 0" +
         clave);
-    objeto.Modificar();
+    Hacer(objeto, "clsClientes_Cadenas_ConvArt::Modificar", [&] { objeto.Modificar(); });
     guion->EsperaEjecucion("DELETE FROM Clientes_Cadenas_ConvArt" + clave);
-    objeto.Eliminar();
+    Hacer(objeto, "clsClientes_Cadenas_ConvArt::Eliminar", [&] { objeto.Eliminar(); });
     nodo.dtos[0].cantidad = 40000;
     EsperarError(kErrDesbordamiento, "", [&] { leer({Fila(nodo)}); });
     for (const std::int16_t mala : {std::int16_t{-1}, std::int16_t{5}}) {

@@ -32,7 +32,7 @@ TEST_F(ClienteArticulo, DevPrecio_ConElBlancoTrasLaComilla) {
         " SELECT Pvp FROM Clientes_Art_PVP WHERE Cod_Empresa =1 AND Cod_Cliente =77 AND Cod_Articulo =1042"
         " AND Fecha_Inicial <=' 05/03/2026' AND Fecha_Final >=' 05/03/2026'";
     guion->EsperaConsulta(kSql);
-    EXPECT_FALSE(objeto.Dev_Precio(dia));
+    EXPECT_FALSE(Hacer(objeto, "clsCliente_Articulo::Dev_Precio", [&] { return objeto.Dev_Precio(dia); }));
     EXPECT_EQ(12.5, objeto.precio);
     guion->EsperaConsulta(kSql, {"PVP"}, {{9.25}, {8.0}});
     EXPECT_TRUE(objeto.Dev_Precio(dia));
@@ -41,20 +41,20 @@ TEST_F(ClienteArticulo, DevPrecio_ConElBlancoTrasLaComilla) {
 
 TEST_F(ClienteArticulo, Escrituras_EnLosDosModos) {
     guion->EsperaEjecucion(std::string(kInsertar) + "77,1,1042,12.5,'01/01/2026','31/12/2026')");
-    objeto.Insertar();
+    Hacer(objeto, "clsClientes_Art_PVP::Insertar", [&] { objeto.Insertar(); });
     for (const bool porArticulo : {false, true}) {
         objeto.Por_Articulo(porArticulo);
         guion->EsperaEjecucion(std::string(porArticulo ? " " : "") +
                                "DELETE FROM Clientes_Art_PVP WHERE Cod_Empresa = 1 AND Cod_Articulo = " +
                                (porArticulo ? "1042 AND Cod_Cliente =  5" : "5 AND Cod_Cliente =  77") +
                                " AND Fecha_Inicial ='05/03/2026' AND Fecha_Final = '06/03/2026'");
-        objeto.Eliminar(5, dia, dia + 1);
+        Hacer(objeto, "clsClientes_Art_PVP::Eliminar", [&] { objeto.Eliminar(5, dia, dia + 1); });
         guion->EsperaEjecucion(
             " UPDATE Clientes_Art_PVP SET Cod_Articulo=1042 ,Cod_Cliente=77,PVP=12.5 WHERE Cod_Empresa =1"
             " AND Cod_Articulo =" +
             std::string(porArticulo ? "1042 AND Cod_Cliente =5" : "5 AND Cod_Cliente =77") +
             " AND Fecha_Inicial = '01/01/2026' AND Fecha_Final = '31/12/2026'");
-        objeto.Modificar(5);
+        Hacer(objeto, "clsClientes_Art_PVP::Modificar", [&] { objeto.Modificar(5); });
     }
 }
 
@@ -82,7 +82,7 @@ TEST_F(ClienteArticulo, Recorrido_EnLosDosModos) {
             for (auto pos = sql.find('@'); pos != std::string::npos; pos = sql.find('@'))
                 sql.replace(pos, 1, porArticulo ? "Cod_Articulo" : "Cod_Cliente");
             guion->EsperaConsulta(sql);
-            EXPECT_FALSE((objeto.*caso.metodo)(rs));
+            EXPECT_FALSE(Hacer(objeto, "clsCliente_Articulo::Cargar", [&] { return (objeto.*caso.metodo)(rs); }));
             rs->Close();
         }
 }
@@ -90,7 +90,7 @@ TEST_F(ClienteArticulo, Recorrido_EnLosDosModos) {
 TEST_F(ClienteArticulo, Cargar_CopiaLaPrimeraFilaYCambiaDeConexion) {
     std::unique_ptr<Recordset> rs;
     guion->EsperaConsulta(kDeArticulo + " Where a.Cod_Articulo = 12,5 and a.Cod_Empresa = 1");
-    EXPECT_FALSE(objeto.Cargar(rs, true, Valor(12.5), nullptr));
+    EXPECT_FALSE(Hacer(objeto, "clsCliente_Articulo::Cargar", [&] { return objeto.Cargar(rs, true, 12.5, nullptr); }));
     const auto otra = std::make_shared<ConexionGuion>();
     otra->EsperaConsulta(
         kDeCliente + " Where a.Cod_Cliente = 5 and a.Cod_Empresa = 1",
@@ -133,9 +133,11 @@ TEST_F(ClienteArticulo, Acumular_EnLasDosTablasYConElCosteDelAlmacen) {
     const std::string fila = " FROM Almacen_Articulos WHERE Cod_Empresa =1 AND Cod_Almacen =2 AND Cod_Articulo =1042";
     guion->EsperaConsulta("SELECT Bloqueo, Stock_Actual, P_Medio AS Costo" + fila, {"Costo"}, {{1.5}});
     EsperarVenta(*guion, false, 1, "2", "10", "3");
-    objeto.Acumular(dia, Currency::DeEntero(2), Currency::DeEntero(10), Currency());
+    Hacer(objeto, "clsClientes_Articulo::Acumular",
+          [&] { objeto.Acumular(dia, Currency::DeEntero(2), Currency::DeEntero(10), Currency()); });
     EsperarVenta(*guion, true, 1, "3", "10", "5");
-    objeto.Acumular_C(dia, Currency::DeEntero(3), Currency::DeEntero(10), Currency::DeEntero(5), 38, 4);
+    Hacer(objeto, "clsCliente_Articulo::Acumular_C",
+          [&] { objeto.Acumular_C(dia, Currency::DeEntero(3), Currency::DeEntero(10), Currency::DeEntero(5), 38, 4); });
     empresa->costeUltimaCompra = true;
     guion->EsperaConsulta("SELECT PU_Compra AS Costo" + fila, {"Costo"}, {{2.0}});
     EsperarVenta(*guion, true, 0, "3", "10", "6");

@@ -34,28 +34,29 @@ class Descuentos : public ConGuion<clsCliente_Grp_Dtos> {
     }
     // Inserts, deletes and modifies a row of this level: these texts go out.
     template <class Clase>
-    void Escribir(Clase& o, std::uint8_t nivel, std::initializer_list<std::string> textos) {
+    void Escribir(Clase& o, const std::string& origen, std::uint8_t nivel, std::initializer_list<std::string> textos) {
         for (const std::string& texto : textos) guion->EsperaEjecucion(texto);
         o.Nivel = nivel;
-        o.Insertar();
-        o.Eliminar();
-        o.Modificar();
+        Hacer(o, origen + "::Insertar", [&] { o.Insertar(); });
+        Hacer(o, origen + "::Borrar", [&] { o.Eliminar(); });
+        Hacer(o, origen + "::Borrar", [&] { o.Modificar(); });
         guion->Terminar();
     }
     // The list of rows and the articles of a family, whose conditions are joined by `y`.
     template <class Clase>
-    void Listar(Clase& o, const std::string& todos, const std::string& y) {
+    void Listar(Clase& o, const std::string& todos, const std::string& origen, const std::string& clase,
+                const std::string& y) {
         auto& paso = guion->EsperaConsulta(todos);
         paso.cursor = CursorType::adOpenKeyset;
         paso.bloqueo = LockType::adLockPessimistic;
-        o.Cargar_Todos();
+        Hacer(o, origen + "::Cargar_Todos", [&] { o.Cargar_Todos(); });
         const std::string articulos = " SELECT Codigo, Descripcion From Articulos Where  Familia_1 = 5";
         guion->EsperaConsulta(articulos + " And Cod_Empresa = 1");
         o.Cargar_Articulos(5, 0, 0);
         guion->EsperaConsulta(articulos + y + "Familia_2 = 6 And Cod_Empresa = 1");
         o.Cargar_Articulos(5, 6, 0);
         guion->EsperaConsulta(articulos + y + "Familia_3 = 7 And Cod_Empresa = 1");
-        o.Cargar_Articulos(5, 0, 7);
+        Hacer(o, clase + "::Cargar_Articulos", [&] { o.Cargar_Articulos(5, 0, 7); });
     }
 
     clsCliente_DtosFamilias familia;
@@ -72,10 +73,10 @@ TEST_F(Descuentos, EscriturasDeCliente_DeFamiliaYDeArticulo) {
     const std::string borrar = " DELETE FROM Descuentos_Familias WHERE (";
     const std::string cambiar = " UPDATE Descuentos_Familias SET Descuento = 2.5, Tipo_Descuento = 1 WHERE (";
     const std::string cliente = "Cliente = 77)";
-    Escribir(familia, 3,
+    Escribir(familia, "clsDescuentos_Familia", 3,
              {insertar + "3,1,77,2.5,1,0,5,6,7)", borrar + " Nivel = 3" + kClave + cliente,
               cambiar + "Nivel = 3" + kClaveCambio + cliente});
-    Escribir(familia, 4,
+    Escribir(familia, "clsDescuentos_Familia", 4,
              {insertar + "4,1,77,2.5,1,1042,5,6,7)", borrar + "Cod_Articulo = 1042 and Nivel = 4" + kClave + cliente,
               cambiar + "Cod_Articulo = 1042 AND Nivel = 4" + kClaveCambio + cliente});
     familia.NumNiveles = 32767;
@@ -93,10 +94,10 @@ TEST_F(Descuentos, EscriturasDeGrupo_MarcanLaCabecera) {
     const std::string cambiar = " UPDATE Clientes_Grp_Descuentos_Fam SET Descuento = 2.5 WHERE ";
     const std::string cambio = kClaveCambio + "Grupo = 9 AND ";
     const std::string marca = "UPDATE Clientes_Grp_Descuentos SET Act = 0 WHERE Cod_Empresa =1 AND Codigo =";
-    Escribir(objeto, 3,
+    Escribir(objeto, "clsCliente_Grp_Dtos", 3,
              {insertar + " " + columnas + "3,1,9,2.5,0,5,6,7,1.5,10)", marca + " 9", borrar + " Nivel = 3" + borrado,
               marca + " 9", cambiar + "Nivel = 3" + cambio + "Unidades_Min =1.5 AND Unidades_Max =10", marca + "9"});
-    Escribir(objeto, 4,
+    Escribir(objeto, "clsCliente_Grp_Dtos", 4,
              {insertar + columnas + "4,1,9,2.5,1042,5,6,7,1.5,10)", marca + " 9",
               borrar + "Cod_Articulo = 1042 AND Nivel = 4" + borrado, marca + " 9",
               cambiar + "Cod_Articulo = 1042 AND Nivel = 4" + cambio + "Unidades_Min = 1.5 AND Unidades_Max = 10",
@@ -114,21 +115,21 @@ TEST_F(Descuentos, Consultas) {
                " IsNull(art.Descripcion,'') As Nombre From Descuentos_Familias des  Left JOIN Articulos art ON"
                " (art.cod_Empresa=1 and art.Codigo = des.Cod_Articulo)  WHERE des.cod_Cliente = 77"
                " AND des.cod_empresa = 1 ORDER BY Familia_1, Familia_2, Familia_3 ",
-           " and ");
+           "clsDescuentos_Familia", "clsCliente_DtosFamilias", " and ");
     Listar(objeto,
            todos +
                "des.Descuento, des.Tipo_Descuento,  IsNull(art.Descripcion,'') As Nombre, des.Unidades_Min,"
                " des.Unidades_Max  FROM Clientes_Grp_Descuentos_Fam des  LEFT JOIN Articulos art ON"
                " (art.cod_Empresa=1 and art.Codigo = des.Cod_Articulo)  WHERE des.Cod_Grupo = 9"
                " AND des.Cod_Empresa = 1 ORDER BY Familia_1, Familia_2, Familia_3, Cod_Articulo ",
-           " AND ");
+           "clsCliente_Grp_Dtos", "clsCliente_Grp_Dtos", " AND ");
     const std::string buscar = " SELECT Descuento, Tipo_Descuento FROM Descuentos_Familias  WHERE (";
     guion->EsperaConsulta(buscar + "Nivel = 3" + kClave + "Cliente = 77)", {"Descuento"}, {{7.5}});
-    EXPECT_EQ(7.5, familia.Dev_Descuento());
+    EXPECT_EQ(7.5, Hacer(familia, "clsDescuentos_Familia::Dev_Descuento", [&] { return familia.Dev_Descuento(); }));
     const std::string buscarGrupo = " SELECT Descuento, Tipo_Descuento FROM Clientes_Grp_Descuentos_Fam  WHERE (";
     guion->EsperaConsulta(buscarGrupo + "Nivel = 3" + kClave +
                           "Grupo = 9 AND Unidades_Min=0 AND Unidades_Max=0) ORDER BY Unidades_Min DESC");
-    EXPECT_EQ(0, objeto.Dev_Descuento(Currency()));
+    EXPECT_EQ(0, Hacer(objeto, "clsCliente_Grp_Dtos::Dev_Descuento", [&] { return objeto.Dev_Descuento({}); }));
     familia.Nivel = objeto.Nivel = 4;
     guion->EsperaConsulta(buscar + "Cod_Articulo =1042 and Nivel = 4" + kClave + "Cliente = 77)");
     EXPECT_EQ(0, familia.Dev_Descuento());
@@ -148,7 +149,7 @@ TEST_F(Descuentos, Encajados_EscribeLaComaRegionalYDevuelveLosLimites) {
     Currency minimo;
     Currency maximo;
     guion->EsperaConsulta(kSql);
-    EXPECT_FALSE(objeto.Comprobar_Encajados(minimo, maximo));
+    EXPECT_FALSE(Hacer(objeto, "KVDatosArt", [&] { return objeto.Comprobar_Encajados(minimo, maximo); }));
     EXPECT_EQ(Currency(), maximo);
     guion->EsperaConsulta(kSql, {"Unidades_Min", "Unidades_Max"}, {{std::int32_t{10}, std::int32_t{20}}});
     EXPECT_TRUE(objeto.Comprobar_Encajados(minimo, maximo));
