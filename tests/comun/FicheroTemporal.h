@@ -22,10 +22,8 @@ class CarpetaTemporal {
     CarpetaTemporal& operator=(const CarpetaTemporal&) = delete;
 
     std::string Fichero(const std::string& nombre) const { return (ruta_ / nombre).string(); }
-    std::size_t CuantosFicheros() const {
-        std::size_t cuantos = 0;
-        for ([[maybe_unused]] const auto& fichero : std::filesystem::directory_iterator(ruta_)) ++cuantos;
-        return cuantos;
+    auto CuantosFicheros() const {
+        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(ruta_), {}));
     }
 
   private:

@@ -130,22 +130,6 @@ TEST_F(CargaReal, Padre_SeCargaUnaVezAlLeerlo) {
     EXPECT_EQ(nullptr, a.padre());
 }
 
-TEST_F(CargaReal, FalloEnCualquierSentencia_SoloCallanLosProcedimientos) {
-    clsDatosArt a;
-    Conectar(a);
-    a.Cargar(113, 11, kHoy, 1, 1, 2);
-    const std::vector<std::string> textos = conexion->textos;
-    EXPECT_EQ(33U, textos.size());
-    for (std::size_t i = 0; i < textos.size(); ++i) {
-        SCOPED_TRACE(textos[i]);
-        Conectar(a, static_cast<int>(i) + 1);
-        if (textos[i].starts_with("KVP_"))
-            EXPECT_EQ(0, a.Cargar(113, 11, kHoy, 1, 1, 2));
-        else
-            EsperarError(1205, "", [&] { a.Cargar(113, 11, kHoy, 1, 1, 2); });
-    }
-}
-
 TEST_F(CargaReal, TrasUnFallo_ElClienteSigueAhi) {
     clsDatosArt a;
     Conectar(a, 6);

@@ -21,9 +21,8 @@ struct Nodo {
     Valor dtoPadre = false;
     std::vector<Dto> dtos = {};
     double base = 0;
-    bool abierto = false, hay = true;  // its agreement has no last day; there is one
+    bool abierto = false;  // its agreement has no last day
 };
-const Nodo kSinAcuerdo = {.hay = false};
 
 const auto kColumnas = Palabras(
     "FechaEntrada FechaSalida PBase Dto_Padre Cod_Nivel1 Cod_Nivel2 Cod_Nivel3 Cod_Nivel4 Cod_Nivel5 Cod_Nivel6"
@@ -77,9 +76,8 @@ class Cadenas : public ConGuion<clsClientes_Cadenas_ConvArt> {
     void Esperar(const std::vector<Nodo>& nodos) {
         Niveles niveles = {1, 2};
         for (const Nodo& nodo : nodos) {
-            if (nodo.abierto || !nodo.hay) guion->EsperaConsulta(Texto(niveles, true));
-            auto& paso = guion->EsperaConsulta(Texto(niveles, !nodo.abierto && nodo.hay), kColumnas);
-            if (nodo.hay) paso.filas = {Fila(nodo)};
+            if (nodo.abierto) guion->EsperaConsulta(Texto(niveles, true));
+            guion->EsperaConsulta(Texto(niveles, !nodo.abierto), kColumnas, {Fila(nodo)});
             niveles[1] = 0;
         }
     }
@@ -109,7 +107,6 @@ TEST_F(Cadenas, Neto_DeArribaAbajoYDentroDelNodoDel1Al5) {
         // 100 - 10 = 90; - 5 = 85; - 8.5 = 76.5; - 10 = 66.5
         {"las clases", {{true, {{0, 10, 0, true}, {0, 10}}, 0, true}, {true, {{0, 10, 0, true}, {1, 5}}}}, 66.5},
         {"Dto_Padre nulo no detiene", {{Nulo{}, {{1, 1}}}, {false, {{1, 2}}}}, 97},
-        {"nodo sin acuerdo", {kSinAcuerdo, {false, {{1, 2}}, 0, true}}, 98},
         {"primer y último día", {{false, {{1, 1, 0, false, dia, dia}}}}, 99},
         {"aún no", {{false, {{1, 1, 0, false, despues, kSiempre}}}}, 100},
         {"ya no", {{false, {{1, 1, 0, false, antes, antes}}}}, 100},

@@ -32,16 +32,6 @@ class Descuentos : public ConGuion<clsCliente_Grp_Dtos> {
         o.Cod_Articulo = 1042;
         o.Descuento = 2.5;
     }
-    // Inserts, deletes and modifies a row of this level: these texts go out.
-    template <class Clase>
-    void Escribir(Clase& o, const std::string& origen, std::uint8_t nivel, std::initializer_list<std::string> textos) {
-        for (const std::string& texto : textos) guion->EsperaEjecucion(texto);
-        o.Nivel = nivel;
-        Hacer(o, origen + "::Insertar", [&] { o.Insertar(); });
-        Hacer(o, origen + "::Borrar", [&] { o.Eliminar(); });
-        Hacer(o, origen + "::Borrar", [&] { o.Modificar(); });
-        guion->Terminar();
-    }
     // The list of rows and the articles of a family, whose conditions are joined by `y`.
     template <class Clase>
     void Listar(Clase& o, const std::string& todos, const std::string& origen, const std::string& clase,
@@ -66,42 +56,47 @@ class Descuentos : public ConGuion<clsCliente_Grp_Dtos> {
 const std::string kClave = " and Cod_Empresa = 1 and Familia_1 =5 and Familia_2 =6 and Familia_3 =7 and Cod_";
 const std::string kClaveCambio = " AND Cod_Empresa = 1 AND Familia_1 =5 AND Familia_2 =6 AND Familia_3 =7 AND Cod_";
 
-TEST_F(Descuentos, EscriturasDeCliente_DeFamiliaYDeArticulo) {
-    const std::string insertar =
-        " INSERT INTO Descuentos_Familias (Codigo,Nivel,Cod_Empresa,Cod_Cliente, Descuento, Tipo_Descuento,"
-        " Cod_Articulo, Familia_1, Familia_2, Familia_3)  VALUES (0,";
-    const std::string borrar = " DELETE FROM Descuentos_Familias WHERE (";
-    const std::string cambiar = " UPDATE Descuentos_Familias SET Descuento = 2.5, Tipo_Descuento = 1 WHERE (";
-    const std::string cliente = "Cliente = 77)";
-    Escribir(familia, "clsDescuentos_Familia", 3,
-             {insertar + "3,1,77,2.5,1,0,5,6,7)", borrar + " Nivel = 3" + kClave + cliente,
-              cambiar + "Nivel = 3" + kClaveCambio + cliente});
-    Escribir(familia, "clsDescuentos_Familia", 4,
-             {insertar + "4,1,77,2.5,1,1042,5,6,7)", borrar + "Cod_Articulo = 1042 and Nivel = 4" + kClave + cliente,
-              cambiar + "Cod_Articulo = 1042 AND Nivel = 4" + kClaveCambio + cliente});
+TEST_F(Descuentos, Escrituras_DeFamiliaYDeArticulo) {
+    const auto marca = [&](const std::string& grupo) {
+        guion->EsperaEjecucion("UPDATE Clientes_Grp_Descuentos SET Act = 0 WHERE Cod_Empresa =1 AND Codigo =" + grupo);
+    };
+    for (const bool articulo : {false, true}) {
+        familia.Nivel = objeto.Nivel = articulo ? 4 : 3;
+        const std::string nivel = articulo ? "Cod_Articulo = 1042 AND Nivel = 4" : "Nivel = 3";
+        const std::string borrado = articulo ? "(Cod_Articulo = 1042 " : "( ";
+        const std::string codigo = articulo ? ",1042" : ",0";
+        guion->EsperaEjecucion(
+            " INSERT INTO Descuentos_Familias (Codigo,Nivel,Cod_Empresa,Cod_Cliente, Descuento, Tipo_Descuento,"
+            " Cod_Articulo, Familia_1, Familia_2, Familia_3)  VALUES (0," +
+            std::string(articulo ? "4" : "3") + ",1,77,2.5,1" + codigo + ",5,6,7)");
+        Hacer(familia, "clsDescuentos_Familia::Insertar", [&] { familia.Insertar(); });
+        guion->EsperaEjecucion(" DELETE FROM Descuentos_Familias WHERE " + borrado +
+                               (articulo ? "and Nivel = 4" : "Nivel = 3") + kClave + "Cliente = 77)");
+        Hacer(familia, "clsDescuentos_Familia::Borrar", [&] { familia.Eliminar(); });
+        guion->EsperaEjecucion(" UPDATE Descuentos_Familias SET Descuento = 2.5, Tipo_Descuento = 1 WHERE (" + nivel +
+                               kClaveCambio + "Cliente = 77)");
+        Hacer(familia, "clsDescuentos_Familia::Borrar", [&] { familia.Modificar(); });
+        guion->EsperaEjecucion(
+            std::string(" INSERT INTO Clientes_Grp_Descuentos_Fam (Nivel,Cod_Empresa,Cod_Grupo,") +
+            (articulo ? "" : " ") +
+            " Descuento, Cod_Articulo, Familia_1, Familia_2, Familia_3, Unidades_Min, Unidades_Max)  VALUES (" +
+            (articulo ? "4" : "3") + ",1,9,2.5" + codigo + ",5,6,7,1.5,10)");
+        marca(" 9");
+        Hacer(objeto, "clsCliente_Grp_Dtos::Insertar", [&] { objeto.Insertar(); });
+        guion->EsperaEjecucion(
+            " DELETE FROM Clientes_Grp_Descuentos_Fam WHERE " + borrado + (articulo ? "AND Nivel = 4" : "Nivel = 3") +
+            " and Cod_Empresa = 1 AND Familia_1 =5 and Familia_2 =6 AND Familia_3 =7 AND Cod_Grupo = 9"
+            " AND Unidades_Min = 1.5 AND Unidades_Max = 10)");
+        marca(" 9");
+        Hacer(objeto, "clsCliente_Grp_Dtos::Borrar", [&] { objeto.Eliminar(); });
+        guion->EsperaEjecucion(" UPDATE Clientes_Grp_Descuentos_Fam SET Descuento = 2.5 WHERE " + nivel + kClaveCambio +
+                               (articulo ? "Grupo = 9 AND Unidades_Min = 1.5 AND Unidades_Max = 10"
+                                         : "Grupo = 9 AND Unidades_Min =1.5 AND Unidades_Max =10"));
+        marca("9");
+        Hacer(objeto, "clsCliente_Grp_Dtos::Borrar", [&] { objeto.Modificar(); });
+    }
     familia.NumNiveles = 32767;
     EsperarError(kErrDesbordamiento, "", [&] { familia.Insertar(); });
-}
-
-TEST_F(Descuentos, EscriturasDeGrupo_MarcanLaCabecera) {
-    const std::string insertar = " INSERT INTO Clientes_Grp_Descuentos_Fam (Nivel,Cod_Empresa,Cod_Grupo,";
-    const std::string columnas =
-        " Descuento, Cod_Articulo, Familia_1, Familia_2, Familia_3, Unidades_Min, Unidades_Max)  VALUES (";
-    const std::string borrar = " DELETE FROM Clientes_Grp_Descuentos_Fam WHERE (";
-    const std::string borrado =
-        " and Cod_Empresa = 1 AND Familia_1 =5 and Familia_2 =6 AND Familia_3 =7 AND Cod_Grupo = 9"
-        " AND Unidades_Min = 1.5 AND Unidades_Max = 10)";
-    const std::string cambiar = " UPDATE Clientes_Grp_Descuentos_Fam SET Descuento = 2.5 WHERE ";
-    const std::string cambio = kClaveCambio + "Grupo = 9 AND ";
-    const std::string marca = "UPDATE Clientes_Grp_Descuentos SET Act = 0 WHERE Cod_Empresa =1 AND Codigo =";
-    Escribir(objeto, "clsCliente_Grp_Dtos", 3,
-             {insertar + " " + columnas + "3,1,9,2.5,0,5,6,7,1.5,10)", marca + " 9", borrar + " Nivel = 3" + borrado,
-              marca + " 9", cambiar + "Nivel = 3" + cambio + "Unidades_Min =1.5 AND Unidades_Max =10", marca + "9"});
-    Escribir(objeto, "clsCliente_Grp_Dtos", 4,
-             {insertar + columnas + "4,1,9,2.5,1042,5,6,7,1.5,10)", marca + " 9",
-              borrar + "Cod_Articulo = 1042 AND Nivel = 4" + borrado, marca + " 9",
-              cambiar + "Cod_Articulo = 1042 AND Nivel = 4" + cambio + "Unidades_Min = 1.5 AND Unidades_Max = 10",
-              marca + "9"});
 }
 
 TEST_F(Descuentos, Consultas) {
