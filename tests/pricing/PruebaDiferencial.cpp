@@ -171,7 +171,7 @@ TEST(Diferencial, CadaTresFuentes_ComoUnResolutorIngenuo) {
         {"convenio", [](Mundo& m) { m.convenioMenos = 100; }},
         {"convenio que suma", [](Mundo& m) { m.convenioMenos = -50; }},
         {"convenio a 0", [](Mundo& m) { m.convenioMenos = 1000; }},
-        {"descuento de grupo", [](Mundo& m) { m.grupo = 4; }},
+        {"descuento de grupo", [](Mundo& m) { m.grupo = -4; }},
         {"descuento de familia", [](Mundo& m) { m.familia = 3; }},
         {"cliente a coste", [](Mundo& m) { m.tipoCliente = -1; }},
     };

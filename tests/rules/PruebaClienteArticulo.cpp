@@ -142,6 +142,9 @@ TEST_F(ClienteArticulo, Acumular_EnLasDosTablasYConElCosteDelAlmacen) {
     guion->EsperaConsulta("SELECT PU_Compra AS Costo" + fila, {"Costo"}, {{2.0}});
     EsperarVenta(*guion, true, 0, "3", "10", "6");
     objeto.Acumular_C(dia, Currency::DeEntero(3), Currency::DeEntero(10), Currency(), 38, 4);
+    guion->EsperaConsulta("SELECT PU_Compra AS Costo" + fila);
+    EsperarVenta(*guion, true, 1, "3", "10", "0");
+    objeto.Acumular_C(dia, Currency::DeEntero(3), Currency::DeEntero(10), Currency(), 38, 4);
 }
 
 }  // namespace

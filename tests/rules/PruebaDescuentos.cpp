@@ -62,25 +62,27 @@ TEST_F(Descuentos, Escrituras_DeFamiliaYDeArticulo) {
     };
     for (const bool articulo : {false, true}) {
         familia.Nivel = objeto.Nivel = articulo ? 4 : 3;
+        familia.Descuento = objeto.Descuento = articulo ? 0 : 2.5;
         const std::string nivel = articulo ? "Cod_Articulo = 1042 AND Nivel = 4" : "Nivel = 3";
         const std::string borrado = articulo ? "(Cod_Articulo = 1042 " : "( ";
         const std::string codigo = articulo ? ",1042" : ",0";
+        const std::string dto = articulo ? "0" : "2.5";
         guion->EsperaEjecucion(
             " INSERT INTO Descuentos_Familias (Codigo,Nivel,Cod_Empresa,Cod_Cliente, Descuento, Tipo_Descuento,"
             " Cod_Articulo, Familia_1, Familia_2, Familia_3)  VALUES (0," +
-            std::string(articulo ? "4" : "3") + ",1,77,2.5,1" + codigo + ",5,6,7)");
+            std::string(articulo ? "4" : "3") + ",1,77," + dto + ",1" + codigo + ",5,6,7)");
         Hacer(familia, "clsDescuentos_Familia::Insertar", [&] { familia.Insertar(); });
         guion->EsperaEjecucion(" DELETE FROM Descuentos_Familias WHERE " + borrado +
                                (articulo ? "and Nivel = 4" : "Nivel = 3") + kClave + "Cliente = 77)");
         Hacer(familia, "clsDescuentos_Familia::Borrar", [&] { familia.Eliminar(); });
-        guion->EsperaEjecucion(" UPDATE Descuentos_Familias SET Descuento = 2.5, Tipo_Descuento = 1 WHERE (" + nivel +
-                               kClaveCambio + "Cliente = 77)");
+        guion->EsperaEjecucion(" UPDATE Descuentos_Familias SET Descuento = " + dto + ", Tipo_Descuento = 1 WHERE (" +
+                               nivel + kClaveCambio + "Cliente = 77)");
         Hacer(familia, "clsDescuentos_Familia::Borrar", [&] { familia.Modificar(); });
         guion->EsperaEjecucion(
             std::string(" INSERT INTO Clientes_Grp_Descuentos_Fam (Nivel,Cod_Empresa,Cod_Grupo,") +
             (articulo ? "" : " ") +
             " Descuento, Cod_Articulo, Familia_1, Familia_2, Familia_3, Unidades_Min, Unidades_Max)  VALUES (" +
-            (articulo ? "4" : "3") + ",1,9,2.5" + codigo + ",5,6,7,1.5,10)");
+            (articulo ? "4" : "3") + ",1,9," + dto + codigo + ",5,6,7,1.5,10)");
         marca(" 9");
         Hacer(objeto, "clsCliente_Grp_Dtos::Insertar", [&] { objeto.Insertar(); });
         guion->EsperaEjecucion(
@@ -89,7 +91,8 @@ TEST_F(Descuentos, Escrituras_DeFamiliaYDeArticulo) {
             " AND Unidades_Min = 1.5 AND Unidades_Max = 10)");
         marca(" 9");
         Hacer(objeto, "clsCliente_Grp_Dtos::Borrar", [&] { objeto.Eliminar(); });
-        guion->EsperaEjecucion(" UPDATE Clientes_Grp_Descuentos_Fam SET Descuento = 2.5 WHERE " + nivel + kClaveCambio +
+        guion->EsperaEjecucion(" UPDATE Clientes_Grp_Descuentos_Fam SET Descuento = " + dto + " WHERE " + nivel +
+                               kClaveCambio +
                                (articulo ? "Grupo = 9 AND Unidades_Min = 1.5 AND Unidades_Max = 10"
                                          : "Grupo = 9 AND Unidades_Min =1.5 AND Unidades_Max =10"));
         marca("9");
