@@ -41,37 +41,30 @@ class EmpresaFija : public cEmpresa {
 };
 
 /// Fixed today and decimal separator for the scope of a test; keeps the critical messages instead of showing them.
-class BibliotecaDePrueba {
+class BibliotecaDePrueba : public BibliotecaComun {
   public:
     struct Mensaje {
-        std::string texto;
-        std::string titulo;
+        std::string texto, titulo;
     };
 
     explicit BibliotecaDePrueba(Fecha hoy, char separador = '.')
-        : fija_(std::make_shared<Fija>(hoy, separador)), anterior_(CambiarBiblioteca(fija_)) {}
-    ~BibliotecaDePrueba() { CambiarBiblioteca(anterior_); }
+        : hoy_(hoy), separador_(separador), anterior_(CambiarBiblioteca({this, [](auto*) {}})) {}
+    ~BibliotecaDePrueba() override { CambiarBiblioteca(anterior_); }
     BibliotecaDePrueba(const BibliotecaDePrueba&) = delete;
     BibliotecaDePrueba& operator=(const BibliotecaDePrueba&) = delete;
 
-    const std::vector<Mensaje>& Mensajes() const { return fija_->mensajes; }
+    Fecha Hoy() const override { return hoy_; }
+    char SeparadorDecimal() const override { return separador_; }
+    void MensajeCritico(std::string_view texto, std::string_view titulo) override {
+        mensajes_.push_back({std::string(texto), std::string(titulo)});
+    }
+    const std::vector<Mensaje>& Mensajes() const { return mensajes_; }
 
   private:
-    struct Fija : BibliotecaComun {
-        Fija(Fecha dia, char decimal) : hoy(dia), separador(decimal) {}
-        Fecha Hoy() const override { return hoy; }
-        char SeparadorDecimal() const override { return separador; }
-        void MensajeCritico(std::string_view texto, std::string_view titulo) override {
-            mensajes.push_back({std::string(texto), std::string(titulo)});
-        }
-
-        Fecha hoy;
-        char separador;
-        std::vector<Mensaje> mensajes;
-    };
-
-    std::shared_ptr<Fija> fija_;
-    std::shared_ptr<BibliotecaComun> anterior_;
+    const Fecha hoy_;
+    const char separador_;
+    std::vector<Mensaje> mensajes_;
+    const std::shared_ptr<BibliotecaComun> anterior_;
 };
 
 }  // namespace kv::prueba

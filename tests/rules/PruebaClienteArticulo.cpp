@@ -60,31 +60,29 @@ TEST_F(ClienteArticulo, Escrituras_EnLosDosModos) {
 
 TEST_F(ClienteArticulo, Recorrido_EnLosDosModos) {
     using C = clsCliente_Articulo;
-    struct Caso {
-        bool (C::*metodo)(std::unique_ptr<Recordset>&);
-        std::string donde;  // @ is the column that moves
-    };
-    const std::string igual = " WHERE a.Cod_Empresa=1 and a.@ = (SELECT ";
     const std::string tabla = " FROM Clientes_Art_PVP  WHERE Cod_Empresa =1";
-    const Caso kCasos[] = {{&C::Cargar_Siguiente, igual + "TOP 1 @" + tabla + " AND @  > 30 ORDER BY @ ASC)"},
-                           {&C::Cargar_Anterior, igual + "TOP 1 @" + tabla + " AND @  < 30 ORDER BY @ DESC)"},
-                           {&C::Cargar_Primero, igual + "ISNULL(MIN(@), 0) AS @" + tabla + ")"},
-                           {&C::Cargar_Ultimo, igual + "ISNULL(MAX(@), 0) AS @" + tabla + ")"}};
-    objeto.Key(std::int32_t{30});
+    objeto.Key(30);
     std::unique_ptr<Recordset> rs;
-    for (const bool porArticulo : {false, true})
-        for (const Caso& caso : kCasos) {
-            objeto.Por_Articulo(porArticulo);
-            std::string sql = (porArticulo ? kDeArticulo : kDeCliente) + caso.donde;
-            // The first article is asked for with brackets of its own and without a name.
-            if (porArticulo && caso.metodo == &C::Cargar_Primero)
-                sql = kDeArticulo + " WHERE (a.Cod_Empresa=1) and (a.@ = (SELECT ISNULL(MIN(@), 0)" + tabla + "))";
-            for (auto pos = sql.find('@'); pos != std::string::npos; pos = sql.find('@'))
-                sql.replace(pos, 1, porArticulo ? "Cod_Articulo" : "Cod_Cliente");
-            guion->EsperaConsulta(sql);
-            EXPECT_FALSE(Hacer(objeto, "clsCliente_Articulo::Cargar", [&] { return (objeto.*caso.metodo)(rs); }));
-            rs->Close();
-        }
+    const auto recorre = [&](bool (C::*metodo)(std::unique_ptr<Recordset>&), const std::string& sql) {
+        guion->EsperaConsulta(sql);
+        EXPECT_FALSE(Hacer(objeto, "clsCliente_Articulo::Cargar", [&] { return (objeto.*metodo)(rs); }));
+        rs->Close();
+    };
+    for (const bool porArticulo : {false, true}) {
+        objeto.Por_Articulo(porArticulo);
+        const std::string c = porArticulo ? "Cod_Articulo" : "Cod_Cliente";
+        const std::string igual =
+            (porArticulo ? kDeArticulo : kDeCliente) + " WHERE a.Cod_Empresa=1 and a." + c + " = (SELECT ";
+        recorre(&C::Cargar_Siguiente, igual + "TOP 1 " + c + tabla + " AND " + c + "  > 30 ORDER BY " + c + " ASC)");
+        recorre(&C::Cargar_Anterior, igual + "TOP 1 " + c + tabla + " AND " + c + "  < 30 ORDER BY " + c + " DESC)");
+        recorre(&C::Cargar_Ultimo, igual + "ISNULL(MAX(" + c + "), 0) AS " + c + tabla + ")");
+        if (!porArticulo)
+            recorre(&C::Cargar_Primero, igual + "ISNULL(MIN(Cod_Cliente), 0) AS Cod_Cliente" + tabla + ")");
+    }
+    // The first article is asked for with brackets of its own and without a name.
+    recorre(&C::Cargar_Primero,
+            kDeArticulo + " WHERE (a.Cod_Empresa=1) and (a.Cod_Articulo = (SELECT ISNULL(MIN(Cod_Articulo), 0)" +
+                tabla + "))");
 }
 
 TEST_F(ClienteArticulo, Cargar_CopiaLaPrimeraFilaYCambiaDeConexion) {

@@ -159,27 +159,24 @@ TEST_F(Descuentos, Activo_ParametrosEnOrdenYNivelesSegunLosTitulos) {
     using T = DataType;
     using D = ParameterDirection;
     empresa->captions = {"Sección", "", "Subfamilia"};
+    const std::tuple<const char*, T, Valor> kEntradas[] = {{"@Empresa", T::adTinyInt, std::int16_t{1}},
+                                                           {"@Cliente", T::adInteger, 77},
+                                                           {"@Articulo", T::adInteger, 1042},
+                                                           {"@Familia1", T::adSmallInt, std::int16_t{5}},
+                                                           {"@Familia2", T::adSmallInt, std::int16_t{6}},
+                                                           {"@Familia3", T::adSmallInt, std::int16_t{7}},
+                                                           {"@Nivel", T::adTinyInt, std::uint8_t{4}},
+                                                           {"@Niveles", T::adTinyInt, std::uint8_t{3}},
+                                                           {"@EmpFamilia1", T::adBoolean, true},
+                                                           {"@EmpFamilia2", T::adBoolean, false},
+                                                           {"@EmpFamilia3", T::adBoolean, true}};
     std::vector<Parameter> parametros = {{"Return", T::adInteger, D::adParamReturnValue, 0, Nulo{}}};
-    const auto entrada = [&](const char* nombre, DataType tipo, Valor valor) {
-        parametros.push_back({nombre, tipo, D::adParamInput, 0, std::move(valor)});
-    };
-    entrada("@Empresa", T::adTinyInt, std::int16_t{1});
-    entrada("@Cliente", T::adInteger, 77);
-    entrada("@Articulo", T::adInteger, 1042);
-    entrada("@Familia1", T::adSmallInt, std::int16_t{5});
-    entrada("@Familia2", T::adSmallInt, std::int16_t{6});
-    entrada("@Familia3", T::adSmallInt, std::int16_t{7});
-    entrada("@Nivel", T::adTinyInt, std::uint8_t{4});
-    entrada("@Niveles", T::adTinyInt, std::uint8_t{3});
-    entrada("@EmpFamilia1", T::adBoolean, true);
-    entrada("@EmpFamilia2", T::adBoolean, false);
-    entrada("@EmpFamilia3", T::adBoolean, true);
+    for (const auto& [nombre, tipo, valor] : kEntradas) parametros.push_back({nombre, tipo, D::adParamInput, 0, valor});
     const std::vector<Parameter> salida = {{"@Dto", T::adCurrency, D::adParamOutput, 0, Currency::DeDouble(8.25)}};
     parametros.push_back({"@Dto", T::adCurrency, D::adParamOutput, 0, Nulo{}});
     guion->EsperaProcedimiento("KVP_DevDtoDescuentosFamilias", parametros, salida);
     EXPECT_EQ(8.25, familia.Dev_Descuento_Activo());
-    entrada("@Unidades", T::adCurrency, Currency::DeDouble(2.5));
-    std::swap(parametros[12], parametros[13]);
+    parametros.insert(parametros.end() - 1, {"@Unidades", T::adCurrency, D::adParamInput, 0, Currency::DeDouble(2.5)});
     guion->EsperaProcedimiento("KVP_DevDtoClientesGrupos", parametros, salida);
     EXPECT_EQ(Currency::DeDouble(8.25), objeto.Dev_Descuento_Activo(77, Currency::DeDouble(2.5)));
 }
