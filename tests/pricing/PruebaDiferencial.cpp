@@ -161,7 +161,7 @@ TEST(Diferencial, CadaTresFuentes_ComoUnResolutorIngenuo) {
         {"tarifa pedida", [](Mundo& m) { m.tarifas[kPedida] = -1470; }},
         {"coste", [](Mundo& m) { m.aCoste = true; }},
         {"precio del cliente", [](Mundo& m) { m.propio = 1530; }},
-        {"último día del suyo", [](Mundo& m) { m.propio = 0; }},
+        {"precio del cliente a 0", [](Mundo& m) { m.propio = 0; }},
         {"precio caducado", [](Mundo& m) { m.propio = 1530, m.diasPropio = -1; }},
         {"base del padre", [](Mundo& m) { m.conCadena = true, m.basePadre = 1650; }},
         {"base del nodo", [](Mundo& m) { m.conCadena = true, m.baseNodo = 1710; }},
