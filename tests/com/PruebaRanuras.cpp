@@ -15,7 +15,7 @@ struct Miembro {
     const char* nombre;
     VARTYPE tipo;              // VT_EMPTY when it is no data
     int clases = kGet | kLet;  // its functions, in this order
-    const char* marcas = "";   // of a method's parameters: 16 optional, 32 with a default, 10 the result
+    const char* firma = " ";   // a method's parameters with their flags: 16 optional, 32 with a default, 10 the result
 };
 
 // clang-format off
@@ -27,7 +27,9 @@ constexpr Miembro kMiembros[] = {
     {"FidelizacionPuntos", VT_I4}, {"DStock", VT_BOOL}, {"Control_Series", VT_BOOL}, {"Cod_Envase", VT_I4},
     {"Stock", VT_CY}, {"Bloqueado", VT_BOOL}, {"Control_Caducidad", VT_BOOL}, {"Control_Lotes", VT_BOOL},
     {"TipoRep", VT_I2}, {"Conexion", VT_EMPTY, kSet}, {"cEmpresa", VT_EMPTY, kSet},
-    {"DevPvp", VT_EMPTY, kMetodo, "1 1 49=0 10"}, {"Cargar", VT_EMPTY, kMetodo, "1 1 1 1 1 1 17 10"},
+    {"DevPvp", VT_EMPTY, kMetodo, " intTarifa 1 dteFecha 1 blnForzarAnterior 49=0 precio 10"},
+    {"Cargar", VT_EMPTY, kMetodo, " lngCod_Articulo 1 lngCod_Cliente 1 dteFecha 1 intTarifa 1 intCod_Almacen 1"
+                                  " intDec_Pvp 1 curUnidades 17 estado 10"},
     {"Largo", VT_CY}, {"Ancho", VT_CY}, {"Altura", VT_CY}, {"BloqueadoVenta", VT_BOOL}, {"BloqueadoGral", VT_BOOL},
     {"MsjAlerta", VT_BSTR}, {"MotivoBaja", VT_I2}, {"BajoPedido", VT_BOOL}, {"TarifaPVP", VT_I2},
     {"PendienteServir", VT_CY}, {"PendienteRecibir", VT_CY}, {"Impuesto2", VT_UI1}, {"UnidadesDecimales", VT_BOOL},
@@ -36,14 +38,18 @@ constexpr Miembro kMiembros[] = {
 static_assert(std::size(kMiembros) == 48);
 // clang-format on
 
-std::string Marcas(const FUNCDESC& f) {
-    std::string texto;
+std::string Firma(ITypeInfo& info, const FUNCDESC& f) {
+    BSTR nombres[9] = {};
+    UINT cuantos = 0;
+    info.GetNames(f.memid, nombres, 9, &cuantos);
+    std::string texto = Utf8(nombres[0]) + " ";
     for (SHORT i = 0; i < f.cParams; ++i) {
         const PARAMDESC& p = f.lprgelemdescParam[i].paramdesc;
-        texto += (i > 0 ? " " : "") + std::to_string(p.wParamFlags);
+        texto += (i > 0 ? " " : "") + Utf8(nombres[i + 1]) + " " + std::to_string(p.wParamFlags);
         if ((p.wParamFlags & PARAMFLAG_FHASDEFAULT) != 0)
             texto += "=" + std::to_string(p.pparamdescex->varDefaultValue.boolVal);
     }
+    for (BSTR nombre : nombres) SysFreeString(nombre);
     return texto;
 }
 
@@ -77,14 +83,14 @@ void ProbarPropiedad(::_clsDatosArt& o, const Miembro& m) {
     }
 }
 
-/// Identifier, kind and slot of one function.
+/// Identifier, kind, slot and name of one function, and the parameters of a method.
 void ProbarFuncion(ITypeInfo& info, UINT ranura, const Miembro& m, int clase) {
     FUNCDESC* f = nullptr;
     ASSERT_EQ(S_OK, info.GetFuncDesc(ranura, &f)) << m.nombre;
     EXPECT_TRUE(f->memid == &m - kMiembros + 1 && f->invkind == clase &&
                 f->oVft == static_cast<SHORT>((kHeredadas + ranura) * sizeof(void*)) &&
-                (clase != kMetodo || m.marcas == Marcas(*f)))
-        << m.nombre << ": " << Marcas(*f);
+                Firma(info, *f).starts_with(std::string(m.nombre) + m.firma))
+        << m.nombre << ": " << Firma(info, *f);
     info.ReleaseFuncDesc(f);
 }
 
