@@ -1,5 +1,4 @@
-// Against Wine's own ADO, which shares nothing with the declarations under test. What it does not implement is shown
-// as left out, and checked as soon as it is.
+// Over what Wine has of its own.
 
 #include <gtest/gtest.h>
 
@@ -9,7 +8,11 @@
 #include "db/ado/ConexionAdo.h"
 #include "db/ado/FabricaAdo.h"
 #include "db/ado/Variante.h"
+#include "db/odbc/ConexionOdbc.h"
+#include "tests/com/AdoFalso.h"
 #include "tests/comun/Errores.h"
+#include "tests/comun/LeerValor.h"
+#include "tests/odbc/ContratoSqlite.h"
 
 namespace kv::prueba {
 namespace {
@@ -20,6 +23,8 @@ void Omitir(const std::string& que) {
     std::cout << "OMITIDA: " << que << std::endl;
 }
 
+// Wine's own ADO shares nothing with the declarations under test. What it does not implement is shown as left out, and
+// checked as soon as it is.
 TEST(AdoDeWine, ConexionSentenciasYConsultas) {
     const auto nativa = FabricaAdo<ado::Connection>(kClaseConnection, ado::kConnection).Crear();
     ConexionAdo cn(nativa.Get());
@@ -51,6 +56,32 @@ TEST(AdoDeWine, ConexionSentenciasYConsultas) {
     rs->Close();
     EXPECT_EQ(ObjectState::adStateClosed, rs->State());
 }
+
+// The contract: ADO-shaped objects lead to the system's odbc32 and a real driver, whose values travel through VARIANTs
+// and back.
+struct Montaje {
+    ClaseFalsa<RecordsetFalso> clase{ado::kClaseRecordset, ado::kRecordset[1]};
+    ConexionOdbc real{"DSN=" + std::string(std::getenv("KV_ORIGEN")), DialectoOdbc::Otro};
+    PunteroCom<ConexionFalsa> fachada = Nuevo<ConexionFalsa>(real);
+    ConexionAdo cn{fachada.Get()};
+};
+
+std::shared_ptr<Connection> Conectar() {
+    const auto montaje = std::make_shared<Montaje>();
+    montaje->real.EjecutarLote("DROP TABLE IF EXISTS Contrato");
+    CrearContratoSqlite(montaje->cn);
+    // The driver brings no wide text back, but what went in is whole.
+    EXPECT_EQ(Valor(std::string("C3B120E282AC207820")),
+              LeerValor(montaje->cn, "SELECT HEX(Texto) AS Bytes FROM Contrato WHERE Codigo =1"));
+    return {montaje, &montaje->cn};
+}
+
+const AdaptadorProbado kAdo{
+    "ado", Conectar, kNoPuedeSqliteOdbc,
+    std::getenv("KV_ORIGEN") == nullptr ? "KV_ORIGEN no dice qué origen de datos ODBC se prueba" : "",
+    MAKE_HRESULT(1, FACILITY_CONTROL, 0)};
+
+INSTANTIATE_TEST_SUITE_P(Ado, ContratoAdaptador, testing::Values(kAdo));
 
 }  // namespace
 }  // namespace kv::prueba

@@ -42,7 +42,8 @@ bool MismaRanura(HRESULT (STDMETHODCALLTYPE Nuestra::*nuestro)(A...), HRESULT (S
 }
 
 TEST(InterfacesAdo, CadaRanuraEsLaDeLaPlataforma) {
-#define IGUAL(nuestra, suya, miembro) {#nuestra "::" #miembro, MismaRanura(&ado::nuestra::miembro, &::suya::miembro)}
+#define IGUAL(nuestra, suya, miembro) \
+    { #nuestra "::" #miembro, MismaRanura(&ado::nuestra::miembro, &::suya::miembro) }
     // clang-format off
     const std::pair<const char*, bool> ranuras[] = {
         IGUAL(Field, Field, get_Name), IGUAL(Field, Field, get_Value), IGUAL(Fields, Fields, get_Count),

@@ -24,13 +24,12 @@ struct PorNombreFalso : Falso<IDispatch> {
         ++llamadas;
         Variante dado;
         if (dados->cArgs > 0) VariantCopyInd(&dado.Get(), &dados->rgvarg[0]);
-        Variante leido;
-        Leer(nombres_[static_cast<std::size_t>(id) - 1], dado.AValor(), leido.Get());
+        Variante leido = Leer(nombres_[static_cast<std::size_t>(id) - 1], dado.AValor());
         if (resultado != nullptr) *resultado = leido.Soltar();
         return S_OK;
     }
     /// What a member gives for its one argument, NULL without any.
-    virtual void Leer(const std::string& nombre, const Valor& dado, VARIANT& resultado) = 0;
+    virtual Variante Leer(const std::string& nombre, const Valor& dado) = 0;
 
     std::vector<std::string> nombres_;
     std::map<std::string, int> preguntas;
@@ -39,8 +38,8 @@ struct PorNombreFalso : Falso<IDispatch> {
 
 /// The demonstration's company, with which loads are recorded; a numbered member's value is under its name and number.
 struct EmpresaFalsa : PorNombreFalso {
-    void Leer(const std::string& nombre, const Valor& dado, VARIANT& resultado) override {
-        resultado = Variante(valores[nombre + (EsNulo(dado) ? "" : AString(dado, '.'))]).Soltar();
+    Variante Leer(const std::string& nombre, const Valor& dado) override {
+        return Variante(valores[nombre + (EsNulo(dado) ? "" : AString(dado, '.'))]);
     }
     // clang-format off
     std::map<std::string, Valor> valores = {

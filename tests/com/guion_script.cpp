@@ -9,13 +9,10 @@ constexpr GUID kClase = {0x6d0b2f51, 0x35c4, 0x4b0e, {0x9a, 0x0e, 0x27, 0x55, 0x
 
 struct GuionScript : PorNombreFalso {
     using PorNombreFalso::PorNombreFalso;
-    void Leer(const std::string& nombre, const Valor& dado, VARIANT& resultado) override {
-        if (nombre == "Conexion")
-            resultado = Variante(escena_.conexion.Get()).Soltar();
-        else if (nombre == "Empresa")
-            resultado = Variante(escena_.empresa.Get()).Soltar();
-        else
-            resultado = Variante(Dato(nombre, dado)).Soltar();
+    Variante Leer(const std::string& nombre, const Valor& dado) override {
+        if (nombre == "Conexion") return Variante(escena_.conexion.Get());
+        if (nombre == "Empresa") return Variante(escena_.empresa.Get());
+        return Variante(Dato(nombre, dado));
     }
 
     /// Abrir reads a recording and gives how many loads it has; Elegir takes one as what the connection answers next.

@@ -75,7 +75,7 @@ void Hacer(Lado& lado, Azar& azar, Respuestas& r) {
 }  // namespace
 
 void CompararClientes(Pareja& pareja, Azar& azar, int veces) {
-    for (int i = 0; i < veces; ++i) pareja.Probar("cliente", azar, Hacer);
+    pareja.Repetir("cliente", azar, veces, Hacer);
 }
 
 void CompararTodo(Pareja& pareja, Azar& azar) {

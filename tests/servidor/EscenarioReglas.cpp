@@ -12,7 +12,9 @@ using Precios = clsCliente_Articulo;
 using Recorrido = bool (Precios::*)(std::unique_ptr<Recordset>&);
 
 // Prices of a customer for an article never overlap here: of two on the same day, any database may return either.
-void Preciar(Precios& p, Azar& azar, Respuestas& r) {
+void Preciar(Lado& lado, Azar& azar, Respuestas& r) {
+    Precios p;
+    lado.Inyectar(p);
     const int metodo = azar.Entre(0, 11);
     const int periodo = azar.Entre(0, 2);
     const bool porArticulo = azar.Una(2);
@@ -58,9 +60,10 @@ void Rellenar(Clase& dtos, Azar& azar) {
     dtos.Descuento = azar.Importe(0, 60, 2).ADouble();
 }
 
-void DeFamilia(clsCliente_DtosFamilias& dtos, Azar& azar, Respuestas& r) {
+void DeFamilia(Lado& lado, Azar& azar, Respuestas& r) {
     const int metodo = azar.Entre(0, 6);
-    Rellenar(dtos, azar);
+    clsCliente_DtosFamilias dtos;
+    Rellenar(lado.Inyectar(dtos), azar);
     dtos.Cliente = azar.Entre(21, 26);
     if (metodo <= 1) dtos.Insertar();
     if (metodo == 2) dtos.Modificar();
@@ -72,9 +75,10 @@ void DeFamilia(clsCliente_DtosFamilias& dtos, Azar& azar, Respuestas& r) {
     r("artículos", !dtos.Cargar_Articulos(dtos.Familia_1, dtos.Familia_2, dtos.Familia_3)->Eof());
 }
 
-void DeGrupo(clsCliente_Grp_Dtos& dtos, Azar& azar, Respuestas& r) {
+void DeGrupo(Lado& lado, Azar& azar, Respuestas& r) {
     const int metodo = azar.Entre(0, 6);
-    Rellenar(dtos, azar);
+    clsCliente_Grp_Dtos dtos;
+    Rellenar(lado.Inyectar(dtos), azar);
     dtos.Cod_Grupo = azar.Entre<std::int16_t>(1, 3);
     // No range begins where one of the demonstration does: which row of the same key comes first would be anyone's.
     const int minimo = azar.De({0, 2, 11, 101});
@@ -166,7 +170,7 @@ void CompararReglas(Pareja& pareja, Azar& azar, int veces) {
     pareja.Repetir("precios", azar, veces, Preciar);
     pareja.Repetir("descuento de familia", azar, veces / 2, DeFamilia);
     pareja.Repetir("descuento de grupo", azar, veces / 2, DeGrupo);
-    for (int i = 0; i < veces; ++i) pareja.Probar("acuerdos", azar, Acordar);
+    pareja.Repetir("acuerdos", azar, veces, Acordar);
 }
 
 }  // namespace kv::prueba

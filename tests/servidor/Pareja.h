@@ -72,14 +72,9 @@ class Pareja {
     /// Does the same on both, with the same random arguments, and notes every difference in what they answered, a
     /// refusal included.
     void Probar(const std::string& nombre, Azar& azar, const Caso& caso);
-    /// The same, so many times, with a new object of a class whose references are set.
-    template <class Clase>
-    void Repetir(const std::string& nombre, Azar& azar, int veces, void (*caso)(Clase&, Azar&, Respuestas&)) {
-        for (int i = 0; i < veces; ++i)
-            Probar(nombre, azar, [&](Lado& lado, Azar& suerte, Respuestas& r) {
-                Clase objeto;
-                caso(lado.Inyectar(objeto), suerte, r);
-            });
+    /// The same, so many times.
+    void Repetir(const std::string& nombre, Azar& azar, int veces, const Caso& caso) {
+        for (int i = 0; i < veces; ++i) Probar(nombre, azar, caso);
     }
     /// Every table of the schema, row by row. Here the types are those of the columns.
     void CompararTablas(Azar& azar);
