@@ -36,13 +36,12 @@ class ConexionGuion::RecordsetGuion : public Recordset {
 
     void Open(std::string_view source, Connection& conexion, CursorType cursor, LockType bloqueo,
               CommandType opciones) override {
-        if (abierto_) Discrepancia("Open sobre un recordset abierto: " + Entre("Open", source));
+        if (paso_) Discrepancia("Open sobre un recordset abierto: " + Entre("Open", source));
         if (&conexion != &conexion_) Discrepancia("Open con otra conexión");
         paso_ = conexion_.Tomar("Open", source);
-        EXPECT_EQ(static_cast<int>(paso_.cursor), static_cast<int>(cursor)) << "CursorType de " << source;
-        EXPECT_EQ(static_cast<int>(paso_.bloqueo), static_cast<int>(bloqueo)) << "LockType de " << source;
-        EXPECT_EQ(static_cast<int>(paso_.opciones), static_cast<int>(opciones)) << "Options de " << source;
-        abierto_ = true;
+        EXPECT_EQ(static_cast<int>(paso_->cursor), static_cast<int>(cursor)) << "CursorType de " << source;
+        EXPECT_EQ(static_cast<int>(paso_->bloqueo), static_cast<int>(bloqueo)) << "LockType de " << source;
+        EXPECT_EQ(static_cast<int>(paso_->opciones), static_cast<int>(opciones)) << "Options de " << source;
         fila_ = 0;
     }
     bool Eof() override { return fila_ >= Abierto().filas.size(); }
@@ -52,33 +51,33 @@ class ConexionGuion::RecordsetGuion : public Recordset {
     }
     void Close() override {
         Abierto();
-        abierto_ = false;
+        paso_.reset();
     }
-    ObjectState State() const override { return abierto_ ? ObjectState::adStateOpen : ObjectState::adStateClosed; }
-    std::int32_t NumeroCampos() override { return static_cast<std::int32_t>(paso_.columnas.size()); }
+    ObjectState State() const override { return paso_ ? ObjectState::adStateOpen : ObjectState::adStateClosed; }
+    std::int32_t NumeroCampos() override { return static_cast<std::int32_t>(Abierto().columnas.size()); }
     std::string_view NombreCampo(std::int32_t posicion) override {
-        return paso_.columnas.at(static_cast<std::size_t>(posicion));
+        return Abierto().columnas.at(static_cast<std::size_t>(posicion));
     }
 
   protected:
     const Valor& LeerCampo(std::string_view nombre) override {
         if (Eof()) LanzarError(kErrSinRegistro);
-        const auto columna = std::find_if(paso_.columnas.begin(), paso_.columnas.end(),
+        const auto& columnas = paso_->columnas;
+        const auto columna = std::find_if(columnas.begin(), columnas.end(),
                                           [&](const std::string& c) { return MismoNombre(c, nombre); });
-        if (columna == paso_.columnas.end()) LanzarError(kErrElementoNoEncontrado, std::string(nombre));
-        return paso_.filas[fila_].at(static_cast<std::size_t>(columna - paso_.columnas.begin()));
+        if (columna == columnas.end()) LanzarError(kErrElementoNoEncontrado, std::string(nombre));
+        return paso_->filas[fila_].at(static_cast<std::size_t>(columna - columnas.begin()));
     }
 
   private:
     const Paso& Abierto() const {
-        if (!abierto_) LanzarError(kErrObjetoCerrado);
-        return paso_;
+        if (!paso_) LanzarError(kErrObjetoCerrado);
+        return *paso_;
     }
 
     ConexionGuion& conexion_;
-    Paso paso_;
+    std::optional<Paso> paso_;  // while it is open
     std::size_t fila_ = 0;
-    bool abierto_ = false;
 };
 
 class ConexionGuion::CommandGuion : public Command {

@@ -26,8 +26,7 @@ const std::vector<double> kNada;
 struct Apunte {
     const char* nombre;
     int op;
-    double unidades;
-    double neto;
+    double unidades, neto;
     std::vector<double> antes;      // stock, average and purchase price of the row; empty: there is none yet
     std::string cambios;            // of the row, from what is added to its stock on
     const char* precio = nullptr;   // what a purchase sets besides its dates; none: no purchase
@@ -52,33 +51,27 @@ class Almacen : public ConGuion<clsAlmacen_Articulo> {
                                   (variante ? "_C" + kClave + kVariante : kClaveMixta),
                               {"Stock_Actual", "P_Medio", "PU_Compra", "Stock_Peso"}, std::move(filas));
     }
-    static std::string Insercion(const Apunte& a, bool variante) {
-        const std::string stock = "Stock_Actual, Stock_Peso, PU_Compra, P_Medio, ";
-        const std::string fechas = "FUlt_Compra, FUlt_Venta, FIni_Existencias, FFin_Existencias";
-        if (variante) return kInsertarC + stock + " " + fechas + ") VALUES (1, 6, 1042, 38, 2, " + a.nueva;
-        return kInsertar + (a.tipo > 0 ? "FUlt_Compra, FUlt_Venta" : stock + fechas) + ") VALUES (1, 6, 1042, " +
-               a.nueva;
-    }
     static std::vector<std::string> Escrituras(const Apunte& a, bool variante, bool fichas) {
         const std::string tabla = std::string("UPDATE Almacen_Articulos") + (variante ? "_C" : "") + " SET";
         const std::string y = variante ? kVariante : "";
         std::vector<std::string> textos = {tabla + (a.tipo > 0 ? " " : "") + " Stock_Actual = Stock_Actual + " +
                                            a.cambios + kClave + y};
-        if (a.antes.empty()) textos.push_back(Insercion(a, variante));
+        if (a.antes.empty()) {
+            const std::string stock = a.tipo > 0 ? "" : "Stock_Actual, Stock_Peso, PU_Compra, P_Medio, ";
+            const std::string periodo = a.tipo > 0 ? "" : ", FIni_Existencias, FFin_Existencias";
+            textos.push_back((variante ? kInsertarC + stock + " " : kInsertar + stock) + "FUlt_Compra, FUlt_Venta" +
+                             periodo + ") VALUES (1, 6, 1042, " + (variante ? "38, 2, " : "") + a.nueva);
+        }
         if (variante ? a.compraC : a.precio)
             textos.push_back(tabla + (variante ? a.compraC : " FUlt_Compra ='05/03/2026'" + std::string(a.precio)) +
                              kClaveMixta + y + " AND FUlt_Compra<='05/03/2026'");
-        if (fichas && a.precio != nullptr) {
-            textos.push_back("UPDATE Articulos SET FUCompra ='05/03/2026'" + std::string(a.precio) +
-                             " WHERE Cod_Empresa = 2 AND Codigo =1042 AND FUCompra<='05/03/2026'");
-            textos.push_back(
-                "UPDATE Almacenes SET FUCompra ='05/03/2026' WHERE Cod_Empresa = 1 AND Codigo =6"
-                " AND FUCompra<='05/03/2026'");
-        }
-        if (fichas && a.cambios.find("FUlt_Venta") != std::string::npos) {
-            textos.push_back("UPDATE Articulos SET FUVenta ='05/03/2026' WHERE Cod_Empresa = 2 AND Codigo =1042");
-            textos.push_back("UPDATE Almacenes SET FUVenta ='05/03/2026' WHERE Cod_Empresa = 1 AND Codigo =6");
-        }
+        const auto maestros = [&](const std::string& cambio, const std::string& precio, const std::string& guarda) {
+            textos.push_back("UPDATE Articulos SET " + cambio + precio + " WHERE Cod_Empresa = 2 AND Codigo =1042" +
+                             guarda);
+            textos.push_back("UPDATE Almacenes SET " + cambio + " WHERE Cod_Empresa = 1 AND Codigo =6" + guarda);
+        };
+        if (fichas && a.precio != nullptr) maestros("FUCompra ='05/03/2026'", a.precio, " AND FUCompra<='05/03/2026'");
+        if (fichas && a.cambios.find("FUlt_Venta") != std::string::npos) maestros("FUVenta ='05/03/2026'", "", "");
         return textos;
     }
     void Mover(const Apunte& a, bool variante, bool fichas) {
