@@ -129,6 +129,54 @@ TEST_F(CargaReal, Padre_SeCargaUnaVezAlLeerlo) {
     EXPECT_EQ(nullptr, a.padre());
 }
 
+// The load of a customer four levels below the top of a chain, with each of its statements failing in its turn.
+TEST_F(CargaReal, FalloEnCadaSentencia_OrigenYLoYaCargado) {
+    struct Etapa {
+        int sentencias;
+        const char* origen;  // none: a discount that cannot be asked for stops no sale
+        std::string cargado;
+    };
+    const std::string nada = "0 0 7 0 7 7 antes", conTarifa = "113 65 24 1 7 7 ";
+    const char* deConvenio = "clsClientes_Cadenas_ConvArt::Dev_Descuentos";
+    const Etapa kEtapas[] = {
+        {1, "clsCliente::Cargar", nada},
+        {1, "Proveedor", nada},
+        {1, "Proveedor", "113 0 0 0 7 7 "},
+        {1, "Proveedor", "113 65 0 0 7 7 "},
+        {1, "clsCliente_Articulo::Dev_Precio", conTarifa},
+        {1, "Proveedor", conTarifa},
+        {8, "clsClientes_Cadenas_ConvArt::Dev_PBase", conTarifa},
+        {1, "Proveedor", "113 65 24 1 24 7 "},
+        {2, nullptr, "113 65 15.51 0 24 0 PB: 24  DTOS: 10.00% E1.50 5.00% 2.00% M5,1"},
+        {8, deConvenio, "113 65 24 1 24 0 "},
+        {8, deConvenio, "113 65 15.51 1 24 0 "},
+    };
+    int sentencia = 0;
+    for (const Etapa& etapa : kEtapas)
+        for (int i = 0; i < etapa.sentencias; ++i) {
+            SCOPED_TRACE(++sentencia);
+            clsDatosArt a;
+            Conectar(a, sentencia);
+            a.Pvp = 7;
+            a.PvpBase = Currency::DeEntero(7);
+            a.PDescuento = 7;
+            a.Convenio = "antes";
+            const auto cargar = [&] { a.Cargar(113, 11, kHoy, 1, 1, 2); };
+            if (etapa.origen != nullptr)
+                EsperarError(1205, etapa.origen, cargar);
+            else
+                cargar();
+            std::string cargado;
+            for (const Valor& valor : std::initializer_list<Valor>{a.Codigo, a.Stock, a.Pvp, a.TarifaPVP, a.PvpBase,
+                                                                   static_cast<double>(a.PDescuento), a.Convenio})
+                cargado += (cargado.empty() ? "" : " ") + AString(valor, '.');
+            EXPECT_EQ(etapa.cargado, cargado);
+        }
+    clsDatosArt a;
+    Conectar(a, sentencia + 1);
+    EXPECT_EQ(0, a.Cargar(113, 11, kHoy, 1, 1, 2)) << "hay más sentencias";
+}
+
 TEST_F(CargaReal, TrasUnFallo_ElClienteSigueAhi) {
     clsDatosArt a;
     Conectar(a, 6);
