@@ -137,7 +137,6 @@ TEST(EmpresaDispatch, CadaMiembroSePidePorSuNombre) {
                                    "TarifaEmpresa", "DecPrecios",          "DecImportes",        "DecCostes"};
     for (std::int16_t i = 0; const char* nombre : nombres) falsa->valores[nombre] = i++;
     falsa->valores["VenderSinStock"] = true;
-    falsa->valores["CosteUltimaCompra"] = false;
     const std::int16_t leidos[] = {
         e.CodEmpresa(),    e.CodEmpresaArticulos(), e.CodEmpresaClientes(), e.CodEmpresaExtra(),
         e.TarifaEmpresa(), e.DecPrecios(),          e.DecImportes(),        e.DecCostes()};

@@ -186,6 +186,8 @@ struct ComandoFalso : Falso<ado::Command> {
     }
     STDMETHODIMP CreateParameter(BSTR nombre, int tipo, int direccion, LONG_PTR tamano, VARIANT valor,
                                  ado::Parameter** parametro) override {
+        // What has no value is left out: NULL would be one.
+        if (valor.vt == VT_NULL) return E_INVALIDARG;
         Variante copia;
         if (valor.vt != VT_ERROR) VariantCopy(&copia.Get(), &valor);
         return Contestar([&] {
