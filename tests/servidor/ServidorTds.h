@@ -1,77 +1,16 @@
 #pragma once
 
-#include <arpa/inet.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
+#include <map>
 #include <memory>
+#include <string>
+#include <string_view>
 #include <thread>
+#include <vector>
 
-#include "base/RuntimeError.h"
 #include "db/Connection.h"
-#include "db/Nombres.h"
 #include "tests/servidor/ProtocoloTds.h"
 
 namespace kv::prueba {
-
-// Kinds of message and of what they are made of, by their names in the protocol.
-enum Clase : unsigned { SqlBatch = 1, Rpc = 3, TransactionManager = 14, Login7 = 16, PreLogin = 18 };
-enum Marca : unsigned { ReturnStatus = 0x79, ColMetadata = 0x81, Error = 0xAA, ReturnValue = 0xAC, LoginAck = 0xAD };
-enum MarcaFin : unsigned { Row = 0xD1, EnvChange = 0xE3, Done = 0xFD, DoneProc = 0xFE };
-enum Estado : unsigned { SinMas = 0, ConFallo = 2, ConCuenta = 16 };
-enum PeticionTransaccion : unsigned { kEmpezar = 5, kConfirmar = 7, kDeshacer = 8 };
-
-inline constexpr std::size_t kPaquete = 4096;
-inline constexpr std::size_t kCabecera = 8;
-
-inline MensajeTds Fin(MensajeTds mensaje, Estado estado = SinMas, std::uint64_t filas = 0, MarcaFin marca = Done) {
-    return mensaje.Numero(marca, 1).Numero(estado, 2).Numero(0xC1, 2).Numero(filas, 8);
-}
-
-inline MensajeTds Fallo(const RuntimeError& error, MarcaFin marca) {
-    MensajeTds contenido;
-    contenido.Numero(static_cast<std::uint32_t>(error.numero), 4).Octetos({"\x01\x10", 2}).Texto(error.descripcion, 2);
-    contenido.Texto("servidor", 1).Texto("", 1).Numero(1, 4);
-    return Fin(MensajeTds().Parte(Error, contenido), ConFallo, 0, marca);
-}
-
-inline MensajeTds Bienvenida() {
-    MensajeTds intercalacion;
-    intercalacion.Octetos({"\x07\x05", 2}).Octetos(kIntercalacion).Numero(0, 1);
-    MensajeTds version;
-    version.Octetos({"\x01\x74\x00\x00\x04", 5}).Texto("Servidor de pruebas", 1).Octetos({"\x0B\x00\x08\x34", 4});
-    return Fin(MensajeTds().Parte(EnvChange, intercalacion).Parte(LoginAck, version));
-}
-
-inline bool Recibir(int cliente, unsigned& clase, std::string& peticion) {
-    peticion.clear();
-    for (;;) {
-        unsigned char cabecera[kCabecera];
-        if (recv(cliente, cabecera, kCabecera, MSG_WAITALL) != static_cast<ssize_t>(kCabecera)) return false;
-        clase = cabecera[0];
-        std::string trozo((static_cast<std::size_t>(cabecera[2]) << 8U | cabecera[3]) - kCabecera, '\0');
-        // To wait for nothing would be to wait for what comes next.
-        if (!trozo.empty() &&
-            recv(cliente, trozo.data(), trozo.size(), MSG_WAITALL) != static_cast<ssize_t>(trozo.size()))
-            return false;
-        peticion += trozo;
-        if ((cabecera[1] & 1U) != 0) return true;
-    }
-}
-
-inline void Enviar(int cliente, std::string_view respuesta) {
-    MensajeTds paquetes;
-    for (unsigned orden = 1; orden == 1 || !respuesta.empty(); ++orden) {
-        const std::string_view trozo = respuesta.substr(0, kPaquete - kCabecera);
-        respuesta.remove_prefix(trozo.size());
-        const std::size_t largo = trozo.size() + kCabecera;
-        paquetes.Numero(4, 1).Numero(respuesta.empty() ? 1 : 0, 1).Numero(largo >> 8U, 1).Numero(largo, 1);
-        paquetes.Numero(0, 2).Numero(orden, 1).Numero(0, 1).Octetos(trozo);
-    }
-    const std::string& bytes = paquetes.Bytes();
-    if (send(cliente, bytes.data(), bytes.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(bytes.size()))
-        throw std::runtime_error("el cliente no espera la respuesta");
-}
 
 /// A server on a port of this machine that speaks TDS 7.4, with an embedded database without rows behind it: it proves
 /// driver and adapter over the wire where no T-SQL server is at hand. One client at a time. A request that the
@@ -82,197 +21,31 @@ class ServidorTds {
     /// told; or always so.
     enum class Fechas { Obedece, PorDebajo, SiempreMesDia };
 
-    explicit ServidorTds(std::shared_ptr<Connection> base, Fechas fechas = Fechas::Obedece)
-        : base_(std::move(base)), fechas_(fechas) {
-        sockaddr_in direccion{};
-        direccion.sin_family = AF_INET;
-        direccion.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        socklen_t largo = sizeof direccion;
-        auto* nombre = reinterpret_cast<sockaddr*>(&direccion);  // NOLINT: as the system's calls want it.
-        escucha_ = socket(AF_INET, SOCK_STREAM, 0);
-        if (bind(escucha_, nombre, largo) != 0 || listen(escucha_, 1) != 0 ||
-            getsockname(escucha_, nombre, &largo) != 0)
-            throw std::runtime_error("no hay puerto para el servidor");
-        puerto_ = ntohs(direccion.sin_port);
-        hilo_ = std::thread([this] { Atender(); });
-    }
-
-    ~ServidorTds() {
-        shutdown(escucha_, SHUT_RDWR);
-        hilo_.join();
-        close(escucha_);
-    }
-
+    explicit ServidorTds(std::shared_ptr<Connection> base, Fechas fechas = Fechas::Obedece);
+    ~ServidorTds();
     ServidorTds(const ServidorTds&) = delete;
     ServidorTds& operator=(const ServidorTds&) = delete;
 
-    std::string Cadena(const std::string& controlador) const {
-        return "Driver=" + controlador + ";Server=127.0.0.1;Port=" + std::to_string(puerto_) +
-               ";TDS_Version=7.4;Database=tienda;UID=usuario;PWD=clave";
-    }
+    /// What connects a driver of this name with it.
+    std::string Cadena(const std::string& controlador) const;
     /// What went against the protocol; empty when nothing did. To be read once the client has left.
     const std::string& Queja() const { return queja_; }
 
   private:
     using Filas = std::vector<std::vector<Valor>>;
 
-    void Atender() {
-        for (int cliente = 0; (cliente = accept(escucha_, nullptr, nullptr)) >= 0; close(cliente)) {
-            try {
-                unsigned clase = 0;
-                for (std::string peticion; Recibir(cliente, clase, peticion);)
-                    Enviar(cliente, Contestar(clase, peticion).Bytes());
-            } catch (const std::exception& error) {
-                queja_ = error.what();
-            }
-        }
-    }
-
-    MensajeTds Contestar(unsigned clase, std::string_view peticion) {
-        // Its version, and that it has no encryption.
-        if (clase == PreLogin)
-            return MensajeTds().Octetos({"\0\0\x0B\0\x06\x01\0\x11\0\x01\xFF\x0B\0\x08\x34\0\0\x02", 18});
-        if (clase == Login7) return Bienvenida();
-        LecturaTds lectura(peticion);
-        // What stands before every request says its own size.
-        lectura.Octetos(lectura.Numero(4) - 4);
-        try {
-            if (clase == SqlBatch) return Ejecutar(lectura.Texto(lectura.Quedan() / 2));
-            if (clase == Rpc) return Llamar(lectura);
-            if (clase == TransactionManager) return CambiarTransaccion(lectura);
-        } catch (const RuntimeError& error) {
-            return Fallo(error, clase == Rpc ? DoneProc : Done);
-        }
-        throw std::runtime_error("mensaje de clase " + std::to_string(clase));
-    }
-
-    MensajeTds Ejecutar(const std::string& texto) {
-        if (texto.starts_with("SELECT CAST('05/03/2001'") || texto.starts_with("SELECT set_config("))
-            return ProbarFechas(texto);
-        if (texto == "ROLLBACK TRANSACTION") return Fin(Terminar(kDeshacer));
-        if (texto == "IF @@TRANCOUNT = 0 BEGIN TRANSACTION") return Fin(enTransaccion_ ? MensajeTds() : Empezar({}));
-        // What the embedded database is asked instead: its tables count as made once they hold something.
-        static const std::map<std::string, std::string> kEquivalentes = {
-            {"SELECT TABLE_NAME FROM INFORMATION_SCHEMA.TABLES WHERE TABLE_TYPE = 'BASE TABLE'",
-             "SELECT Nombre AS TABLE_NAME FROM Empresas"},
-            {"SELECT 'ñ€' AS Texto WHERE 'a' = 'A'", "SELECT 'ñ€' AS Texto"},
-            {"SELECT OBJECT_ID('Empresas', 'U') AS Tabla", "SELECT MAX(Codigo) AS Tabla FROM Empresas"}};
-        static const std::vector<std::string_view> kLotes = LotesDe(EsquemaSqlServer());
-        const auto equivalente = kEquivalentes.find(texto);
-        const std::string& consulta = equivalente == kEquivalentes.end() ? texto : equivalente->second;
-        if (!consulta.starts_with("SELECT") && !consulta.starts_with(" SELECT")) {
-            const bool ajustes =
-                texto.starts_with("SET QUOTED_IDENTIFIER ON SET") && texto.ends_with("SET DATEFORMAT dmy");
-            if (ajustes || std::find(kLotes.begin(), kLotes.end(), texto) != kLotes.end()) return Fin({});
-            return Fin({}, ConCuenta, static_cast<std::uint64_t>(base_->EjecutarContando(texto)));
-        }
-        std::unique_ptr<Recordset> rs;
-        AbrirLectura(rs, *base_, consulta);
-        std::vector<std::string> columnas;
-        for (std::int32_t i = 0; i < rs->NumeroCampos(); ++i) columnas.emplace_back(rs->NombreCampo(i));
-        Filas filas;
-        for (; !rs->Eof(); rs->MoveNext()) {
-            std::vector<Valor>& fila = filas.emplace_back();
-            for (const std::string& columna : columnas) fila.push_back(rs->Fields(columna).Value());
-        }
-        return Tabla(texto, columnas, filas);
-    }
-
-    MensajeTds ProbarFechas(const std::string& texto) {
-        if (texto == "SELECT set_config('datestyle', 'ISO, DMY', 'false')" && fechas_ == Fechas::PorDebajo)
-            fechas_ = Fechas::Obedece;
-        else if (fechas_ != Fechas::Obedece)
-            throw RuntimeError(242, "servidor", "no es una fecha, o no es una función: " + texto);
-        return Tabla(texto, {"Dia", "Otro", "Texto"}, {{Fecha::DeAmd(2001, 3, 5), Fecha::DeAmd(2001, 2, 13), "ñ €"}});
-    }
-
+    void Atender();
+    MensajeTds Contestar(unsigned clase, std::string_view peticion);
+    MensajeTds Ejecutar(const std::string& texto);
+    MensajeTds ProbarFechas(const std::string& texto);
     TipoTds TipoDeColumna(const std::string& texto, const std::string& columna, std::size_t posicion,
-                          const Filas& filas) const {
-        for (const Token& token : TokensDe(texto)) {
-            const auto tabla = objetos_.find(std::string(token.texto));
-            if (tabla == objetos_.end()) continue;
-            for (const ColumnaTds& una : tabla->second.columnas)
-                if (MismoNombre(una.nombre, columna)) return una.tipo;
-        }
-        for (const std::vector<Valor>& fila : filas)
-            if (!EsNulo(fila[posicion])) return fila[posicion].index();
-        return 0;
-    }
-
-    MensajeTds Tabla(const std::string& texto, const std::vector<std::string>& columnas, const Filas& filas) const {
-        MensajeTds mensaje;
-        std::vector<TipoTds> tipos;
-        mensaje.Numero(ColMetadata, 1).Numero(columnas.size(), 2);
-        for (const std::string& columna : columnas) {
-            tipos.push_back(TipoDeColumna(texto, columna, tipos.size(), filas));
-            mensaje.Numero(0, 4).Numero(9, 2);
-            EscribirTipo(mensaje, tipos.back());
-            mensaje.Texto(columna, 1);
-        }
-        for (const std::vector<Valor>& fila : filas) {
-            mensaje.Numero(Row, 1);
-            for (std::size_t i = 0; i < tipos.size(); ++i) EscribirValor(mensaje, tipos[i], fila[i]);
-        }
-        return Fin(mensaje, ConCuenta, filas.size());
-    }
-
-    MensajeTds Llamar(LecturaTds& lectura) {
-        const auto procedimiento = base_->CrearCommand();
-        std::string& nombre = procedimiento->CommandText = lectura.Texto(lectura.Numero(2));
-        procedimiento->CommandType = CommandType::adCmdStoredProc;
-        lectura.Numero(2);
-        const auto declarados = objetos_.find(nombre);
-        if (declarados == objetos_.end()) throw std::runtime_error("no hay procedimiento " + nombre);
-        // The embedded database goes by the values, not by the declared types.
-        for (const ColumnaTds& uno : declarados->second.columnas)
-            procedimiento->Parameters.Append(
-                uno.nombre, DataType::adCurrency,
-                uno.sale ? ParameterDirection::adParamOutput : ParameterDirection::adParamInput, 0,
-                LeerParametro(lectura, uno));
-        if (lectura.Quedan() != 0) throw std::runtime_error(nombre + ": sobran parámetros");
-        procedimiento->Execute(CommandType::adCmdStoredProc);
-        MensajeTds mensaje;
-        mensaje.Numero(ReturnStatus, 1).Numero(0, 4);
-        unsigned orden = 0;
-        for (const Parameter& uno : procedimiento->Parameters) {
-            if (uno.Direction == ParameterDirection::adParamOutput) {
-                mensaje.Numero(ReturnValue, 1).Numero(orden, 2).Texto(uno.Name, 1).Numero(1, 7);
-                EscribirTipo(mensaje, kDecimal);
-                EscribirValor(mensaje, kDecimal, uno.Value);
-            }
-            ++orden;
-        }
-        return Fin(mensaje, SinMas, 0, DoneProc);
-    }
-
-    MensajeTds CambiarTransaccion(LecturaTds& lectura) {
-        const auto peticion = static_cast<unsigned>(lectura.Numero(2));
-        if (peticion == kEmpezar) return Fin(Empezar({}));
-        const MensajeTds mensaje = Terminar(peticion);
-        // The driver may ask for the next transaction in the same message.
-        lectura.Texto(lectura.Numero(1));
-        return Fin(lectura.Numero(1) != 0 ? Empezar(mensaje) : mensaje);
-    }
-
+                          const Filas& filas) const;
+    MensajeTds Tabla(const std::string& texto, const std::vector<std::string>& columnas, const Filas& filas) const;
+    MensajeTds Llamar(LecturaTds& lectura);
+    MensajeTds CambiarTransaccion(LecturaTds& lectura);
     /// The transaction that begins, or ends with the number of a request, after what the driver is told already.
-    MensajeTds Empezar(MensajeTds mensaje) {
-        base_->BeginTrans();
-        enTransaccion_ = true;
-        // The number by which the driver has to know it.
-        return mensaje.Parte(EnvChange, MensajeTds().Numero(8, 1).Octetos({"\x08\1\0\0\0\0\0\0\0\0", 10}));
-    }
-
-    MensajeTds Terminar(unsigned peticion) {
-        if (peticion == kConfirmar)
-            base_->CommitTrans();
-        else if (peticion == kDeshacer)
-            base_->RollbackTrans();
-        else
-            throw std::runtime_error("petición de transacción " + std::to_string(peticion));
-        enTransaccion_ = false;
-        const auto fin = MensajeTds().Numero(peticion + 2, 1).Octetos({"\0\x08\1\0\0\0\0\0\0\0", 10});
-        return MensajeTds().Parte(EnvChange, fin);
-    }
+    MensajeTds Empezar(MensajeTds mensaje);
+    MensajeTds Terminar(unsigned peticion);
 
     std::shared_ptr<Connection> base_;
     const std::map<std::string, ObjetoTds> objetos_ = ObjetosDelEsquema();
