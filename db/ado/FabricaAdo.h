@@ -20,8 +20,9 @@ class FabricaAdo {
     /// A new object under the first generation that it has. Fails as ADO does when it is missing.
     PunteroCom<Interfaz> Crear() {
         if (!fabrica_)
-            Comprobar(CoGetClassObject(clsid_, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, fabrica_.RecibirVoid()),
-                      "ADODB");
+            Comprobar(
+                CoGetClassObject(clsid_, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, fabrica_.RecibirVoid()),
+                "ADODB");
         PunteroCom<IUnknown> objeto;
         Comprobar(fabrica_->CreateInstance(nullptr, IID_IUnknown, objeto.RecibirVoid()), "ADODB");
         PunteroCom<Interfaz> pedida;
