@@ -22,6 +22,15 @@ enum MarcaFin : unsigned { Row = 0xD1, EnvChange = 0xE3, Done = 0xFD, DoneProc =
 enum Estado : unsigned { SinMas = 0, ConFallo = 2, ConCuenta = 16 };
 enum PeticionTransaccion : unsigned { kEmpezar = 5, kConfirmar = 7, kDeshacer = 8 };
 
+// What a session is brought to. A real server refuses a misspelt setting, or does without one in silence.
+constexpr std::string_view kAjustes =
+    "SET QUOTED_IDENTIFIER ON SET ANSI_NULLS ON SET ANSI_PADDING ON SET ANSI_WARNINGS ON SET ANSI_NULL_DFLT_ON ON"
+    " SET CONCAT_NULL_YIELDS_NULL ON SET CURSOR_CLOSE_ON_COMMIT OFF SET NOCOUNT OFF SET IMPLICIT_TRANSACTIONS OFF"
+    " SET XACT_ABORT OFF SET TEXTSIZE 2147483647 SET DATEFORMAT dmy";
+constexpr std::string_view kPrueba =
+    "SELECT CAST('05/03/2001' AS datetime) AS Dia, CAST('13/02/2001' AS datetime) AS Otro, N'ñ €' AS Texto";
+constexpr std::string_view kOrdenPorDebajo = "SELECT set_config('datestyle', 'ISO, DMY', 'false')";
+
 constexpr std::size_t kPaquete = 4096;
 constexpr std::size_t kCabecera = 8;
 
@@ -131,8 +140,7 @@ MensajeTds ServidorTds::Contestar(unsigned clase, std::string_view peticion) {
 }
 
 MensajeTds ServidorTds::Ejecutar(const std::string& texto) {
-    if (texto.starts_with("SELECT CAST('05/03/2001'") || texto.starts_with("SELECT set_config("))
-        return ProbarFechas(texto);
+    if (texto == kPrueba || texto == kOrdenPorDebajo) return ProbarFechas(texto);
     if (texto == "ROLLBACK TRANSACTION") return Fin(Terminar(kDeshacer));
     if (texto == "IF @@TRANCOUNT = 0 BEGIN TRANSACTION") return Fin(enTransaccion_ ? MensajeTds() : Empezar({}));
     // What the embedded database is asked instead: its tables count as made once they hold something.
@@ -145,8 +153,7 @@ MensajeTds ServidorTds::Ejecutar(const std::string& texto) {
     const auto equivalente = kEquivalentes.find(texto);
     const std::string& consulta = equivalente == kEquivalentes.end() ? texto : equivalente->second;
     if (!consulta.starts_with("SELECT") && !consulta.starts_with(" SELECT")) {
-        const bool ajustes = texto.starts_with("SET QUOTED_IDENTIFIER ON SET") && texto.ends_with("SET DATEFORMAT dmy");
-        if (ajustes || std::find(kLotes.begin(), kLotes.end(), texto) != kLotes.end()) return Fin({});
+        if (texto == kAjustes || std::find(kLotes.begin(), kLotes.end(), texto) != kLotes.end()) return Fin({});
         return Fin({}, ConCuenta, static_cast<std::uint64_t>(base_->EjecutarContando(texto)));
     }
     std::unique_ptr<Recordset> rs;
@@ -162,11 +169,10 @@ MensajeTds ServidorTds::Ejecutar(const std::string& texto) {
 }
 
 MensajeTds ServidorTds::ProbarFechas(const std::string& texto) {
-    if (texto == "SELECT set_config('datestyle', 'ISO, DMY', 'false')" && fechas_ == Fechas::PorDebajo)
-        fechas_ = Fechas::Obedece;
-    else if (fechas_ != Fechas::Obedece)
-        throw RuntimeError(242, "servidor", "no es una fecha, o no es una función: " + texto);
-    return Tabla(texto, {"Dia", "Otro", "Texto"}, {{Fecha::DeAmd(2001, 3, 5), Fecha::DeAmd(2001, 2, 13), "ñ €"}});
+    if (texto == kOrdenPorDebajo && fechas_ == Fechas::PorDebajo) fechas_ = Fechas::Obedece;
+    if (fechas_ == Fechas::PorDebajo) throw RuntimeError(242, "servidor", "no hay mes 13");
+    const Fecha dia = fechas_ == Fechas::Obedece ? Fecha::DeAmd(2001, 3, 5) : Fecha::DeAmd(2001, 5, 3);
+    return Tabla(texto, {"Dia", "Otro", "Texto"}, {{dia, Fecha::DeAmd(2001, 2, 13), "ñ €"}});
 }
 
 TipoTds ServidorTds::TipoDeColumna(const std::string& texto, const std::string& columna, std::size_t posicion,

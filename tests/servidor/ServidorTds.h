@@ -18,7 +18,7 @@ namespace kv::prueba {
 class ServidorTds {
   public:
     /// How it reads dates: as SET DATEFORMAT says; as month/day/year whatever that says, until the database below it is
-    /// told; or always so.
+    /// told; or always so, where the days allow it.
     enum class Fechas { Obedece, PorDebajo, SiempreMesDia };
 
     explicit ServidorTds(std::shared_ptr<Connection> base, Fechas fechas = Fechas::Obedece);
