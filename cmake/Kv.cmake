@@ -21,13 +21,6 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(kv_avisos INTERFACE -msse2 -mfpmath=sse)
 endif()
 
-# kv_carpeta(dir): adds the folder.
-macro(kv_carpeta dir)
-  if(EXISTS ${PROJECT_SOURCE_DIR}/${dir}/CMakeLists.txt)
-    add_subdirectory(${dir})
-  endif()
-endmacro()
-
 # kv_biblioteca(name FUENTES a.cpp ... USA kv_base ... PRIVADO SQLite::SQLite3 ... PAQUETE a.h ...): one static library
 # per folder. The headers after PAQUETE (TODAS: every one of the folder) make it part of the installed package.
 function(kv_biblioteca nombre)

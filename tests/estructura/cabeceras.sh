@@ -11,6 +11,6 @@ while read -r cabecera; do
     echo "$cabecera no compila sola:"
     head -n 5 "$errores"
     mal=1
-done < <(find base db stock customers rules pricing component schema host -name '*.h' \
-             -not -path 'db/ado/*' -not -path 'component/com/*' | sort)
+done < <(find . -name '*.h' -not -path './build/*' -not -path './tests/*' -not -path './bench/*' \
+             -not -path './db/ado/*' -not -path './component/com/*' | sort)
 exit "$mal"

@@ -46,10 +46,17 @@ comprobar() {
     fi
 }
 
+while read -r carpeta; do
+    [ -n "${permitidas[$carpeta]+x}" ] || { echo "$carpeta: no dice aquí a quién puede usar"; mal=1; }
+done < <(grep -l '^kv_biblioteca(' */CMakeLists.txt */*/CMakeLists.txt | sed 's|/CMakeLists.txt||')
+for carpeta in "${!permitidas[@]}"; do
+    [ -d "$carpeta" ] || { echo "$carpeta: no existe"; mal=1; }
+done
+
 cuantos=0
 while read -r fichero; do
     comprobar "$fichero"
     cuantos=$((cuantos + 1))
-done < <(find "${!permitidas[@]}" -type f \( -name '*.h' -o -name '*.cpp' \) 2>/dev/null | sort -u)
+done < <(find "${!permitidas[@]}" -type f \( -name '*.h' -o -name '*.cpp' \) | sort -u)
 [ "$cuantos" -gt 0 ] || { echo "no hay ficheros que comprobar"; exit 1; }
 exit "$mal"
