@@ -2,6 +2,7 @@
 
 #include "db/BibliotecaComun.h"
 #include "db/ValoresSql.h"
+#include "rules/DescuentosAcuerdo.h"
 
 namespace kv::host {
 namespace {
@@ -123,33 +124,49 @@ void Explicacion::DescuentoLinea(FuenteDescuento fuente, Currency porcentaje) {
     r.resultado = porcentaje == Currency() ? "ninguno" : Texto(porcentaje) + " % para la línea, fuera del precio";
 }
 
-void Explicacion::NodoBase(const NivelesCadena& nodo, bool hallado, Currency base) {
+void Explicacion::NodoBase(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, Currency base) {
     preguntadaCadena_ = true;
-    Renglon& r = Nuevo("Acuerdo: precio base", TextoNodo(nodo));
-    r.nodo = nodo;
-    r.duda = Duda::Nodo;
-    if (hallado) r.resultado = base == Currency() ? "sin precio base" : "hallado: " + Texto(base);
+    NuevoNodo("Acuerdo: precio base", nodo, acuerdo,
+              base == Currency() ? "sin precio base" : "hallado: " + Texto(base));
 }
 
-void Explicacion::NodoDescuentos(const NivelesCadena& nodo, bool hallado, int aplicables) {
-    Renglon& r = Nuevo("Acuerdo: descuentos", TextoNodo(nodo));
+void Explicacion::NodoDescuentos(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, int aplicables) {
+    NuevoNodo("Acuerdo: descuentos", nodo, acuerdo,
+              std::to_string(aplicables) + (aplicables == 1 ? " descuento vigente" : " descuentos vigentes"));
+}
+
+void Explicacion::NuevoNodo(const char* fuente, const NivelesCadena& nodo, const DiasAcuerdo* acuerdo,
+                            const std::string& resultado) {
+    Renglon& r = Nuevo(fuente, TextoNodo(nodo));
     r.nodo = nodo;
-    r.duda = Duda::Nodo;
-    if (hallado)
-        r.resultado = std::to_string(aplicables) + (aplicables == 1 ? " descuento vigente" : " descuentos vigentes");
+    if (acuerdo == nullptr)
+        r.duda = Duda::Nodo;
+    else
+        r.resultado = resultado + " (acuerdo " + TextoPlazo(ADate(acuerdo->entrada), ADate(acuerdo->salida)) + ")";
 }
 
 void Explicacion::DescuentoCadena(const DescuentoAplicado& d) {
     Renglon& r = Nuevo("Descuento de cadena", "");
     r.antes = d.antes;
     r.despues = d.despues;
-    if (d.tipo == 0)
-        r.clave = Texto(d.importe) + (d.cascada ? " % en cascada sobre " : " % sobre ") + Texto(d.base);
-    else if (d.tipo == 1)
-        r.clave = "importe " + Texto(d.importe);
-    else
-        r.clave = "oferta " + Texto(d.importe) + " + " + Texto(d.cantidad) + " gratis";
-    r.resultado = (d.tipo == 2 ? "precio " : "quita ") + Texto(d.sinRedondear) + ", redondeado " + Texto(d.redondeado);
+    const std::string redondeado = Texto(d.sinRedondear) + ", redondeado " + Texto(d.redondeado);
+    switch (d.tipo) {
+        case kDtoPorcentaje:
+            r.clave = Texto(d.importe) + (d.cascada ? " % en cascada sobre " : " % sobre ") + Texto(d.base);
+            r.resultado = "quita " + redondeado;
+            break;
+        case kDtoImporte:
+            r.clave = "importe " + Texto(d.importe);
+            r.resultado = "quita " + redondeado;
+            break;
+        case kDtoOferta:
+            r.clave = "oferta " + Texto(d.importe) + " + " + Texto(d.cantidad) + " gratis";
+            r.resultado = "precio " + redondeado;
+            break;
+        default:
+            r.clave = "clase " + std::to_string(d.tipo);
+            r.resultado = "clase desconocida: no cambia el precio";
+    }
 }
 
 std::string Explicacion::MotivoTarifa(Sesion& sesion, const Renglon& r) const {
@@ -174,31 +191,18 @@ std::string Explicacion::MotivoCambio(Sesion& sesion, const Renglon& r) const {
     return sesion.Hay(sql) ? "precio 0" : "los cambios entran después de la fecha";
 }
 
-// The days of the node's agreement when it had one for the date; of all that it has, when it had none.
+// The days of every agreement that the node has, none of them for the date.
 std::string Explicacion::MotivoNodo(Sesion& sesion, const Renglon& r) const {
-    std::string sql = TextoSql("SELECT FechaEntrada, FechaSalida FROM Clientes_Cadenas_ConvArt WHERE Cod_Empresa =",
-                               SqlEntero(sesion.Emp().CodEmpresa()), " AND Cod_Articulo =", SqlEntero(asunto_.articulo),
-                               CondicionNodo(r.nodo));
-    const bool hallado = !r.resultado.empty();
-    if (hallado) {
-        const TextoNumero fecha = SqlFecha(asunto_.fecha);
-        Agregar(sql, " AND FechaEntrada <='", fecha, "' AND FechaSalida >='", fecha, "'");
-    }
-    sql += " ORDER BY FechaEntrada DESC";
+    const std::string sql =
+        TextoSql("SELECT FechaEntrada, FechaSalida FROM Clientes_Cadenas_ConvArt WHERE Cod_Empresa =",
+                 SqlEntero(sesion.Emp().CodEmpresa()), " AND Cod_Articulo =", SqlEntero(asunto_.articulo),
+                 CondicionNodo(r.nodo), " ORDER BY FechaEntrada DESC");
     std::unique_ptr<Recordset> rs;
     AbrirLectura(rs, sesion.Cnx(), sql);
     std::string plazos;
-    for (bool conFinal = false; !rs->Eof() && !conFinal; rs->MoveNext()) {
-        const Fecha salida = ADate(rs->Fields("FechaSalida").Value());
-        const std::string plazo = TextoPlazo(ADate(rs->Fields("FechaEntrada").Value()), salida);
-        // One with a last day wins over any without; among equals, the first of the list.
-        conFinal = hallado && salida < kSiempre;
-        if (plazos.empty() || conFinal)
-            plazos = plazo;
-        else if (!hallado)
-            plazos += "; " + plazo;
-    }
-    if (hallado) return r.resultado + " (acuerdo " + plazos + ")";
+    for (; !rs->Eof(); rs->MoveNext())
+        plazos += (plazos.empty() ? "" : "; ") +
+                  TextoPlazo(ADate(rs->Fields("FechaEntrada").Value()), ADate(rs->Fields("FechaSalida").Value()));
     return plazos.empty() ? "sin acuerdo" : "acuerdo fuera de sus fechas: " + plazos;
 }
 

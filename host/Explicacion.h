@@ -26,15 +26,15 @@ class Explicacion : public ObservadorCarga {
     void Tarifa(const TarifaProbada& tarifa) override;
     void Paso(const PasoPrecio& paso) override;
     void DescuentoLinea(FuenteDescuento fuente, Currency porcentaje) override;
-    void NodoBase(const NivelesCadena& nodo, bool hallado, Currency base) override;
-    void NodoDescuentos(const NivelesCadena& nodo, bool hallado, int aplicables) override;
+    void NodoBase(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, Currency base) override;
+    void NodoDescuentos(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, int aplicables) override;
     void DescuentoCadena(const DescuentoAplicado& descuento) override;
 
     /// Adds the explanation to the session's answer.
     void Escribir(Sesion& sesion) const;
 
   private:
-    /// Why a source had nothing, and which agreement a node had, to be found out in the database.
+    /// Why a source had nothing, to be found out in the database.
     enum class Duda : std::uint8_t { Ninguna, Tarifa, Cambio, PrecioCliente, Nodo, Convenio };
 
     struct Renglon {
@@ -52,6 +52,8 @@ class Explicacion : public ObservadorCarga {
     };
 
     Renglon& Nuevo(std::string fuente, std::string clave);
+    void NuevoNodo(const char* fuente, const NivelesCadena& nodo, const DiasAcuerdo* acuerdo,
+                   const std::string& resultado);
     std::string Motivo(Sesion& sesion, const Renglon& renglon) const;
     std::string MotivoTarifa(Sesion& sesion, const Renglon& renglon) const;
     std::string MotivoCambio(Sesion& sesion, const Renglon& renglon) const;

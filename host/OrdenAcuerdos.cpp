@@ -9,6 +9,7 @@
 #include "host/Lectura.h"
 #include "host/Ordenes.h"
 #include "host/Sesion.h"
+#include "rules/DescuentosAcuerdo.h"
 #include "rules/clsClientes_Cadenas_ConvArt.h"
 
 namespace kv::host {
@@ -54,11 +55,11 @@ void LeerDescuentos(clsClientes_Cadenas_ConvArt& acuerdo, const std::vector<std:
         if (clase == "oferta") {
             const auto unidades = Partir(partes[1], '+');
             if (unidades.size() != 2) throw Fallo(kUso, "--dto: la oferta se escribe oferta:PAGADAS+GRATIS");
-            acuerdo.TipoDto(casilla, 2);
+            acuerdo.TipoDto(casilla, kDtoOferta);
             acuerdo.ImporteDto(casilla, LeerImporte("--dto", unidades[0]));
             acuerdo.UnidadesDto(casilla, LeerCodigo("--dto", unidades[1], 0));
         } else if (clase == "porcentaje" || clase == "cascada" || clase == "importe") {
-            acuerdo.TipoDto(casilla, clase == "importe" ? 1 : 0);
+            acuerdo.TipoDto(casilla, clase == "importe" ? kDtoImporte : kDtoPorcentaje);
             acuerdo.ImporteDto(casilla, LeerImporte("--dto", partes[1]));
             acuerdo.AplicarCascada(casilla, clase == "cascada");
         } else {

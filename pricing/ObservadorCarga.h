@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "base/Currency.h"
-#include "rules/ObservadorConvenio.h"
+#include "rules/ObservadorCadena.h"
 
 namespace kv {
 
@@ -48,7 +48,7 @@ enum class FuenteDescuento : std::uint8_t { Grupo, Familia };
 
 /// Follows a load while it decides the price. It only listens: the load sends the same statements and reaches the
 /// same result with and without it.
-class ObservadorCarga : public ObservadorConvenio {
+class ObservadorCarga : public ObservadorCadena {
   public:
     virtual void Tarifa(const TarifaProbada& tarifa) = 0;
     virtual void Paso(const PasoPrecio& paso) = 0;

@@ -2,7 +2,7 @@
 
 #include "db/BibliotecaComun.h"
 #include "db/ValoresSql.h"
-#include "rules/DescuentosFila.h"
+#include "rules/DescuentosAcuerdo.h"
 
 namespace kv {
 namespace {
@@ -38,16 +38,11 @@ bool EsFalso(const Valor& valor) {
     return !EsNulo(valor) && !ABoolean(valor);
 }
 
-}  // namespace
-
-bool DescuentoVigente(Recordset& rs, const ColumnasDescuento& columnas, Fecha dia) {
-    const Valor& importe = rs.Fields(columnas.importe).Value();
-    if (EsNulo(importe) || ACurrency(importe) == Currency()) return false;
-    const Valor& entrada = rs.Fields(columnas.entrada).Value();
-    if (EsNulo(entrada) || ADate(entrada) > dia) return false;
-    const Valor& salida = rs.Fields(columnas.salida).Value();
-    return !EsNulo(salida) && ADate(salida) >= dia;
+DiasAcuerdo DiasDe(Recordset& rs) {
+    return {rs.Fields("FechaEntrada").Value(), rs.Fields("FechaSalida").Value()};
 }
+
+}  // namespace
 
 NivelesCadena clsClientes_Cadenas_ConvArt::Niveles() const {
     return {Cod_Nivel1, Cod_Nivel2, Cod_Nivel3, Cod_Nivel4, Cod_Nivel5,
@@ -97,9 +92,11 @@ void clsClientes_Cadenas_ConvArt::Dev_Descuentos(Fecha dteFechaEval, std::vector
         const NivelesCadena visitado = nodo;
         const bool hallado = AbrirNodo(rs, nodo, dteFechaEval);
         const std::size_t antes = lista.size();
+        DiasAcuerdo dias;
         if (hallado) {
-            for (std::size_t n = kDescuentosFila.size(); n-- > 0;) {
-                const ColumnasDescuento& columnas = kDescuentosFila[n];
+            if (observador_ != nullptr) dias = DiasDe(*rs);
+            for (std::size_t n = kDescuentosAcuerdo.size(); n-- > 0;) {
+                const ColumnasDescuento& columnas = kDescuentosAcuerdo[n];
                 if (!DescuentoVigente(*rs, columnas, dteFechaEval)) continue;
                 if (lista.empty()) lista.reserve(kMaximoDescuentos);
                 lista.push_back(
@@ -111,7 +108,7 @@ void clsClientes_Cadenas_ConvArt::Dev_Descuentos(Fecha dteFechaEval, std::vector
         }
         rs->Close();
         if (observador_ != nullptr)
-            observador_->NodoDescuentos(visitado, hallado, static_cast<int>(lista.size() - antes));
+            observador_->NodoDescuentos(visitado, hallado ? &dias : nullptr, static_cast<int>(lista.size() - antes));
         nodo[i] = 0;
         if (i == 0) break;
     }
@@ -119,32 +116,35 @@ void clsClientes_Cadenas_ConvArt::Dev_Descuentos(Fecha dteFechaEval, std::vector
     Relanzar("clsClientes_Cadenas_ConvArt::Dev_Descuentos");
 }
 
-Currency clsClientes_Cadenas_ConvArt::Aplicar(const Descuento& descuento, Currency precio) const {
-    const std::int16_t k = Emp().DecPrecios();
-    const Currency base = descuento.Tipo == 0 && !descuento.Cascada ? PrecioBase : precio;
-    Currency sinRedondear;
+// What a discount takes off its base, for an offer what the price becomes; nothing when its kind is unknown.
+std::optional<Currency> clsClientes_Cadenas_ConvArt::Efecto(const Descuento& descuento, Currency base) {
     switch (descuento.Tipo) {
-        case 0:
-            sinRedondear = Currency::DeDouble((descuento.Importe * base).ADouble() / 100.0);
-            break;
-        case 1:
-            sinRedondear = descuento.Importe;
-            break;
-        case 2: {
+        case kDtoPorcentaje:
+            return Currency::DeDouble((descuento.Importe * base).ADouble() / 100.0);
+        case kDtoImporte:
+            return descuento.Importe;
+        case kDtoOferta: {
             const Currency unidades = descuento.Importe + descuento.Cantidad;
             if (unidades == Currency()) LanzarError(kErrDivisionPorCero);
-            sinRedondear = Currency::DeDouble((precio * descuento.Importe).ADouble() / unidades.ADouble());
-            break;
+            return Currency::DeDouble((base * descuento.Importe).ADouble() / unidades.ADouble());
         }
         default:
-            return precio;
+            return std::nullopt;
     }
-    const Currency redondeado = Biblioteca().Redondear(sinRedondear, k);
-    const Currency despues = descuento.Tipo == 2 ? redondeado : precio - redondeado;
-    if (observador_ != nullptr)
-        observador_->DescuentoCadena({descuento.Tipo, descuento.Importe, descuento.Cantidad, descuento.Cascada, base,
-                                      sinRedondear, redondeado, precio, despues});
-    return despues;
+}
+
+Currency clsClientes_Cadenas_ConvArt::Aplicar(const Descuento& descuento, Currency precio) const {
+    const Currency base = descuento.Tipo == kDtoPorcentaje && !descuento.Cascada ? PrecioBase : precio;
+    DescuentoAplicado aplicado = {descuento.Tipo, descuento.Importe, descuento.Cantidad, descuento.Cascada,
+                                  base,           Currency(),        Currency(),         precio,
+                                  precio};
+    if (const std::optional<Currency> efecto = Efecto(descuento, base)) {
+        aplicado.sinRedondear = *efecto;
+        aplicado.redondeado = Biblioteca().Redondear(*efecto, Emp().DecPrecios());
+        aplicado.despues = descuento.Tipo == kDtoOferta ? aplicado.redondeado : precio - aplicado.redondeado;
+    }
+    if (observador_ != nullptr) observador_->DescuentoCadena(aplicado);
+    return aplicado.despues;
 }
 
 Currency clsClientes_Cadenas_ConvArt::Dev_Neto(Fecha dteFechaEval) {
@@ -162,14 +162,16 @@ Currency clsClientes_Cadenas_ConvArt::Devuelve_PBase(std::string& strCadena, Fec
     std::unique_ptr<Recordset> rs;
     for (std::size_t i = MasProfundo(nodo); precio == Currency() && nodo[0] != 0; --i) {
         const bool hallado = AbrirNodo(rs, nodo, dteFechaEval);
+        DiasAcuerdo dias;
         if (hallado) {
+            if (observador_ != nullptr) dias = DiasDe(*rs);
             strCadena = TextoCadena(*rs);
             datFecha_Entrada = ADate(rs->Fields("FechaEntrada").Value());
             datFecha_Salida = rs->Fields("FechaSalida").Value();
             precio = ACurrency(rs->Fields("PBase").Value());
         }
         rs->Close();
-        if (observador_ != nullptr) observador_->NodoBase(nodo, hallado, precio);
+        if (observador_ != nullptr) observador_->NodoBase(nodo, hallado ? &dias : nullptr, precio);
         nodo[i] = 0;
         if (i == 0) break;
     }

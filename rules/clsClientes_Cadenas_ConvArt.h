@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,7 +11,7 @@
 #include "base/Fecha.h"
 #include "base/Valor.h"
 #include "db/Inyectado.h"
-#include "rules/ObservadorConvenio.h"
+#include "rules/ObservadorCadena.h"
 
 namespace kv {
 
@@ -67,7 +68,7 @@ class clsClientes_Cadenas_ConvArt : public Inyectado {
 
     // The five discounts, index 0 to 4; any other index is error 9.
 
-    /// 0 percentage, 1 amount off, 2 quantity offer.
+    /// The kind: `kDtoPorcentaje`, `kDtoImporte` or `kDtoOferta` of `DescuentosAcuerdo.h`; any other does nothing.
     std::int16_t TipoDto(std::int16_t Index) const { return tipos_[Casilla(Index)]; }
     void TipoDto(std::int16_t Index, std::int16_t intTipo) { tipos_[Casilla(Index)] = intTipo; }
     /// Percentage, amount, or units paid; 0 when unused.
@@ -84,7 +85,7 @@ class clsClientes_Cadenas_ConvArt : public Inyectado {
     Fecha FechaDtoF(std::int16_t Index) const { return finales_[Casilla(Index)]; }
 
     /// Listens to the pricing methods; null for none. It must outlive them.
-    void Observador(ObservadorConvenio* observador) { observador_ = observador; }
+    void Observador(ObservadorCadena* observador) { observador_ = observador; }
 
   private:
     /// A discount that applies, in the order in which the walk finds them.
@@ -102,6 +103,7 @@ class clsClientes_Cadenas_ConvArt : public Inyectado {
     std::string CondicionClave() const;
     bool AbrirNodo(std::unique_ptr<Recordset>& rs, const NivelesCadena& nodo, Fecha dteFechaEval);
     void Dev_Descuentos(Fecha dteFechaEval, std::vector<Descuento>& lista);
+    static std::optional<Currency> Efecto(const Descuento& descuento, Currency base);
     Currency Aplicar(const Descuento& descuento, Currency precio) const;
 
     std::array<std::int16_t, 5> tipos_{};
@@ -110,7 +112,7 @@ class clsClientes_Cadenas_ConvArt : public Inyectado {
     std::array<bool, 5> cascadas_{};
     std::array<Fecha, 5> iniciales_{};
     std::array<Fecha, 5> finales_{};
-    ObservadorConvenio* observador_ = nullptr;
+    ObservadorCadena* observador_ = nullptr;
 };
 
 }  // namespace kv

@@ -1,5 +1,5 @@
 #include "db/ValoresSql.h"
-#include "rules/DescuentosFila.h"
+#include "rules/DescuentosAcuerdo.h"
 #include "rules/clsClientes_Cadenas_ConvArt.h"
 
 namespace kv {
@@ -35,8 +35,8 @@ bool clsClientes_Cadenas_ConvArt::Cargar() {
         FechaEntrada = ADate(rs->Fields("FechaEntrada").Value());
         FechaSalida = ADate(rs->Fields("FechaSalida").Value());
         DtoPadre = ABoolean(rs->Fields("Dto_Padre").Value());
-        for (std::size_t i = 0; i < kDescuentosFila.size(); ++i) {
-            const ColumnasDescuento& columnas = kDescuentosFila[i];
+        for (std::size_t i = 0; i < kDescuentosAcuerdo.size(); ++i) {
+            const ColumnasDescuento& columnas = kDescuentosAcuerdo[i];
             tipos_[i] = AInteger(rs->Fields(columnas.tipo).Value());
             importes_[i] = ACurrency(rs->Fields(columnas.importe).Value());
             unidades_[i] = AInteger(rs->Fields(columnas.cantidad).Value());

@@ -1,6 +1,6 @@
 #include "db/BibliotecaComun.h"
 #include "db/ValoresSql.h"
-#include "rules/DescuentosFila.h"
+#include "rules/DescuentosAcuerdo.h"
 #include "rules/clsClientes_Cadenas_ConvArt.h"
 
 namespace kv {
@@ -30,11 +30,11 @@ std::string clsClientes_Cadenas_ConvArt::Dev_CadenaConvenio_Total(Fecha dteFecha
     std::string texto;
     for (auto descuento = lista.rbegin(); descuento != lista.rend(); ++descuento) {
         if (texto.empty()) texto += kCabecera;
-        if (descuento->Tipo == 0) {
+        if (descuento->Tipo == kDtoPorcentaje) {
             texto += " " + ConDecimales(descuento->Importe, 2) + "%";
-        } else if (descuento->Tipo == 1) {
+        } else if (descuento->Tipo == kDtoImporte) {
             texto += " E" + ConDecimales(descuento->Importe, Emp().DecPrecios());
-        } else if (descuento->Tipo == 2) {
+        } else if (descuento->Tipo == kDtoOferta) {
             texto += " M" + TextoDe(descuento->Importe, 0) + "," + TextoDe(descuento->Cantidad, 0);
         }
     }
@@ -79,18 +79,18 @@ std::string clsClientes_Cadenas_ConvArt::Dev_CadenaConvenio_Nivel(Fecha dteFecha
         FechaEntrada = ADate(rs->Fields("FechaEntrada").Value());
         FechaSalida = ADate(rs->Fields("FechaSalida").Value());
         bool primero = true;
-        for (const ColumnasDescuento& columnas : kDescuentosFila) {
+        for (const ColumnasDescuento& columnas : kDescuentosAcuerdo) {
             if (!DescuentoVigente(*rs, columnas, dteFechaEval)) continue;
             const std::int16_t tipo = AInteger(rs->Fields(columnas.tipo).Value());
             const Currency importe = ACurrency(rs->Fields(columnas.importe).Value());
             const std::string cabecera(primero ? kCabecera : "");
             // Quirk: a discount of an unknown kind counts as the first one, so that the heading is never written.
             primero = false;
-            if (tipo == 0) {
+            if (tipo == kDtoPorcentaje) {
                 texto += cabecera + " " + ConDecimales(importe, 2) + "%";
-            } else if (tipo == 1) {
+            } else if (tipo == kDtoImporte) {
                 texto += cabecera + " E" + ConDecimales(importe, Emp().DecImportes());
-            } else if (tipo == 2) {
+            } else if (tipo == kDtoOferta) {
                 texto += cabecera + " M" + TextoDe(importe, 0) + "," +
                          TextoDe(ACurrency(rs->Fields(columnas.cantidad).Value()), 0);
             }

@@ -89,6 +89,22 @@ struct Dto {
     int cascada = 0;
 };
 
+Dto Porcentaje(int centesimas) {
+    return {0, Centimos(centesimas), Currency(), 0};
+}
+
+Dto Cascada(int centesimas) {
+    return {0, Centimos(centesimas), Currency(), 1};
+}
+
+Dto Importe(int centimos) {
+    return {1, Centimos(centimos), Currency(), 0};
+}
+
+Dto Oferta(std::int64_t pagadas, std::int64_t gratis) {
+    return {2, Currency::DeEntero(pagadas), Currency::DeEntero(gratis), 0};
+}
+
 void Acuerdo(Escritor& escritor, int articulo, std::array<int, 4> nodo, Fecha entrada, Fecha salida, Currency base,
              int dtoPadre, const Dto& uno = {}, const Dto& dos = {}) {
     int profundidad = 0;
@@ -108,21 +124,19 @@ void Acuerdos(Escritor& escritor) {
     const Dto sinUsar{};
     // Article 107: the base price is agreed two levels above the customer.
     Acuerdo(escritor, 107, {1, 1, 1, 1}, desde, kSiempre, Currency(), 1);
-    Acuerdo(escritor, 107, {1, 1, 0, 0}, desde, kSiempre, Centimos(3120), 0, {0, Centimos(300), Currency(), 0});
+    Acuerdo(escritor, 107, {1, 1, 0, 0}, desde, kSiempre, Centimos(3120), 0, Porcentaje(300));
     // Article 113: every kind of discount on the way from the chain's head to the customer.
-    Acuerdo(escritor, 113, {1, 0, 0, 0}, desde, kSiempre, Currency(), 0, {0, Centimos(1000), Currency(), 0});
-    Acuerdo(escritor, 113, {1, 1, 0, 0}, desde, kSiempre, Currency(), 1, {1, Centimos(150), Currency(), 0});
-    Acuerdo(escritor, 113, {1, 1, 1, 0}, desde, kSiempre, Currency(), 1, {0, Centimos(500), Currency(), 1},
-            {0, Centimos(200), Currency(), 0});
-    Acuerdo(escritor, 113, {1, 1, 1, 1}, desde, kSiempre, Currency(), 1, {2, Centimos(500), Centimos(100), 0});
+    Acuerdo(escritor, 113, {1, 0, 0, 0}, desde, kSiempre, Currency(), 0, Porcentaje(1000));
+    Acuerdo(escritor, 113, {1, 1, 0, 0}, desde, kSiempre, Currency(), 1, Importe(150));
+    Acuerdo(escritor, 113, {1, 1, 1, 0}, desde, kSiempre, Currency(), 1, Cascada(500), Porcentaje(200));
+    Acuerdo(escritor, 113, {1, 1, 1, 1}, desde, kSiempre, Currency(), 1, Oferta(5, 1));
     // Article 116: an agreement with a last day wins over an open-ended one, and does not pass on to the chain's head.
-    Acuerdo(escritor, 116, {2, 0, 0, 0}, desde, kSiempre, Centimos(27000), 0, {0, Centimos(2000), Currency(), 0});
+    Acuerdo(escritor, 116, {2, 0, 0, 0}, desde, kSiempre, Centimos(27000), 0, Porcentaje(2000));
     Acuerdo(escritor, 116, {2, 1, 0, 0}, Fecha::DeAmd(2024, 6, 1), kSiempre, Centimos(26500), 1, sinUsar);
     Acuerdo(escritor, 116, {2, 1, 0, 0}, Fecha::DeAmd(2024, 1, 1), escritor.Hoy() + 60, Centimos(25500), 0,
-            {1, Centimos(500), Currency(), 0});
+            Importe(500));
     for (int articulo = 1010; articulo <= 1320; articulo += 31)
-        Acuerdo(escritor, articulo, {1 + articulo % 2, 0, 0, 0}, desde, kSiempre, Currency(), 0,
-                {0, Centimos(250), Currency(), 0});
+        Acuerdo(escritor, articulo, {1 + articulo % 2, 0, 0, 0}, desde, kSiempre, Currency(), 0, Porcentaje(250));
 }
 
 }  // namespace

@@ -126,8 +126,8 @@ class Callado : public ObservadorCarga {
     void Tarifa(const TarifaProbada&) override {}
     void Paso(const PasoPrecio&) override {}
     void DescuentoLinea(FuenteDescuento, Currency) override {}
-    void NodoBase(const NivelesCadena&, bool, Currency) override {}
-    void NodoDescuentos(const NivelesCadena&, bool, int) override { ++nodos; }
+    void NodoBase(const NivelesCadena&, const DiasAcuerdo*, Currency) override {}
+    void NodoDescuentos(const NivelesCadena&, const DiasAcuerdo*, int) override { ++nodos; }
     void DescuentoCadena(const DescuentoAplicado&) override {}
 };
 

@@ -148,6 +148,49 @@ TEST_F(Cadenas, PrecioBase_ElPrimerNodoQueLoTiene) {
     EXPECT_EQ(C(3), base());
 }
 
+// What a listener hears: the days of the agreement that was found, and each discount, one of an unknown kind too.
+class Oyente : public ObservadorCadena {
+  public:
+    std::string oido;
+    void NodoBase(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, Currency base) override {
+        oido += "base" + Nodo(nodo, acuerdo) + base.ATexto('.').Cadena() + "|";
+    }
+    void NodoDescuentos(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, int aplicables) override {
+        oido += "dtos" + Nodo(nodo, acuerdo) + std::to_string(aplicables) + "|";
+    }
+    void DescuentoCadena(const DescuentoAplicado& d) override {
+        oido += "dto " + std::to_string(d.tipo) + ' ' + d.antes.ATexto('.').Cadena() + ' ' +
+                d.despues.ATexto('.').Cadena() + "|";
+    }
+
+  private:
+    static std::string Nodo(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo) {
+        std::string texto = ' ' + std::to_string(nodo[0]) + '.' + std::to_string(nodo[1]);
+        if (acuerdo != nullptr)
+            texto += ' ' + ADate(acuerdo->entrada).ATexto().Cadena() + '-' + ADate(acuerdo->salida).ATexto().Cadena();
+        return texto + ' ';
+    }
+};
+
+TEST_F(Cadenas, Oyente_LosDiasDelAcuerdoHalladoYCadaDescuento) {
+    Oyente oyente;
+    objeto.Observador(&oyente);
+    guion->EsperaConsulta(Texto({1, 2}, true));
+    guion->EsperaConsulta(Texto({1, 2}, false));
+    guion->EsperaConsulta(Texto({1}, true), kColumnas, {Fila({false, {}, 9.5})});
+    std::string camino;
+    Fecha entrada;
+    Valor salida;
+    objeto.Devuelve_PBase(camino, entrada, salida, dia);
+    EXPECT_EQ("base 1.2 0|base 1.0 01/01/2025-31/12/2050 9.5|", oyente.oido);
+    oyente.oido.clear();
+    Esperar({{true, {{7, 30}, {2, 2, 1}}}, {true, {{1, 5}}}});
+    objeto.Dev_Neto(dia);
+    EXPECT_EQ(
+        "dtos 1.2 01/01/2025-31/12/2050 2|dtos 1.0 01/01/2025-31/12/2050 1|dto 1 100 95|dto 7 95 95|dto 2 95 63.33|",
+        oyente.oido);
+}
+
 TEST_F(Cadenas, TextoTotal_CadaClase) {
     empresa->decPrecios = 3;
     Esperar({{false, {{0, 7.125}, {1, 1.5}, {2, 5, 1}, {9, 1}}}});

@@ -4,19 +4,26 @@
 #include <cstdint>
 
 #include "base/Currency.h"
-#include "base/Fecha.h"
+#include "base/Valor.h"
 
 namespace kv {
 
 /// A node of the chain hierarchy: ten level codes from the top down, unused deeper levels 0.
 using NivelesCadena = std::array<std::int16_t, 10>;
 
+/// First and last day of an agreement, as its row holds them.
+struct DiasAcuerdo {
+    Valor entrada;
+    Valor salida;
+};
+
 /// What one discount of an agreement did to a price.
 struct DescuentoAplicado {
-    std::int16_t tipo;
+    /// One of `DescuentosAcuerdo.h`; any other leaves the price as it was.
+    std::int16_t tipo = 0;
     Currency importe;
     Currency cantidad;
-    bool cascada;
+    bool cascada = false;
     /// What it was taken on.
     Currency base;
     /// The amount taken off, or the new price of a quantity offer, before and after rounding.
@@ -27,14 +34,15 @@ struct DescuentoAplicado {
 };
 
 /// Listens to the chain agreements while they price an article. It changes neither statements nor results.
-class ObservadorConvenio {
+class ObservadorCadena {
   public:
-    virtual ~ObservadorConvenio() = default;
+    virtual ~ObservadorCadena() = default;
 
-    /// A node was asked for its agreed base price; `base` is 0 when its agreement has none.
-    virtual void NodoBase(const NivelesCadena& nodo, bool hallado, Currency base) = 0;
-    /// A node was asked for its discounts.
-    virtual void NodoDescuentos(const NivelesCadena& nodo, bool hallado, int aplicables) = 0;
+    /// A node was asked for its agreed base price: the days of the agreement that it has on the day, null for none;
+    /// `base` is 0 when that agreement has none.
+    virtual void NodoBase(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, Currency base) = 0;
+    /// A node was asked for its discounts; `aplicables` of its agreement's five apply on the day.
+    virtual void NodoDescuentos(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, int aplicables) = 0;
     virtual void DescuentoCadena(const DescuentoAplicado& descuento) = 0;
 };
 

@@ -1,12 +1,21 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string_view>
 
 #include "base/Fecha.h"
 #include "db/Recordset.h"
 
 namespace kv {
+
+/// Kinds of a discount, in the columns `TDto1` to `TDto5`. A row may hold any other number: it is kept as it is, and
+/// neither changes a price nor shows in a text.
+inline constexpr std::int16_t kDtoPorcentaje = 0;
+/// An amount off.
+inline constexpr std::int16_t kDtoImporte = 1;
+/// So many units paid, so many given free.
+inline constexpr std::int16_t kDtoOferta = 2;
 
 /// Columns of one of an agreement's five discounts.
 struct ColumnasDescuento {
@@ -18,7 +27,7 @@ struct ColumnasDescuento {
     std::string_view salida;
 };
 
-inline constexpr std::array<ColumnasDescuento, 5> kDescuentosFila = {{
+inline constexpr std::array<ColumnasDescuento, 5> kDescuentosAcuerdo = {{
     {"TDto1", "ImporteDto1", "CantidadDto1", "Aplicar_Cascada1", "FechaEntrada1", "FechaSalida1"},
     {"TDto2", "ImporteDto2", "CantidadDto2", "Aplicar_Cascada2", "FechaEntrada2", "FechaSalida2"},
     {"TDto3", "ImporteDto3", "CantidadDto3", "Aplicar_Cascada3", "FechaEntrada3", "FechaSalida3"},
