@@ -23,7 +23,7 @@ bool clsCliente::Cargar(clsCliente* objDestino) try {
     Relanzar("clsCliente::Cargar");
 }
 
-// Quirk: in the four methods that browse, the outer query names the code without the company, so that another
+// Quirk (0015): in the four methods that browse, the outer query names the code without the company, so that another
 // company's customer of the same code may be the one that is read.
 
 bool clsCliente::Cargar_Primero(clsCliente* objDestino) try {

@@ -12,7 +12,7 @@ TextoNumero SqlDoble(double valor) {
     return TextoDouble(valor, '.');
 }
 
-// Quirk: without the comma replacement, as the plain conversion of the runtime writes it.
+// Quirk (0004): without the comma replacement, as the plain conversion of the runtime writes it.
 TextoNumero SqlCurrency(Currency valor) {
     return valor.ATexto(Biblioteca().SeparadorDecimal());
 }

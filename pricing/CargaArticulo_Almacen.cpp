@@ -76,7 +76,7 @@ void CargaArticulo::LeerAlmacenCualidades(DatosArticulo& objPadre, std::int16_t 
 
 void CargaArticulo::LeerNivelesCadena(clsClientes_Cadenas_ConvArt& cadena, std::int32_t lngCod_Cliente) {
     std::unique_ptr<Recordset> rs;
-    // Quirk: the customer is read under the company's own code, not under the customer-master code.
+    // Quirk (0009): the customer is read under the company's own code, not under the customer-master code.
     // clang-format off
     AbrirLectura(rs, Cnx(), TextoSql(
         "SELECT Cad_Nivel_1, Cad_Nivel_2, Cad_Nivel_3, Cad_Nivel_4, Cad_Nivel_5, ",

@@ -82,7 +82,7 @@ void clsCliente_Articulo::Acumular(Fecha dteFecha, Currency curUnidades, Currenc
     Anotar(Cnx(), kArticulos, apunte);
     Anotar(Cnx(), kArticulosTx, apunte);
 } catch (...) {
-    // Quirk: the plural of the class's name.
+    // Quirk (0007): the plural of the class's name.
     Relanzar("clsClientes_Articulo::Acumular");
 }
 
@@ -102,7 +102,7 @@ void clsCliente_Articulo::Acumular_C(Fecha dteFecha, Currency curUnidades, Curre
     Relanzar("clsCliente_Articulo::Acumular_C");
 }
 
-// Quirk: unlike the plain article's, it is read here and from the article's row, not from the variant's.
+// Quirk (0017): unlike the plain article's, it is read here and from the article's row, not from the variant's.
 Currency clsCliente_Articulo::CosteUnitarioCualidad() {
     std::unique_ptr<Recordset> rs;
     AbrirLectura(rs, Cnx(), TextoSql(

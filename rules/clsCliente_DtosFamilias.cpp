@@ -49,7 +49,7 @@ void clsCliente_DtosFamilias::Eliminar() try {
     Relanzar("clsDescuentos_Familia::Borrar");
 }
 
-// Quirk: it reports the source of the deletion.
+// Quirk (0007): it reports the source of the deletion.
 void clsCliente_DtosFamilias::Modificar() try {
     std::string sql = TextoSql(
         " UPDATE Descuentos_Familias SET Descuento = ", SqlNumero(Descuento),

@@ -55,7 +55,7 @@ void clsCliente_Grp_Dtos::Eliminar() try {
     Relanzar("clsCliente_Grp_Dtos::Borrar");
 }
 
-// Quirk: it reports the source of the deletion.
+// Quirk (0007): it reports the source of the deletion.
 void clsCliente_Grp_Dtos::Modificar() try {
     const bool articulo = EsArticulo();
     std::string sql = TextoSql(" UPDATE Clientes_Grp_Descuentos_Fam SET Descuento = ", SqlNumero(Descuento));
@@ -146,7 +146,7 @@ double clsCliente_Grp_Dtos::Dev_Descuento(const Currency& curUnidades) try {
 }
 
 bool clsCliente_Grp_Dtos::Comprobar_Encajados(Currency& curUnidMinimo, Currency& curUnidMaximo) {
-    // Quirk: the bounds carry the regional decimal separator, unlike everywhere else.
+    // Quirk (0004): the bounds carry the regional decimal separator, unlike everywhere else.
     const TextoNumero m = SqlCurrency(Unidades_Min);
     const TextoNumero M = SqlCurrency(Unidades_Max);
     std::unique_ptr<Recordset> rs;

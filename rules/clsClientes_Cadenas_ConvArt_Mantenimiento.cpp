@@ -46,7 +46,7 @@ bool clsClientes_Cadenas_ConvArt::Cargar() {
         }
     }
     rs->Close();
-    // Quirk: the result is never set; callers look at the loaded values.
+    // Quirk (0013): the result is never set; callers look at the loaded values.
     return false;
 }
 

@@ -84,7 +84,8 @@ std::string clsClientes_Cadenas_ConvArt::Dev_CadenaConvenio_Nivel(Fecha dteFecha
             const std::int16_t tipo = AInteger(rs->Fields(columnas.tipo).Value());
             const Currency importe = ACurrency(rs->Fields(columnas.importe).Value());
             const std::string cabecera(primero ? kCabecera : "");
-            // Quirk: a discount of an unknown kind counts as the first one, so that the heading is never written.
+            // Quirk (0013): a discount of an unknown kind counts as the first one, so that the heading is never
+            // written.
             primero = false;
             if (tipo == kDtoPorcentaje) {
                 texto += cabecera + " " + ConDecimales(importe, 2) + "%";

@@ -21,7 +21,7 @@ void clsAlmacen_Articulo::Propagar(std::int16_t intAlmacen, std::int32_t lngArti
                                    std::string_view precioCompra) {
     const TextoNumero fecha = SqlFecha(movimiento.fecha);
     if (movimiento.EsVenta()) {
-        // Quirk: no guard on the date; a sale always sets it, even to an earlier day.
+        // Quirk (0018): no guard on the date; a sale always sets it, even to an earlier day.
         Cnx().Ejecutar(TextoSql(
             "UPDATE Articulos SET FUVenta ='", fecha, "'",
             " WHERE Cod_Empresa = ", SqlEntero(Emp().CodEmpresaArticulos()),

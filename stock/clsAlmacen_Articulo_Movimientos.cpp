@@ -67,7 +67,7 @@ std::string ActualizarSinStock(const Clave& clave, const Fragmentos& cambios) {
         " AND Cod_Articulo =", clave.articulo);
 }
 
-// Quirk: no purchase price here, not even for a priced entry.
+// Quirk (0018): no purchase price here, not even for a priced entry.
 std::string ActualizarVariante(const ClaveVariante& clave, const Movimiento& m, const Fragmentos& cambios) {
     return TextoSql(
         "UPDATE Almacen_Articulos_C SET",
@@ -171,7 +171,7 @@ void clsAlmacen_Articulo::Act_Stock_Cualidades(std::int16_t intAlmacen, std::int
         fila.PUC = fila.PMedio = CosteNuevo(movimiento);
         Cnx().Ejecutar(InsertarVariante(clave, fila, FechasNuevas(movimiento)));
     }
-    // Quirk: only with a price, although the masters hear of the purchase without one.
+    // Quirk (0018): only with a price, although the masters hear of the purchase without one.
     if (movimiento.EsRecepcionConPrecio())
         Cnx().Ejecutar(ComprarVariante(clave, SqlFecha(dteFecha), dblNeto, fila.PMedio));
     if (bolModFichaArt) Propagar(intAlmacen, lngArticulo, movimiento, movimiento.FragmentoPrecio());
@@ -185,8 +185,8 @@ double clsAlmacen_Articulo::MediaDeArticulo(const Movimiento& movimiento, const 
     return movimiento.neto;
 }
 
-// Quirk: unlike the plain article's, what counts is the stock after the movement, an average of 0 and a negative stock
-// are weighed as they are, and a negative average gives way whatever the kind.
+// Quirk (0018): unlike the plain article's, what counts is the stock after the movement, an average of 0 and a negative
+// stock are weighed as they are, and a negative average gives way whatever the kind.
 double clsAlmacen_Articulo::MediaDeVariante(const Movimiento& movimiento, const FilaStock& fila) const {
     if (fila.PMedio < 0) return movimiento.neto;
     if (movimiento.TraeCoste() && fila.stock + movimiento.unidades > 0)
