@@ -11,6 +11,31 @@ bool EsDeEntrada(const Parameter& p) {
     return p.Direction == ParameterDirection::adParamInput || p.Direction == ParameterDirection::adParamInputOutput;
 }
 
+// An output comes back as the parameter says, whatever the procedure's column is.
+Valor EnSuTipo(const Valor& valor, DataType tipo) {
+    if (EsNulo(valor)) return Nulo{};
+    switch (tipo) {
+        case DataType::adSmallInt:
+        case DataType::adTinyInt:
+            return AInteger(valor);
+        case DataType::adInteger:
+            return ALong(valor);
+        case DataType::adSingle:
+            return ASingle(valor);
+        case DataType::adDouble:
+            return ADouble(valor);
+        case DataType::adCurrency:
+            return ACurrency(valor);
+        case DataType::adDate:
+            return ADate(valor);
+        case DataType::adBoolean:
+            return ABoolean(valor);
+        case DataType::adVarChar:
+            return AString(valor, '.');
+    }
+    LanzarError(kErrTipo, "parámetro de tipo ADO " + std::to_string(static_cast<int>(tipo)));
+}
+
 std::string_view SinArroba(std::string_view nombre) {
     return nombre.starts_with('@') ? nombre.substr(1) : nombre;
 }
@@ -30,7 +55,7 @@ void ConexionSqlite::CommandSqlite::Execute(kv::CommandType /*opciones*/) {
         if (parametro.Direction == ParameterDirection::adParamReturnValue)
             parametro.Value = std::int32_t{0};
         else if (parametro.Direction != ParameterDirection::adParamInput)
-            parametro.Value = hayFila ? sentencia.Leer(SinArroba(parametro.Name)) : Valor(Nulo{});
+            parametro.Value = hayFila ? EnSuTipo(sentencia.Leer(SinArroba(parametro.Name)), parametro.Type) : Nulo{};
     }
 }
 

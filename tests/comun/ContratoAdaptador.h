@@ -26,12 +26,14 @@ enum class Exigencia : std::uint8_t {
     DiaMesAnio,      // dd/mm/yyyy literals
     FechaVacia,      // the empty text is 01/01/1900
     LogicoMenosUno,  // -1 written into a Boolean is true
+    Procedimientos,  // stored procedures
 };
 
 /// An adapter under the contract: how to get a connection to an empty database that holds this table, with its rows.
 ///   Contrato (Codigo int, Importe money, Activo bit, Octeto tinyint, Corto smallint, Doble float, Fecha date,
 ///             Texto varchar, Nula int), key Codigo
 ///   row 1: 12.3456, true, 200, -5, 0.1, 05/03/2026, 'ñ € x ', NULL; row 2: -0.5, false, 0, 7, 2.5, 01/01/1900, '', 9
+/// and the procedure Salidas, which takes a number and gives that number, 2, 5, 1 or true, 05/03/2026, 'ñ' and NULL.
 struct AdaptadorProbado {
     std::string nombre;
     std::function<std::shared_ptr<Connection>()> conectar;
@@ -131,6 +133,28 @@ TEST_P(ContratoAdaptador, ValoresEscritosVuelvenExactos) {
     for (const Valor& v : Fila("SELECT Importe, Octeto, Corto, Doble, Texto FROM Contrato WHERE Codigo =3"))
         textos += AString(v, '.') + " | ";
     EXPECT_EQ("-99999999.9999 | 255 | -32768 | 1E+15 | a'; DELETE | ", textos);
+}
+
+TEST_P(ContratoAdaptador, SalidasDeUnProcedimiento_VuelvenEnSuPropioTipo) {
+    if (!Puede(Exigencia::Procedimientos)) return;
+    using enum DataType;
+    const std::pair<DataType, Valor> salidas[] = {{adCurrency, Currency::DeDiezmilesimas(71235)},
+                                                  {adDouble, 2.0},
+                                                  {adTinyInt, std::int16_t{5}},
+                                                  {adBoolean, true},
+                                                  {adDate, Fecha::DeAmd(2026, 3, 5)},
+                                                  {adVarChar, std::string("ñ")},
+                                                  {adInteger, Nulo{}}};
+    const auto comando = conexion->CrearCommand();
+    comando->CommandType = CommandType::adCmdStoredProc;
+    comando->CommandText = "Salidas";
+    comando->Parameters.Append("@Numero", adDouble, ParameterDirection::adParamInput, 0, 7.123456);
+    for (std::size_t i = 0; i < std::size(salidas); ++i)
+        comando->Parameters.Append("@S" + std::to_string(i), salidas[i].first, ParameterDirection::adParamOutput, 50,
+                                   Valor(Nulo{}));
+    comando->Execute(CommandType::adOptionUnspecified);
+    auto leida = std::next(comando->Parameters.begin());
+    for (const auto& [tipo, valor] : salidas) EXPECT_EQ(valor, (leida++)->Value) << static_cast<int>(tipo);
 }
 
 TEST_P(ContratoAdaptador, RecorridoCierreYReapertura) {

@@ -11,6 +11,7 @@ inline const std::map<Exigencia, std::string> kNoPuedeSqliteOdbc = {
     {Exigencia::Dinero, "el controlador ODBC de SQLite no declara decimales exactos"},
     {Exigencia::DiaMesAnio, "SQLite guarda las fechas como texto y no lee dd/mm/aaaa"},
     {Exigencia::FechaVacia, "SQLite no lee un texto vacío como fecha"},
+    {Exigencia::Procedimientos, "SQLite no tiene procedimientos"},
     {Exigencia::LogicoMenosUno, "SQLite guarda -1 en un bit y no lo compara con 1"}};
 
 inline void LlenarContrato(Connection& conexion) {

@@ -27,6 +27,10 @@ std::shared_ptr<Connection> ConectarPostgres() {
     conexion->Ejecutar(
         "CREATE TABLE Contrato (Codigo int NOT NULL PRIMARY KEY, Importe numeric(19,4), Activo boolean,"
         " Octeto smallint, Corto smallint, Doble float, Fecha date, Texto varchar(50), Nula int)");
+    conexion->EjecutarLote(
+        "CREATE OR REPLACE FUNCTION Salidas(numero float, OUT s0 float, OUT s1 int, OUT s2 int, OUT s3 boolean,"
+        " OUT s4 date, OUT s5 text, OUT s6 int) AS $$ SELECT numero, 2, 5, true, date '2026-03-05', 'ñ', NULL::int $$"
+        " LANGUAGE sql");
     LlenarContrato(*conexion);
     return conexion;
 }

@@ -20,6 +20,8 @@ INSERT INTO Contrato VALUES (1, 12.3456, 1, 200, -5, 0.1, '2026-03-05', 'ñ € 
 INSERT INTO Contrato VALUES (2, -0.5, 0, 0, 7, 2.5, '1900-01-01', '', 9);
 CREATE TABLE Procedimientos (Nombre varchar(60) NOT NULL PRIMARY KEY, Cuerpo varchar(4000) NOT NULL);
 INSERT INTO Procedimientos VALUES ('Doblar', 'SELECT Importe * @Veces AS Dto FROM Contrato WHERE Codigo = @Cliente');
+INSERT INTO Procedimientos VALUES ('Salidas',
+    'SELECT @Numero AS S0, 2 AS S1, 5 AS S2, 1 AS S3, ''2026-03-05'' AS S4, ''ñ'' AS S5, NULL AS S6');
 )";
 
 void Nada(Connection&) {}
