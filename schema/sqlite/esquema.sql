@@ -405,7 +405,8 @@ CREATE TABLE Clientes_Grp_Descuentos_Fam (
         Unidades_Max)
 ) WITHOUT ROWID;
 CREATE INDEX IX_Clientes_Grp_Descuentos_Fam_Articulo
-    ON Clientes_Grp_Descuentos_Fam (Cod_Empresa, Cod_Grupo, Nivel, Cod_Articulo);
+    ON Clientes_Grp_Descuentos_Fam (Cod_Empresa, Cod_Grupo, Nivel, Cod_Articulo, Familia_1, Familia_2, Familia_3,
+        Unidades_Min, Unidades_Max, Descuento);
 
 -- Discounts of a customer by family or article.
 CREATE TABLE Descuentos_Familias (
@@ -421,7 +422,8 @@ CREATE TABLE Descuentos_Familias (
     Tipo_Descuento tinyint NOT NULL DEFAULT 0,
     PRIMARY KEY (Cod_Empresa, Cod_Cliente, Nivel, Familia_1, Familia_2, Familia_3, Cod_Articulo)
 ) WITHOUT ROWID;
-CREATE INDEX IX_Descuentos_Familias_Articulo ON Descuentos_Familias (Cod_Empresa, Cod_Cliente, Nivel, Cod_Articulo);
+CREATE INDEX IX_Descuentos_Familias_Articulo
+    ON Descuentos_Familias (Cod_Empresa, Cod_Cliente, Nivel, Cod_Articulo, Familia_1, Familia_2, Familia_3, Descuento);
 
 -- Agreements of a chain node for an article. A last day of 31/12/2050 is open-ended.
 CREATE TABLE Clientes_Cadenas_ConvArt (
@@ -679,7 +681,8 @@ CREATE TABLE Procedimientos (
     PRIMARY KEY (Nombre)
 ) WITHOUT ROWID;
 
--- Discount of a customer: the article's row, else the deepest family level in use that has one, else 0.
+-- Discount of a customer: the article's row, else the deepest family level in use that has one, else 0. What a
+-- row holds in the family codes below its level says nothing; the lowest go first.
 INSERT INTO Procedimientos (Nombre, Cuerpo) VALUES ('KVP_DevDtoDescuentosFamilias', '
 SELECT COALESCE(
     (SELECT Descuento FROM Descuentos_Familias WHERE Cod_Empresa = @Empresa AND Cod_Cliente = @Cliente
@@ -689,44 +692,41 @@ SELECT COALESCE(
         AND Familia_3 = @Familia3 AND Cod_Articulo = 0),
     (SELECT Descuento FROM Descuentos_Familias WHERE Cod_Empresa = @Empresa AND Cod_Cliente = @Cliente
         AND @EmpFamilia2 <> 0 AND Nivel = 2 AND @Niveles >= 2 AND Familia_1 = @Familia1 AND Familia_2 = @Familia2
-        AND Familia_3 = 0 AND Cod_Articulo = 0),
+        AND Cod_Articulo = 0 ORDER BY Familia_3 LIMIT 1),
     (SELECT Descuento FROM Descuentos_Familias WHERE Cod_Empresa = @Empresa AND Cod_Cliente = @Cliente
-        AND @EmpFamilia1 <> 0 AND Nivel = 1 AND Familia_1 = @Familia1 AND Familia_2 = 0
-        AND Familia_3 = 0 AND Cod_Articulo = 0),
+        AND @EmpFamilia1 <> 0 AND Nivel = 1 AND Familia_1 = @Familia1
+        AND Cod_Articulo = 0 ORDER BY Familia_2, Familia_3 LIMIT 1),
     0) AS Dto');
 
 -- Discount of a customer's group for a quantity: the same order of levels; within a level the fitting range with the
--- highest lower bound (the narrower one among those), the row for any quantity (0 to 0) last.
+-- highest lower bound (the narrower one among those), the row for any quantity (0 to 0) last. A quantity of 0 fits that
+-- row alone, and group 0 is none. A group without rows, as most are, is done with before anything is put in order.
 INSERT INTO Procedimientos (Nombre, Cuerpo) VALUES ('KVP_DevDtoClientesGrupos', '
-WITH Grupo (Codigo) AS (
-    SELECT Grupo_Dto FROM Clientes WHERE Codigo = @Cliente
-        AND Cod_Empresa = (SELECT Cod_EmpresaClientes FROM Empresas WHERE Codigo = @Empresa))
-SELECT COALESCE(
-    (SELECT Descuento FROM Clientes_Grp_Descuentos_Fam
-        WHERE Cod_Empresa = @Empresa AND Cod_Grupo = (SELECT Codigo FROM Grupo) AND Nivel = @Nivel
-        AND Cod_Articulo = @Articulo
-        AND ((Unidades_Min <= @Unidades AND Unidades_Max >= @Unidades) OR (Unidades_Min = 0 AND Unidades_Max = 0))
-        ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC,
-            Unidades_Max, Familia_1, Familia_2, Familia_3 LIMIT 1),
-    (SELECT Descuento FROM Clientes_Grp_Descuentos_Fam
-        WHERE Cod_Empresa = @Empresa AND Cod_Grupo = (SELECT Codigo FROM Grupo) AND @EmpFamilia3 <> 0 AND Nivel = 3
-        AND @Niveles >= 3 AND Familia_1 = @Familia1 AND Familia_2 = @Familia2 AND Familia_3 = @Familia3
-        AND Cod_Articulo = 0
-        AND ((Unidades_Min <= @Unidades AND Unidades_Max >= @Unidades) OR (Unidades_Min = 0 AND Unidades_Max = 0))
-        ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC,
-            Unidades_Max LIMIT 1),
-    (SELECT Descuento FROM Clientes_Grp_Descuentos_Fam
-        WHERE Cod_Empresa = @Empresa AND Cod_Grupo = (SELECT Codigo FROM Grupo) AND @EmpFamilia2 <> 0 AND Nivel = 2
-        AND @Niveles >= 2 AND Familia_1 = @Familia1 AND Familia_2 = @Familia2 AND Familia_3 = 0
-        AND Cod_Articulo = 0
-        AND ((Unidades_Min <= @Unidades AND Unidades_Max >= @Unidades) OR (Unidades_Min = 0 AND Unidades_Max = 0))
-        ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC,
-            Unidades_Max LIMIT 1),
-    (SELECT Descuento FROM Clientes_Grp_Descuentos_Fam
-        WHERE Cod_Empresa = @Empresa AND Cod_Grupo = (SELECT Codigo FROM Grupo) AND @EmpFamilia1 <> 0 AND Nivel = 1
-        AND Familia_1 = @Familia1 AND Familia_2 = 0 AND Familia_3 = 0
-        AND Cod_Articulo = 0
-        AND ((Unidades_Min <= @Unidades AND Unidades_Max >= @Unidades) OR (Unidades_Min = 0 AND Unidades_Max = 0))
-        ORDER BY CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC,
-            Unidades_Max LIMIT 1),
+SELECT COALESCE((SELECT
+    (SELECT Descuento FROM (
+        SELECT 4 AS Orden, Unidades_Min, Unidades_Max, Familia_1, Familia_2, Familia_3, Descuento
+            FROM Clientes_Grp_Descuentos_Fam WHERE Cod_Empresa = @Empresa AND Cod_Grupo = c.Grupo_Dto
+            AND Nivel = @Nivel AND Cod_Articulo = @Articulo
+        UNION ALL
+        SELECT 3, Unidades_Min, Unidades_Max, Familia_1, Familia_2, Familia_3, Descuento
+            FROM Clientes_Grp_Descuentos_Fam WHERE Cod_Empresa = @Empresa AND Cod_Grupo = c.Grupo_Dto
+            AND @EmpFamilia3 <> 0 AND Nivel = 3 AND @Niveles >= 3 AND Familia_1 = @Familia1
+            AND Familia_2 = @Familia2 AND Familia_3 = @Familia3 AND Cod_Articulo = 0
+        UNION ALL
+        SELECT 2, Unidades_Min, Unidades_Max, Familia_1, Familia_2, Familia_3, Descuento
+            FROM Clientes_Grp_Descuentos_Fam WHERE Cod_Empresa = @Empresa AND Cod_Grupo = c.Grupo_Dto
+            AND @EmpFamilia2 <> 0 AND Nivel = 2 AND @Niveles >= 2 AND Familia_1 = @Familia1
+            AND Familia_2 = @Familia2 AND Cod_Articulo = 0
+        UNION ALL
+        SELECT 1, Unidades_Min, Unidades_Max, Familia_1, Familia_2, Familia_3, Descuento
+            FROM Clientes_Grp_Descuentos_Fam WHERE Cod_Empresa = @Empresa AND Cod_Grupo = c.Grupo_Dto
+            AND @EmpFamilia1 <> 0 AND Nivel = 1 AND Familia_1 = @Familia1 AND Cod_Articulo = 0) AS Filas
+        WHERE (Unidades_Min = 0 AND Unidades_Max = 0)
+            OR (@Unidades <> 0 AND Unidades_Min <= @Unidades AND Unidades_Max >= @Unidades)
+        ORDER BY Orden DESC, CASE WHEN Unidades_Min = 0 AND Unidades_Max = 0 THEN 1 ELSE 0 END, Unidades_Min DESC,
+            Unidades_Max, Familia_1, Familia_2, Familia_3 LIMIT 1)
+    FROM Clientes c WHERE c.Codigo = @Cliente
+        AND c.Cod_Empresa = (SELECT Cod_EmpresaClientes FROM Empresas WHERE Codigo = @Empresa) AND c.Grupo_Dto <> 0
+        AND EXISTS (SELECT 1 FROM Clientes_Grp_Descuentos_Fam
+            WHERE Cod_Empresa = @Empresa AND Cod_Grupo = c.Grupo_Dto)),
     0) AS Dto');

@@ -40,6 +40,18 @@ void Insertar(demo::Escritor& escritor, const FilaDto& f) {
                   f.f2, f.f3, f.articulo, f.descuento, kGrupo + f.deOtro, f.minimo, f.maximo);
 }
 
+// Asks about article 50.
+template <class Descuentos>
+void Preparar(Descuentos& descuentos, const std::shared_ptr<Connection>& conexion,
+              const std::shared_ptr<cEmpresa>& empresa) {
+    descuentos.Conexion(conexion);
+    descuentos.cEmpresa(empresa);
+    descuentos.Cod_Articulo = 50;
+    descuentos.Familia_1 = 3;
+    descuentos.Familia_2 = 4;
+    descuentos.Familia_3 = 5;
+}
+
 // The article's row wins over its families', and a deeper family over a shallower one. Within a level, the range of
 // units with the highest lower bound wins, the narrower one among those, and the row for any quantity is the last.
 TEST(Procedimientos, GanaLaFilaMasCercana) {
@@ -70,7 +82,8 @@ TEST(Procedimientos, GanaLaFilaMasCercana) {
         {"un nivel: la familia no cuenta", {kFamilia, kSeccion}, 2, {"Sección", "", ""}},
         {"sin el segundo: el artículo es el cuarto", {kArticulo, kFamilia}, 8, kSinSegunda},
         {"sin el segundo: la familia no cuenta", {kFamilia, kSeccion}, 2, kSinSegunda},
-        {"sólo cabe el que empieza en 0", kTramos, 3, kTres, 0, true},
+        {"sin unidades, sólo el de cualquiera", kTramos, 5, kTres, 0, true},
+        {"sin unidades ni el de cualquiera", {{4, 3, 4, 5, 50, 3, 0, 2}, kSeccion}, 2, kTres, 0, true},
         {"el que empieza en 0 gana al de cualquiera", kTramos, 3, kTres, 0.5, true},
         {"dos con el mismo mínimo: el más estrecho", kTramos, 4, kTres, 1, true},
         {"primera unidad del siguiente", kTramos, 10, kTres, 5, true},
@@ -80,6 +93,16 @@ TEST(Procedimientos, GanaLaFilaMasCercana) {
         {"tramo de familia", {kFamiliaPorTramo, kSeccion}, 6, kTres, 50, true},
         {"fuera del tramo de familia", {kFamiliaPorTramo, kSeccion}, 2, kTres, 50.0001, true},
         {"el artículo gana al tramo de la familia", {kArticulo, kFamiliaPorTramo}, 8, kTres, 5, true},
+        {"sección con códigos de más", {{1, 3, 9, 8, 0, 2}}, 2},
+        {"familia con un código de más", {{2, 3, 4, 9, 0, 4}, kSeccion}, 4},
+        {"entre códigos de más, los menores", {{1, 3, 9, 1, 0, 3}, {1, 3, 2, 7, 0, 4}, {1, 3, 2, 6, 0, 5}}, 5},
+        {"entre códigos de más de la familia, el menor", {{2, 3, 4, 9, 0, 3}, {2, 3, 4, 7, 0, 4}}, 4},
+        {"el tramo cuenta antes que los códigos de más",
+         {{1, 3, 2, 0, 0, 5}, {1, 3, 9, 0, 0, 6, 1, 9}, {1, 3, 8, 0, 0, 7, 2, 9}},
+         7,
+         kTres,
+         5,
+         true},
         {"fuera del tramo del artículo", {{4, 3, 4, 5, 50, 9, 10, 20}, kFamiliaPorTramo}, 6, kTres, 9, true},
     };
     const Fecha hoy = Fecha::DeAmd(2027, 2, 10);
@@ -94,16 +117,8 @@ TEST(Procedimientos, GanaLaFilaMasCercana) {
     clsCliente_Grp_Dtos grupos;
     clsCliente_DtosFamilias familias;
     familias.Cliente = kCliente;
-    const auto preparar = [&](auto& descuentos) {
-        descuentos.Conexion(conexion);
-        descuentos.cEmpresa(empresa);
-        descuentos.Cod_Articulo = 50;
-        descuentos.Familia_1 = 3;
-        descuentos.Familia_2 = 4;
-        descuentos.Familia_3 = 5;
-    };
-    preparar(grupos);
-    preparar(familias);
+    Preparar(grupos, conexion, empresa);
+    Preparar(familias, conexion, empresa);
     for (const Caso& caso : kCasos) {
         SCOPED_TRACE(caso.nombre);
         empresa->captions = caso.niveles;
@@ -116,6 +131,38 @@ TEST(Procedimientos, GanaLaFilaMasCercana) {
         }
         conexion->RollbackTrans();
     }
+}
+
+// The rows of group 0, which no screen makes, are nobody's.
+TEST(Procedimientos, GrupoCero_NoEsGrupo) {
+    const Fecha hoy = Fecha::DeAmd(2027, 2, 10);
+    const BaseDePrueba base(BaseDePrueba::Datos::Ninguno, hoy);
+    const std::shared_ptr<Connection> conexion = base.Abrir();
+    demo::Escritor escritor(*conexion, hoy);
+    escritor.Fila("Empresas", "Codigo, Cod_EmpresaClientes", 1, 3);
+    escritor.Fila("Clientes", "Cod_Empresa, Codigo, Grupo_Dto", 3, kCliente, 0);
+    FilaDto deNadie = kArticulo;
+    deNadie.deOtro = -kGrupo;
+    Insertar(escritor, deNadie);
+    clsCliente_Grp_Dtos grupos;
+    Preparar(grupos, conexion, std::make_shared<EmpresaFija>());
+    EXPECT_EQ(Currency(), grupos.Dev_Descuento_Activo(kCliente, Currency::DeEntero(1)));
+    conexion->Ejecutar("UPDATE Clientes_Grp_Descuentos_Fam SET Cod_Grupo =7");
+    conexion->Ejecutar("UPDATE Clientes SET Grupo_Dto =7");
+    EXPECT_EQ(Currency::DeEntero(8), grupos.Dev_Descuento_Activo(kCliente, Currency::DeEntero(1)));
+}
+
+TEST(Procedimientos, DescuentoConMasDecimales_VieneComoDinero) {
+    const Fecha hoy = Fecha::DeAmd(2027, 2, 10);
+    const BaseDePrueba base(BaseDePrueba::Datos::Ninguno, hoy);
+    const std::shared_ptr<Connection> conexion = base.Abrir();
+    demo::Escritor escritor(*conexion, hoy);
+    Insertar(escritor, kSeccion);
+    conexion->Ejecutar("UPDATE Descuentos_Familias SET Descuento =7.123456");
+    clsCliente_DtosFamilias familias;
+    Preparar(familias, conexion, std::make_shared<EmpresaFija>());
+    familias.Cliente = kCliente;
+    EXPECT_EQ(7.1235, familias.Dev_Descuento_Activo());
 }
 
 }  // namespace

@@ -39,9 +39,7 @@ produccion() {
         s/^(CREATE TABLE (\w+) .*)CONSTRAINT PK_\2 PRIMARY KEY CLUSTERED /\1PRIMARY KEY /
         s/^ALTER PROCEDURE (KVP_DevDtoDescuentosFamilias) $comunes, $cuerpo/$guardado/
         s/^ALTER PROCEDURE (KVP_DevDtoClientesGrupos) $comunes, @Unidades money, $cuerpo/$guardado/
-        s/DECLARE @Grupo smallint SELECT @Grupo = (.*) SET @Dto = /WITH Grupo (Codigo) AS ( SELECT \1) SET @Dto = /
         s/SET @Dto = COALESCE/SELECT COALESCE/
-        s/@Grupo\b/(SELECT Codigo FROM Grupo)/g
         s/\(SELECT Descuento /(SELECT, without TOP 1, Descuento /g
         s/SELECT TOP 1 /SELECT /g
         s/ RETURN 0 END$/ AS Dto')/" | en_lineas
