@@ -10,10 +10,13 @@ constexpr int kEsperaMs = 10000;
 // A load and the maintenance of every table together need about sixty templates.
 constexpr std::size_t kMaximoPlantillas = 200;
 
-// Without its memory statistics and inner locks: one connection serves one thread.
+// Without its memory statistics and inner locks: one connection serves one thread. Pages are taken from the heap one by
+// one: as SQLite comes, each table of its own that a statement needs for a moment takes room for twenty pages and gives
+// it back, and the system's heap gives that on to the system. Refused where the host started SQLite; all works without.
 void ConfigurarUnaVez() {
     static const int hecho = [] {
         sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+        sqlite3_config(SQLITE_CONFIG_PAGECACHE, nullptr, 0, 0);
         return sqlite3_initialize();
     }();
     if (hecho != SQLITE_OK) throw RuntimeError(hecho, "SQLite", "No se puede iniciar SQLite");
