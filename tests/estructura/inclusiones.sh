@@ -17,7 +17,8 @@ declare -A permitidas=(
     [component]="base db stock customers rules pricing"
     [component/com]="base db db/ado stock customers rules pricing component"
     [schema]="base db"
-    [host]="base db db/sqlite db/odbc stock customers rules pricing component schema"
+    [application]="base db db/sqlite db/odbc stock customers rules pricing component schema"
+    [host]="base db db/sqlite db/odbc stock customers rules pricing component schema application"
 )
 
 carpeta_de() {
@@ -39,6 +40,12 @@ comprobar() {
             *) echo "$fichero incluye $incluida: $propia no puede usar $destino"; mal=1 ;;
         esac
     done < <(sed -n 's/^#include "\(.*\)"$/\1/p' "$fichero" | grep / || true)
+    # What a person asks knows neither how it is read nor how it is written.
+    if [ "$propia" = application ] &&
+        grep -nE '#include <(CLI/.*|nlohmann/.*|iostream|ostream|istream|fstream|sstream|cstdio)>' "$fichero"; then
+        echo "$fichero: flujo, línea de órdenes o JSON en application"
+        mal=1
+    fi
     case "$propia" in db/sqlite | db/odbc | db/ado | component/com) return ;; esac
     if grep -nE '#include <(sqlite3|sql|sqlext|windows|oaidl|ole2)\.h>' "$fichero"; then
         echo "$fichero: cabecera nativa fuera de un adaptador"
