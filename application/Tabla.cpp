@@ -30,4 +30,13 @@ Tabla LeerTabla(Connection& conexion, std::string_view clave, std::span<const Co
     return tabla;
 }
 
+Tabla LeerTabla(Recordset& rs, std::string_view clave, std::span<const ColumnaTabla> columnas) {
+    Tabla tabla{clave, columnas};
+    for (; !rs.Eof(); rs.MoveNext()) {
+        FilaTabla& fila = tabla.filas.emplace_back();
+        for (const ColumnaTabla& columna : columnas) fila.push_back(rs.Fields(columna.columna).Value());
+    }
+    return tabla;
+}
+
 }  // namespace kv::aplicacion

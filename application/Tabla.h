@@ -53,5 +53,7 @@ struct Tabla {
 /// database failure reaches the caller.
 Tabla LeerTabla(Connection& conexion, std::string_view clave, std::span<const ColumnaTabla> columnas,
                 std::string_view resto);
+/// The rows of an open recordset that has all those columns, whatever else it has.
+Tabla LeerTabla(Recordset& rs, std::string_view clave, std::span<const ColumnaTabla> columnas);
 
 }  // namespace kv::aplicacion

@@ -4,14 +4,14 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
+#include "application/Rechazo.h"
 #include "base/RuntimeError.h"
-#include "host/Fallo.h"
 
 namespace kv::host {
 namespace {
 
 [[noreturn]] void Rechazar(const std::string& opcion, const std::string& texto, const std::string& espera) {
-    throw Fallo(kUso, opcion + ": «" + texto + "» no vale; se espera " + espera);
+    aplicacion::RechazarImposible(opcion, "«" + texto + "» no vale; se espera " + espera);
 }
 
 }  // namespace
@@ -24,8 +24,8 @@ void ExigirUtf8(int argc, const char* const* argv) {
             // The text itself may be a connection string with its password.
             const std::string anterior = i > 1 ? argv[i - 1] : "";
             const bool esOpcion = anterior.starts_with("--") && anterior.find('=') == std::string::npos;
-            throw Fallo(kUso, "el argumento " + std::to_string(i) + (esOpcion ? ", tras " + anterior + "," : "") +
-                                  " no es texto UTF-8");
+            aplicacion::RechazarImposible("", "el argumento " + std::to_string(i) +
+                                                  (esOpcion ? ", tras " + anterior + "," : "") + " no es texto UTF-8");
         }
     }
 }

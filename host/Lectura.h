@@ -9,7 +9,7 @@
 
 namespace kv::host {
 
-// What a person writes on the command line, read strictly. Each function names the option in its error (exit code 2).
+// What a person writes, read strictly. Each function names the request's field in its Rechazo, which is impossible.
 
 /// Refuses a command line with a text that is no UTF-8; names the argument by its place and by the option before it.
 void ExigirUtf8(int argc, const char* const* argv);

@@ -77,17 +77,12 @@ void Respuesta::Fila(const std::vector<Valor>& valores) {
     tabla.celdas.push_back(std::move(celdas));
 }
 
-std::size_t Respuesta::TablaDe(const std::string& nombre, Recordset& rs) {
+void Respuesta::Anadir(const aplicacion::Tabla& tabla) {
     std::vector<std::string> columnas;
-    for (std::int32_t i = 0; i < rs.NumeroCampos(); ++i) columnas.emplace_back(rs.NombreCampo(i));
-    Tabla(nombre, columnas);
-    std::size_t filas = 0;
-    for (; !rs.Eof(); rs.MoveNext(), ++filas) {
-        std::vector<Valor> valores;
-        for (const std::string& columna : columnas) valores.push_back(rs.Fields(columna).Value());
-        Fila(valores);
-    }
-    return filas;
+    for (const auto& columna : tabla.columnas)
+        columnas.emplace_back(columna.columna.empty() ? columna.clave : columna.columna);
+    Tabla(std::string(tabla.clave), columnas);
+    for (const auto& fila : tabla.filas) Fila(fila);
 }
 
 void Respuesta::Escribir(std::ostream& salida, bool json) const {

@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
+#include "application/Tabla.h"
 #include "base/Currency.h"
 #include "base/Fecha.h"
 #include "base/Valor.h"
-#include "db/Recordset.h"
 
 namespace kv::host {
 
@@ -25,8 +25,8 @@ class Respuesta {
     /// Starts a table called `nombre` in JSON. Rows follow with `Fila`.
     void Tabla(const std::string& nombre, std::vector<std::string> columnas);
     void Fila(const std::vector<Valor>& valores);
-    /// A table with every row of an open recordset; returns how many there were.
-    std::size_t TablaDe(const std::string& nombre, Recordset& rs);
+    /// A listing with its rows.
+    void Anadir(const aplicacion::Tabla& tabla);
 
     void Escribir(std::ostream& salida, bool json) const;
 

@@ -6,7 +6,7 @@
 #include "component/clsDatosArt.h"
 #include "db/BibliotecaComun.h"
 #include "db/ConexionTrazada.h"
-#include "host/EmpresaTabla.h"
+#include "db/EmpresaTabla.h"
 #include "tests/com/Grabacion.h"
 #include "tests/comun/BaseDemo.h"
 
@@ -95,7 +95,7 @@ int main(int argc, char** argv) try {
     const Fecha hoy = Biblioteca().Hoy();
     const BaseDePrueba base(BaseDePrueba::Datos::Demostracion, hoy);
     const std::shared_ptr<Connection> real = base.Abrir();
-    const auto empresa = std::make_shared<host::EmpresaTabla>(*real, std::int16_t{1});
+    const auto empresa = EmpresaTabla::Leer(*real, std::int16_t{1});
     std::ofstream salida(argv[1]);
     for (int articulo = 99; articulo < 160; ++articulo)
         for (int cliente = 1; cliente <= 12; ++cliente) {

@@ -18,7 +18,8 @@ declare -A permitidas=(
     [component/com]="base db db/ado stock customers rules pricing component"
     [schema]="base db"
     [application]="base db db/sqlite db/odbc stock customers rules pricing component schema"
-    [host]="base db db/sqlite db/odbc stock customers rules pricing component schema application"
+    [host]="base db stock customers rules pricing component application"
+    [host/cli]="base db application host"
 )
 
 carpeta_de() {

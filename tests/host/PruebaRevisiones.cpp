@@ -3,14 +3,15 @@
 #include <CLI/CLI.hpp>
 #include <set>
 
-#include "host/Ordenes.h"
-#include "host/Revisiones.h"
+#include "application/Revisiones.h"
+#include "host/cli/Ordenes.h"
 #include "tests/comun/BaseDemo.h"
 #include "tests/comun/EmpresaFija.h"
 
 namespace kv::host {
 namespace {
 
+using aplicacion::Hallazgo;
 using prueba::BaseDePrueba;
 
 const Fecha kHoy = Fecha::DeAmd(2026, 3, 5);
@@ -143,13 +144,14 @@ class Revisiones : public testing::Test {
         conexion->CommitTrans();
     }
     std::vector<Hallazgo> Hallar() {
-        return Revisar(*conexion, empresa, [this](std::size_t, std::size_t cuantas) { todas = cuantas; });
+        return aplicacion::Revisar({conexion, empresa, kHoy},
+                                   [this](std::size_t, std::size_t cuantas) { todas = cuantas; });
     }
 
     prueba::BibliotecaDePrueba biblioteca{kHoy, ','};
     BaseDePrueba base{BaseDePrueba::Datos::Ninguno, kHoy};
     std::shared_ptr<ConexionSqlite> conexion = base.Abrir();
-    prueba::EmpresaFija empresa;
+    std::shared_ptr<prueba::EmpresaFija> empresa = std::make_shared<prueba::EmpresaFija>();
     std::size_t todas = 0;
 };
 
@@ -184,7 +186,7 @@ TEST_F(Revisiones, Huecos_EnCualquierNivel) {
 }
 
 TEST_F(Revisiones, Coste_ElQueLaEmpresaElige) {
-    empresa.costeUltimaCompra = true;
+    empresa->costeUltimaCompra = true;
     ASSERT_EQ(1U, Hallar().size());
     EXPECT_EQ("existencias sin coste", Hallar()[0].que);
 }

@@ -5,7 +5,7 @@
 
 #include "base/RuntimeError.h"
 #include "component/clsDatosArt.h"
-#include "host/EmpresaTabla.h"
+#include "db/EmpresaTabla.h"
 #include "tests/comun/BaseDemo.h"
 #include "tests/comun/EmpresaFija.h"
 
@@ -39,7 +39,7 @@ void CadaFila(std::string_view titulo, std::size_t columnas,
         ASSERT_EQ(columnas, fila.size());
         clsDatosArt articulo;
         articulo.Conexion(conexion);
-        articulo.cEmpresa(std::make_shared<host::EmpresaTabla>(*conexion, Corto(fila[1])));
+        articulo.cEmpresa(EmpresaTabla::Leer(*conexion, Corto(fila[1])));
         prueba(articulo, fila);
     }
     EXPECT_GT(filas, 5);

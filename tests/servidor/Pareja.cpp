@@ -5,7 +5,7 @@
 #include <set>
 
 #include "db/Nombres.h"
-#include "host/EmpresaTabla.h"
+#include "db/EmpresaTabla.h"
 #include "tests/servidor/ProtocoloTds.h"
 
 namespace kv::prueba {
@@ -49,7 +49,7 @@ Pareja::Pareja(std::shared_ptr<Connection> primera, std::shared_ptr<Connection> 
     : lados_{{{0, std::move(primera)}, {1, std::move(segunda)}}} {
     for (Lado& lado : lados_)
         for (const std::int16_t empresa : {std::int16_t{1}, std::int16_t{2}})
-            lado.empresas[empresa] = std::make_shared<host::EmpresaTabla>(*lado.conexion, empresa);
+            lado.empresas[empresa] = EmpresaTabla::Leer(*lado.conexion, empresa);
 }
 
 void Pareja::Probar(const std::string& nombre, Azar& azar, const Caso& caso) {

@@ -6,7 +6,7 @@
 
 #include "db/Nombres.h"
 #include "db/odbc/ConexionOdbc.h"
-#include "host/EmpresaTabla.h"
+#include "db/EmpresaTabla.h"
 #include "rules/NivelesFamilia.h"
 #include "schema/DemostracionServidor.h"
 #include "schema/Lotes.h"
@@ -112,10 +112,10 @@ TEST(BasePrestada, SoloSeVaciaLaVaciaOLaDeOtraVez) {
 
 // The component sells without a discount that fails; here the server's own words are wanted.
 void LlamarProcedimientos(ConexionOdbc& servidor) {
-    const host::EmpresaTabla empresa(servidor, 1);
+    const auto empresa = EmpresaTabla::Leer(servidor, 1);
     for (const char* nombre : {"KVP_DevDtoDescuentosFamilias", "KVP_DevDtoClientesGrupos"}) {
         const auto comando = servidor.CrearCommand();
-        PrepararDescuento(*comando, nombre, empresa, {1, 101, 1, 1, 1});
+        PrepararDescuento(*comando, nombre, *empresa, {1, 101, 1, 1, 1});
         if (comando->CommandText == "KVP_DevDtoClientesGrupos")
             comando->Parameters.Append("@Unidades", DataType::adCurrency, ParameterDirection::adParamInput, 0,
                                        Currency::DeEntero(1));

@@ -1,0 +1,42 @@
+#include "application/Carga.h"
+
+#include <string>
+
+#include "application/Comprobaciones.h"
+#include "application/Rechazo.h"
+
+namespace kv::aplicacion {
+namespace {
+
+// A load takes an unknown customer for one without terms, and an unknown warehouse for an empty one; a person who
+// names one has made a mistake.
+void Comprobar(const Sesion& sesion, const PeticionCarga& peticion) {
+    ExigirCliente(sesion, peticion.cliente);
+    ExigirAlmacen(sesion, peticion.almacen);
+}
+
+}  // namespace
+
+RespuestaCarga Cargar(const Sesion& sesion, const PeticionCarga& peticion) {
+    Comprobar(sesion, peticion);
+    const Fecha fecha = peticion.fecha.value_or(sesion.Hoy());
+    auto articulo = std::make_unique<clsDatosArt>();
+    sesion.Inyectar(*articulo);
+    articulo->CualidadX = peticion.cualidadX;
+    articulo->CualidadY = peticion.cualidadY;
+    Explicacion explicacion({peticion.articulo, peticion.cliente, fecha, peticion.cualidadX});
+    if (peticion.explica) articulo->Observador(&explicacion);
+    const std::int16_t estado = articulo->Cargar(
+        peticion.articulo, peticion.cliente, fecha, peticion.tarifa.value_or(sesion.Emp().TarifaEmpresa()),
+        peticion.almacen, peticion.decimales.value_or(sesion.Emp().DecPrecios()), peticion.unidades);
+    articulo->Observador(nullptr);
+    if (estado == kArticuloNoExiste)
+        RechazarNegativa("articulo", "no existe el artículo " + std::to_string(peticion.articulo));
+    RespuestaCarga respuesta{estado, nullptr, peticion.padre, nullptr, peticion.explica, {}};
+    if (peticion.padre) respuesta.padre = articulo->padre();
+    if (peticion.explica) respuesta.explicacion = explicacion.Pasos(sesion);
+    respuesta.articulo = std::move(articulo);
+    return respuesta;
+}
+
+}  // namespace kv::aplicacion

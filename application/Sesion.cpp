@@ -1,0 +1,20 @@
+#include "application/Sesion.h"
+
+#include "application/Rechazo.h"
+#include "db/EmpresaTabla.h"
+
+namespace kv::aplicacion {
+
+bool Sesion::Hay(std::string_view sql) const {
+    std::unique_ptr<Recordset> rs;
+    AbrirLectura(rs, Cnx(), sql);
+    return !rs->Eof();
+}
+
+std::shared_ptr<kv::cEmpresa> LeerEmpresa(Connection& conexion, std::int16_t codigo) {
+    auto empresa = EmpresaTabla::Leer(conexion, codigo);
+    if (!empresa) RechazarImposible("empresa", "no existe la empresa " + std::to_string(codigo));
+    return empresa;
+}
+
+}  // namespace kv::aplicacion

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "application/Sesion.h"
+#include "base/Currency.h"
+#include "base/Fecha.h"
+
+namespace kv::aplicacion {
+
+/// The price of an article in one tariff, without a customer.
+struct PeticionPvp {
+    std::int32_t articulo = 0;
+    std::int16_t tarifa = 0;
+    /// The session's day when it is left out.
+    std::optional<Fecha> fecha;
+    /// Variant, 0 for none.
+    std::uint8_t cualidadX = 0;
+    /// On a future day, go by the scheduled changes even in a company that has them off.
+    bool forzar = false;
+};
+
+struct RespuestaPvp {
+    std::int32_t articulo;
+    std::uint8_t cualidadX;
+    Fecha fecha;
+    Currency pvp;
+    std::int16_t tarifa;
+};
+
+/// Only reads. Rechazo, negative: the article has no price in that tariff.
+RespuestaPvp PrecioTarifa(const Sesion& sesion, const PeticionPvp& peticion);
+
+}  // namespace kv::aplicacion

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/Currency.h"
+#include "base/Fecha.h"
+#include "host/Lectura.h"
+#include "host/LecturaClaves.h"
+
+namespace kv::host {
+
+/// "cualidadX" is "--cualidad-x".
+std::string NombreOpcion(const std::string& campo);
+
+/// Whole numbers that an option takes, both inclusive.
+struct Rango {
+    std::int32_t minimo;
+    std::int32_t maximo;
+};
+
+// Codes begin at 1, qualities at 0.
+inline Rango RangoDe(std::int32_t) {
+    return {1, std::numeric_limits<std::int32_t>::max()};
+}
+inline Rango RangoDe(std::int16_t) {
+    return {1, std::numeric_limits<std::int16_t>::max()};
+}
+inline Rango RangoDe(std::uint8_t) {
+    return {0, std::numeric_limits<std::uint8_t>::max()};
+}
+
+// How the text of an option is read, by the type of the request's field.
+
+template <class Entero>
+void Leer(const std::string& campo, const std::string& texto, Entero& destino, Rango rango = RangoDe(Entero())) {
+    destino = static_cast<Entero>(LeerEntero(campo, texto, rango.minimo, rango.maximo));
+}
+inline void Leer(const std::string& campo, const std::string& texto, Currency& destino) {
+    destino = LeerImporte(campo, texto);
+}
+inline void Leer(const std::string& campo, const std::string& texto, Fecha& destino) {
+    destino = LeerFecha(campo, texto);
+}
+inline void Leer(const std::string&, const std::string& texto, std::string& destino) {
+    destino = texto;
+}
+inline void Leer(const std::string& campo, const std::string& texto, NivelesCadena& destino) {
+    destino = LeerNodo(campo, texto);
+}
+inline void Leer(const std::string& campo, const std::string& texto, aplicacion::ClaveDescuento& destino) {
+    destino = LeerClaveDescuento(campo, texto);
+}
+inline void Leer(const std::string& campo, const std::string& texto, aplicacion::TipoMovimiento& destino) {
+    destino = LeerTipoMovimiento(campo, texto);
+}
+template <class T, class... Resto>
+void Leer(const std::string& campo, const std::string& texto, std::optional<T>& destino, Resto... resto) {
+    Leer(campo, texto, destino.emplace(), resto...);
+}
+
+/// Adds the option of a field, read into `destino` while the command line is parsed. A text that cannot be read is a
+/// Rechazo of the field.
+template <class T, class... Resto>
+CLI::Option* Opcion(CLI::App& orden, const std::string& campo, T& destino, const char* tipo, const char* ayuda,
+                    Resto... resto) {
+    const auto leer = [campo, &destino, resto...](const std::string& texto) { Leer(campo, texto, destino, resto...); };
+    return orden.add_option_function<std::string>(NombreOpcion(campo), leer, ayuda)->type_name(tipo);
+}
+
+}  // namespace kv::host

@@ -1,0 +1,62 @@
+#include <unistd.h>
+
+#include <chrono>
+#include <iostream>
+
+#include "application/Rechazo.h"
+#include "application/Revisiones.h"
+#include "host/cli/Orden.h"
+#include "host/cli/Ordenes.h"
+
+namespace kv::host {
+namespace {
+
+/// A bar on the terminal, only when there is one and the check takes long.
+class Progreso {
+  public:
+    void Mostrar(std::size_t hechas, std::size_t todas) {
+        const auto pasado = std::chrono::steady_clock::now() - inicio_;
+        if (isatty(STDERR_FILENO) == 0 || pasado < std::chrono::milliseconds(700)) return;
+        const std::size_t lleno = hechas * 30 / todas;
+        std::cerr << "\r[" << std::string(lleno, '#') << std::string(30 - lleno, ' ') << "] " << hechas << '/' << todas
+                  << std::flush;
+        visible_ = true;
+    }
+    ~Progreso() {
+        if (visible_) std::cerr << '\r' << std::string(45, ' ') << '\r' << std::flush;
+    }
+    Progreso() = default;
+    Progreso(const Progreso&) = delete;
+    Progreso& operator=(const Progreso&) = delete;
+
+  private:
+    std::chrono::steady_clock::time_point inicio_ = std::chrono::steady_clock::now();
+    bool visible_ = false;
+};
+
+struct PeticionRevision {};
+
+void Ejecutar(Trabajo& trabajo, const PeticionRevision&) {
+    trabajo.respuesta.Tabla("hallazgos", {"que", "clave", "porque"});
+    std::vector<aplicacion::Hallazgo> hallazgos;
+    {
+        Progreso progreso;
+        hallazgos =
+            Revisar(trabajo.sesion, [&](std::size_t hechas, std::size_t todas) { progreso.Mostrar(hechas, todas); });
+    }
+    for (const auto& h : hallazgos) trabajo.respuesta.Fila({std::string(h.que), h.clave, std::string(h.porque)});
+    if (hallazgos.empty()) trabajo.respuesta.Linea("Sin hallazgos");
+    trabajo.Escribir();
+    if (!hallazgos.empty())
+        aplicacion::RechazarNegativa(
+            "", hallazgos.size() == 1 ? "1 hallazgo" : std::to_string(hallazgos.size()) + " hallazgos");
+}
+
+}  // namespace
+
+void AnadirRevisar(CLI::App& programa) {
+    Orden<PeticionRevision>(programa, "revisar", "Busca lo que hace raros los precios o las existencias; solo lee")
+        .Hace(aplicacion::Acceso::Leer, Ejecutar);
+}
+
+}  // namespace kv::host

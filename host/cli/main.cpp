@@ -1,0 +1,140 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "application/Rechazo.h"
+#include "base/RuntimeError.h"
+#include "host/Lectura.h"
+#include "host/cli/CodigosSalida.h"
+#include "host/cli/Opcion.h"
+#include "host/cli/Ordenes.h"
+
+namespace {
+
+constexpr const char* kPie =
+    "Fechas: dd/mm/aaaa o aaaa-mm-dd. Números: con punto o coma decimal.\n"
+    "Códigos de salida: 0 hecho; 1 respuesta negativa (no existe, sin precio, rechazado, hay hallazgos);\n"
+    "2 orden mal escrita; 3 fallo de la base de datos o de un fichero.";
+
+// What follows an equals sign may be the password of a connection string that was not quoted.
+std::string SinClave(const std::string& texto) {
+    return texto.substr(0, texto.find('='));
+}
+
+// The program's own command is missing or misspelt, or that of the family of commands that was named.
+std::string SinOrden(const CLI::App& programa) {
+    const CLI::App* familia = &programa;
+    while (!familia->get_subcommands().empty()) familia = familia->get_subcommands().back();
+    const std::vector<std::string> sobrantes = familia->remaining();
+    std::string texto = "falta la orden";
+    if (!sobrantes.empty() && sobrantes[0].starts_with('-'))
+        texto += " antes de «" + SinClave(sobrantes[0]) + "»";
+    else if (!sobrantes.empty())
+        texto = "orden desconocida: «" + SinClave(sobrantes[0]) + "»";
+    std::string separador = "; las de " + familia->get_name() + ": ";
+    for (const CLI::App* orden : familia->get_subcommands(nullptr)) {
+        texto += separador + orden->get_name();
+        separador = ", ";
+    }
+    return texto + " (--help las cuenta)";
+}
+
+std::string EnCastellano(const CLI::ParseError& error, const CLI::App& programa) {
+    const std::string texto = error.what();
+    if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
+        if (texto.find("subcommand") != std::string::npos) return SinOrden(programa);
+        return "falta " + texto.substr(0, texto.find(" is required"));
+    }
+    if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr)
+        return "argumento desconocido" + SinClave(texto).substr(std::min(texto.find(':'), texto.size()));
+    if (texto.find("At Most") != std::string::npos) return "repetido " + texto.substr(0, texto.find(':'));
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr)
+        return "falta el valor de " + texto.substr(0, texto.find(':'));
+    return "orden mal escrita: " + texto;
+}
+
+// One line, whatever a driver puts into its texts.
+int Fracaso(int codigo, std::string texto) {
+    std::replace_if(
+        texto.begin(), texto.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+    std::cerr << "kvdatosart: " << texto << '\n';
+    return codigo;
+}
+
+// {hasta} is "--hasta" here.
+std::string ConOpciones(std::string texto) {
+    for (auto abre = texto.find('{'); abre != std::string::npos; abre = texto.find('{')) {
+        const auto cierra = texto.find('}', abre);
+        texto.replace(abre, cierra - abre + 1, kv::host::NombreOpcion(texto.substr(abre + 1, cierra - abre - 1)));
+    }
+    return texto;
+}
+
+int Rechazada(const kv::aplicacion::Rechazo& rechazo) {
+    const std::string texto = ConOpciones(rechazo.what());
+    if (rechazo.clase == kv::aplicacion::Rechazo::Clase::Negativa) return Fracaso(kv::host::kNegativo, texto);
+    return Fracaso(kv::host::kUso,
+                   rechazo.campo.empty() ? texto : kv::host::NombreOpcion(rechazo.campo) + ": " + texto);
+}
+
+void Castellanizar(CLI::App& programa) {
+    const auto formato = std::make_shared<CLI::Formatter>();
+    formato->label("Usage", "Uso");
+    formato->label("OPTIONS", "OPCIONES");
+    formato->label("POSITIONALS", "ARGUMENTOS");
+    formato->label("SUBCOMMAND", "ORDEN");
+    formato->label("SUBCOMMANDS", "ÓRDENES");
+    formato->label("REQUIRED", "(obligatorio)");
+    formato->label("TEXT", "");
+    formato->column_width(34);
+    programa.formatter(formato);
+    programa.set_help_flag("-h,--help,--ayuda", "Muestra esta ayuda y termina");
+}
+
+// CLI11 heads its groups in English unless each option and command says otherwise.
+void Encabezar(CLI::App& orden) {
+    for (CLI::Option* opcion : orden.get_options()) opcion->group("Opciones");
+    for (CLI::App* hija : orden.get_subcommands(nullptr)) {
+        hija->group("Órdenes");
+        Encabezar(*hija);
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    CLI::App programa("KVDatosArt: precio, descuentos, existencias y coste de un artículo para una línea de venta.",
+                      "kvdatosart");
+    Castellanizar(programa);
+    programa.footer(kPie);
+    programa.require_subcommand(1);
+    kv::host::AnadirCrearDemo(programa);
+    kv::host::AnadirDevPvp(programa);
+    kv::host::AnadirCargar(programa);
+    kv::host::AnadirCliente(programa);
+    kv::host::AnadirPrecios(programa);
+    kv::host::AnadirDescuentos(programa);
+    kv::host::AnadirAcuerdos(programa);
+    kv::host::AnadirStock(programa);
+    kv::host::AnadirVentas(programa);
+    kv::host::AnadirRevisar(programa);
+    Encabezar(programa);
+    try {
+        kv::host::ExigirUtf8(argc, argv);
+        programa.parse(argc, argv);
+        return kv::host::kHecho;
+    } catch (const CLI::CallForHelp& ayuda) {
+        return programa.exit(ayuda, std::cout, std::cerr);
+    } catch (const CLI::ParseError& error) {
+        return Fracaso(kv::host::kUso, EnCastellano(error, programa));
+    } catch (const kv::aplicacion::Rechazo& rechazo) {
+        return Rechazada(rechazo);
+    } catch (const kv::RuntimeError& error) {
+        return Fracaso(kv::host::kBase,
+                       error.origen + ": error " + std::to_string(error.numero) + ": " + error.descripcion);
+    } catch (const std::exception& error) {
+        return Fracaso(kv::host::kBase, error.what());
+    }
+}
