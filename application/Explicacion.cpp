@@ -118,10 +118,18 @@ void Explicacion::Paso(const PasoPrecio& paso) {
     if (paso.fuente == FuentePrecio::NetoCadena && !paso.hallada) r.paso.resultado = "el cliente no tiene cadena";
 }
 
+Explicacion::Renglon& Explicacion::NuevoDescuento(FuenteDescuento fuente) {
+    return Nuevo(fuente == FuenteDescuento::Grupo ? "Descuento de grupo" : "Descuento de familia",
+                 "cliente " + std::to_string(asunto_.cliente));
+}
+
 void Explicacion::DescuentoLinea(FuenteDescuento fuente, Currency porcentaje) {
-    Renglon& r = Nuevo(fuente == FuenteDescuento::Grupo ? "Descuento de grupo" : "Descuento de familia",
-                       "cliente " + std::to_string(asunto_.cliente));
-    r.paso.resultado = porcentaje == Currency() ? "ninguno" : Texto(porcentaje) + " % para la línea, fuera del precio";
+    NuevoDescuento(fuente).paso.resultado =
+        porcentaje == Currency() ? "ninguno" : Texto(porcentaje) + " % para la línea, fuera del precio";
+}
+
+void Explicacion::DescuentoFallido(FuenteDescuento fuente, std::string_view procedimiento, std::string_view fallo) {
+    NuevoDescuento(fuente).paso.resultado = TextoSql("el procedimiento ", procedimiento, " ha fallado: ", fallo);
 }
 
 void Explicacion::NodoBase(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, Currency base) {

@@ -40,6 +40,7 @@ class Explicacion : public ObservadorCarga {
     void Tarifa(const TarifaProbada& tarifa) override;
     void Paso(const PasoPrecio& paso) override;
     void DescuentoLinea(FuenteDescuento fuente, Currency porcentaje) override;
+    void DescuentoFallido(FuenteDescuento fuente, std::string_view procedimiento, std::string_view fallo) override;
     void NodoBase(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, Currency base) override;
     void NodoDescuentos(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, int aplicables) override;
     void DescuentoCadena(const DescuentoAplicado& descuento) override;
@@ -62,6 +63,7 @@ class Explicacion : public ObservadorCarga {
     };
 
     Renglon& Nuevo(std::string fuente, std::string clave);
+    Renglon& NuevoDescuento(FuenteDescuento fuente);
     void NuevoNodo(const char* fuente, const NivelesCadena& nodo, const DiasAcuerdo* acuerdo,
                    const std::string& resultado);
     std::string Motivo(const Sesion& sesion, const Renglon& renglon) const;

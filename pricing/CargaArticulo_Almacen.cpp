@@ -21,6 +21,16 @@ void PonerArticulo(Descuentos& descuentos, const DatosArticulo& articulo, std::u
     descuentos.Nivel = nivel;
 }
 
+template <class Descuentos>
+void AvisarDescuento(ObservadorCarga* observador, FuenteDescuento fuente, const Descuentos& descuentos,
+                     Currency porcentaje) {
+    if (observador == nullptr) return;
+    if (descuentos.Fallo())
+        observador->DescuentoFallido(fuente, Descuentos::kProcedimiento, *descuentos.Fallo());
+    else
+        observador->DescuentoLinea(fuente, porcentaje);
+}
+
 }  // namespace
 
 Currency CargaArticulo::LeerAlmacen(DatosArticulo& objPadre, std::int16_t intCod_Almacen) {
@@ -111,7 +121,7 @@ Currency CargaArticulo::BuscarDescuento(const DatosArticulo& objPadre, Currency 
     Inyectar(grupos);
     PonerArticulo(grupos, objPadre, nivel);
     const Currency deGrupo = grupos.Dev_Descuento_Activo(cliente_->Codigo, curUnidades);
-    if (observador_ != nullptr) observador_->DescuentoLinea(FuenteDescuento::Grupo, deGrupo);
+    AvisarDescuento(observador_, FuenteDescuento::Grupo, grupos, deGrupo);
     if (deGrupo != Currency()) return deGrupo;
 
     clsCliente_DtosFamilias familias;
@@ -119,7 +129,7 @@ Currency CargaArticulo::BuscarDescuento(const DatosArticulo& objPadre, Currency 
     familias.Cliente = cliente_->Codigo;
     PonerArticulo(familias, objPadre, nivel);
     const Currency deFamilia = Currency::DeDouble(familias.Dev_Descuento_Activo());
-    if (observador_ != nullptr) observador_->DescuentoLinea(FuenteDescuento::Familia, deFamilia);
+    AvisarDescuento(observador_, FuenteDescuento::Familia, familias, deFamilia);
     return deFamilia;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "base/Currency.h"
 #include "rules/ObservadorCadena.h"
@@ -54,6 +55,9 @@ class ObservadorCarga : public ObservadorCadena {
     virtual void Paso(const PasoPrecio& paso) = 0;
     /// One discount look-up and the percentage that it gave, 0 when none.
     virtual void DescuentoLinea(FuenteDescuento fuente, Currency porcentaje) = 0;
+    /// One discount look-up whose procedure failed, told in place of the percentage: the load goes on as if there were
+    /// none. `fallo` is the failure's text.
+    virtual void DescuentoFallido(FuenteDescuento fuente, std::string_view procedimiento, std::string_view fallo) = 0;
 };
 
 }  // namespace kv

@@ -2,7 +2,6 @@
 
 #include <charconv>
 #include <limits>
-#include <string>
 
 #include "base/RuntimeError.h"
 #include "base/Valor.h"
@@ -93,6 +92,16 @@ void PrepararDescuento(Command& comando, const char* procedimiento, const cEmpre
     entrada("@EmpFamilia1", DataType::adBoolean, nivel1);
     entrada("@EmpFamilia2", DataType::adBoolean, nivel2);
     entrada("@EmpFamilia3", DataType::adBoolean, nivel3);
+}
+
+std::string TextoDelFallo() {
+    try {
+        throw;
+    } catch (const std::exception& fallo) {
+        return fallo.what();
+    } catch (...) {
+        return "sin descripción";
+    }
 }
 
 }  // namespace kv

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "db/Command.h"
@@ -42,5 +43,8 @@ struct PreguntaDescuento {
 /// levels come from the family captions that the company uses.
 void PrepararDescuento(Command& comando, const char* procedimiento, const cEmpresa& empresa,
                        const PreguntaDescuento& pregunta);
+
+/// To be called inside a handler: the text of the failure being handled.
+std::string TextoDelFallo();
 
 }  // namespace kv

@@ -136,15 +136,16 @@ void clsCliente_DtosFamilias::Calcula_Nivel(std::string_view strClave) {
 
 double clsCliente_DtosFamilias::Dev_Descuento_Activo() {
     double descuento = 0;
+    fallo_.reset();
     try {
         const auto comando = Cnx().CrearCommand();
-        PrepararDescuento(*comando, "KVP_DevDtoDescuentosFamilias", Emp(),
-                          {Cliente, Cod_Articulo, Familia_1, Familia_2, Familia_3});
+        PrepararDescuento(*comando, kProcedimiento, Emp(), {Cliente, Cod_Articulo, Familia_1, Familia_2, Familia_3});
         comando->Parameters.Append({"@Dto", DataType::adCurrency, ParameterDirection::adParamOutput, 0, Nulo{}});
         comando->Execute(CommandType::adOptionUnspecified);
         descuento = ADouble(comando->Parameters.Item("@Dto").Value);
     } catch (...) {
         // A sale is not stopped by a discount that cannot be found out.
+        fallo_ = TextoDelFallo();
     }
     return descuento;
 }

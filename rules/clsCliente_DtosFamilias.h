@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,9 @@ namespace kv {
 /// `NumNiveles` + 1 (error 6 past 32767) and a family's for any other level; a family row holds no article.
 class clsCliente_DtosFamilias : public Inyectado {
   public:
+    /// The database's procedure that decides which discount applies.
+    static constexpr const char* kProcedimiento = "KVP_DevDtoDescuentosFamilias";
+
     std::uint8_t Nivel = 0;
     std::int16_t Familia_1 = 0;
     std::int16_t Familia_2 = 0;
@@ -47,11 +51,15 @@ class clsCliente_DtosFamilias : public Inyectado {
     /// Discount that applies to the article for the customer, as the database decides it. Never fails: 0 when the
     /// database does.
     double Dev_Descuento_Activo();
+    /// What the last `Dev_Descuento_Activo` swallowed; nothing when the database answered.
+    const std::optional<std::string>& Fallo() const { return fallo_; }
 
   private:
     bool EsArticulo() const;
     std::string Cola() const;
     double Dev_Descuento_Filtro(std::string_view strFiltro);
+
+    std::optional<std::string> fallo_;
 };
 
 }  // namespace kv

@@ -179,10 +179,10 @@ void clsCliente_Grp_Dtos::Calcula_Nivel(std::string_view strClave) {
 
 Currency clsCliente_Grp_Dtos::Dev_Descuento_Activo(std::int32_t lngCliente, const Currency& curUnidades) {
     Currency descuento;
+    fallo_.reset();
     try {
         const auto comando = Cnx().CrearCommand();
-        PrepararDescuento(*comando, "KVP_DevDtoClientesGrupos", Emp(),
-                          {lngCliente, Cod_Articulo, Familia_1, Familia_2, Familia_3});
+        PrepararDescuento(*comando, kProcedimiento, Emp(), {lngCliente, Cod_Articulo, Familia_1, Familia_2, Familia_3});
         comando->Parameters.Append(
             {"@Unidades", DataType::adCurrency, ParameterDirection::adParamInput, 0, curUnidades});
         comando->Parameters.Append({"@Dto", DataType::adCurrency, ParameterDirection::adParamOutput, 0, Nulo{}});
@@ -190,6 +190,7 @@ Currency clsCliente_Grp_Dtos::Dev_Descuento_Activo(std::int32_t lngCliente, cons
         descuento = ACurrency(comando->Parameters.Item("@Dto").Value);
     } catch (...) {
         // A sale is not stopped by a discount that cannot be found out.
+        fallo_ = TextoDelFallo();
     }
     return descuento;
 }

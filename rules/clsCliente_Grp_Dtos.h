@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,9 @@ namespace kv {
 /// is written marks the group's header as changed.
 class clsCliente_Grp_Dtos : public Inyectado {
   public:
+    /// The database's procedure that decides which discount applies.
+    static constexpr const char* kProcedimiento = "KVP_DevDtoClientesGrupos";
+
     std::int16_t Cod_Grupo = 0;
     std::uint8_t Nivel = 0;
     std::int16_t Familia_1 = 0;
@@ -49,6 +53,8 @@ class clsCliente_Grp_Dtos : public Inyectado {
     /// Discount of the customer's group for the article and a quantity, as the database decides it. Never fails: 0
     /// when the database does.
     Currency Dev_Descuento_Activo(std::int32_t lngCliente, const Currency& curUnidades);
+    /// What the last `Dev_Descuento_Activo` swallowed; nothing when the database answered.
+    const std::optional<std::string>& Fallo() const { return fallo_; }
 
     /// True when a stored range of the same key overlaps `Unidades_Min` to `Unidades_Max` (ranges that touch do); then
     /// the arguments receive the bounds of the first one, else they stay. A stored range overlaps itself.
@@ -56,6 +62,8 @@ class clsCliente_Grp_Dtos : public Inyectado {
 
   private:
     bool EsArticulo() const;
+
+    std::optional<std::string> fallo_;
 };
 
 }  // namespace kv

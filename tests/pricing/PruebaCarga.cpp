@@ -22,6 +22,21 @@ std::string Puestas(const DatosArticulo& a) {
                    a.BloqueadoGral, a.MsjAlerta, a.MotivoBaja, a.BajoPedido, a.UnidadesDecimales, a.Peso);
 }
 
+// What a load tells of its discount look-ups.
+struct OyeDescuentos : ObservadorCarga {
+    std::string oido;
+    void Tarifa(const TarifaProbada&) override {}
+    void Paso(const PasoPrecio&) override {}
+    void DescuentoLinea(FuenteDescuento, Currency porcentaje) override { oido += porcentaje.ATexto('.').Cadena(); }
+    void DescuentoFallido(FuenteDescuento fuente, std::string_view procedimiento, std::string_view fallo) override {
+        oido += fuente == FuenteDescuento::Grupo ? "grupo " : "familia ";
+        oido += std::string(procedimiento) + ": " + std::string(fallo) + "; ";
+    }
+    void NodoBase(const NivelesCadena&, const DiasAcuerdo*, Currency) override {}
+    void NodoDescuentos(const NivelesCadena&, const DiasAcuerdo*, int) override {}
+    void DescuentoCadena(const DescuentoAplicado&) override {}
+};
+
 class Carga : public ConGuion<clsDatosArt> {
   protected:
     std::int16_t Cargar() { return objeto.Cargar(1042, 77, dia, 9, 6, 2, Currency::DeEntero(2)); }
@@ -53,6 +68,8 @@ class Carga : public ConGuion<clsDatosArt> {
 TEST_F(Carga, Entera_SentenciasEnOrden) {
     objeto.Convenio = "antes";
     objeto.BloqueadoVenta = true;
+    OyeDescuentos oyente;
+    objeto.Observador(&oyente);
     Maestro(0);
     Almacen();
     guion->EsperaConsulta(
@@ -75,6 +92,8 @@ TEST_F(Carga, Entera_SentenciasEnOrden) {
         guion->YFalla(2812, "no existe");
     }
     EXPECT_EQ(3, Cargar());
+    EXPECT_EQ("grupo KVP_DevDtoClientesGrupos: no existe; familia KVP_DevDtoDescuentosFamilias: no existe; ",
+              oyente.oido);
     EXPECT_EQ(Currency::DeDouble(19.995), objeto.PvpBase);
     EXPECT_EQ("", objeto.Convenio);
     EXPECT_EQ(Currency::DeDouble(7.5), objeto.Stock);

@@ -126,6 +126,7 @@ class Callado : public ObservadorCarga {
     void Tarifa(const TarifaProbada&) override {}
     void Paso(const PasoPrecio&) override {}
     void DescuentoLinea(FuenteDescuento, Currency) override {}
+    void DescuentoFallido(FuenteDescuento, std::string_view, std::string_view) override {}
     void NodoBase(const NivelesCadena&, const DiasAcuerdo*, Currency) override {}
     void NodoDescuentos(const NivelesCadena&, const DiasAcuerdo*, int) override { ++nodos; }
     void DescuentoCadena(const DescuentoAplicado&) override {}
