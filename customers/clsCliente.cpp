@@ -72,7 +72,7 @@ bool clsCliente::Cargar_Siguiente(clsCliente* objDestino) try {
     Relanzar("clsCliente::Cargar_Siguiente");
 }
 
-void clsCliente::Cargar_Telefonos() try {
+bool clsCliente::Cargar_Telefonos(clsCliente* objDestino) try {
     std::unique_ptr<Recordset> rs;
     AbrirLectura(rs, Cnx(), TextoSql(
         "SELECT Codigo, Numero FROM Clientes_Telefonos",
@@ -80,19 +80,29 @@ void clsCliente::Cargar_Telefonos() try {
         " AND Cod_Cliente =", SqlEntero(Codigo),
         " ORDER BY Codigo"));
     // clang-format on
-    numeroTelefonos_ = 0;
-    for (; !rs->Eof() && numeroTelefonos_ < telefonos_.size(); rs->MoveNext()) {
-        Asignar(telefonos_[numeroTelefonos_], rs->Fields("Numero").Value());
-        ++numeroTelefonos_;
-    }
+    clsCliente& destino = objDestino != nullptr ? *objDestino : *this;
+    const bool hallado = !rs->Eof();
+    if (hallado) destino.VaciarTelefonos();
+    for (; !rs->Eof() && destino.numeroTelefonos_ < destino.telefonos_.size(); rs->MoveNext())
+        destino.TomarTelefono(rs->Fields("Numero").Value());
     rs->Close();
-    const auto primero = [&](std::size_t i) { return i < numeroTelefonos_ ? telefonos_[i] : std::string(); };
-    TelefonoP = primero(0);
-    TelefonoS = primero(1);
-    TelefonoFP = primero(2);
-    TelefonoFS = primero(3);
+    return hallado;
 } catch (...) {
     Relanzar("clsCliente::Cargar_Telefonos");
+}
+
+void clsCliente::VaciarTelefonos() {
+    numeroTelefonos_ = 0;
+    for (std::string* primero : {&TelefonoP, &TelefonoS, &TelefonoFP, &TelefonoFS}) primero->clear();
+}
+
+// Each number goes to both places as it is read, so that they agree whatever fails later.
+void clsCliente::TomarTelefono(const Valor& numero) {
+    const std::array<std::string*, 4> primeros = {&TelefonoP, &TelefonoS, &TelefonoFP, &TelefonoFS};
+    std::string& telefono = telefonos_[numeroTelefonos_];
+    Asignar(telefono, numero);
+    if (numeroTelefonos_ < primeros.size()) *primeros[numeroTelefonos_] = telefono;
+    ++numeroTelefonos_;
 }
 
 const std::string& clsCliente::Numero(std::size_t indice) const {

@@ -143,9 +143,9 @@ class clsCliente : public Inyectado {
     std::string TelefonoFP;
     std::string TelefonoFS;
 
-    // The loaders below read a row into `objDestino`, or into this object when it is null, and tell whether there was
-    // one; without a row nothing changes. A NULL in a column that is no date is error 94 and leaves the columns before
-    // it loaded. They report failures with their own name as source.
+    // The six loaders, from `Cargar` to `Cargar_Telefonos`, read into `objDestino`, or into this object when it is
+    // null, and tell whether there was a row; without one nothing changes. A NULL in a column that is no date is error
+    // 94 and leaves what was read before it loaded. Failures carry the loader's own name as source.
 
     /// The customer in `Codigo`.
     bool Cargar(clsCliente* objDestino = nullptr);
@@ -156,9 +156,9 @@ class clsCliente : public Inyectado {
     bool Cargar_Anterior(clsCliente* objDestino = nullptr);
     bool Cargar_Siguiente(clsCliente* objDestino = nullptr);
 
-    /// Reads the customer's telephones, ten at most, and gives the first four to the properties above (empty where
-    /// there are fewer).
-    void Cargar_Telefonos();
+    /// The telephones of the customer in `Codigo`, ten at most; the first four go to the properties above, empty where
+    /// there are fewer.
+    bool Cargar_Telefonos(clsCliente* objDestino = nullptr);
     /// Number of telephones read, and the one at `indice` (0 to 9, error 9 outside what was read).
     std::size_t NumeroTelefonos() const { return numeroTelefonos_; }
     const std::string& Numero(std::size_t indice) const;
@@ -189,6 +189,8 @@ class clsCliente : public Inyectado {
 
   private:
     bool CargarDe(std::string_view sql, clsCliente* objDestino);
+    void VaciarTelefonos();
+    void TomarTelefono(const Valor& numero);
     bool TieneDependencias();
     void EliminarFilas();
 

@@ -5,12 +5,13 @@
 namespace kv {
 namespace {
 
-// The first row's column `campo` of a query that always returns one row.
-template <class Convertir>
-auto LeerUno(Connection& conexion, std::string_view sql, std::string_view campo, Convertir convertir) {
+// The first row's column `campo`; 0 without a row.
+template <class Numero>
+Numero LeerUno(Connection& conexion, std::string_view sql, std::string_view campo, Numero (*convertir)(const Valor&)) {
     std::unique_ptr<Recordset> rs;
     AbrirLectura(rs, conexion, sql);
-    const auto valor = convertir(rs->Fields(campo).Value());
+    Numero valor{};
+    if (!rs->Eof()) valor = convertir(rs->Fields(campo).Value());
     rs->Close();
     return valor;
 }

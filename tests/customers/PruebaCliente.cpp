@@ -107,21 +107,34 @@ TEST_F(Cliente, Recorrido_PorCodigoYPorNombre) {
     }
 }
 
-TEST_F(Cliente, Telefonos_DiezComoMucho) {
-    std::vector<ConexionGuion::Fila> filas;
-    for (int i = 0; i < 12; ++i) filas.push_back({"n" + std::to_string(i)});
-    constexpr const char* kSql =
-        "SELECT Codigo, Numero FROM Clientes_Telefonos WHERE Cod_Empresa =3 AND Cod_Cliente =77 ORDER BY Codigo";
-    guion->EsperaConsulta(kSql, {"Numero"}, filas);
-    Hacer(objeto, "clsCliente::Cargar_Telefonos", [&] { objeto.Cargar_Telefonos(); });
+TEST_F(Cliente, Telefonos_DiezComoMuchoYLosCuatroPrimerosAparte) {
+    clsCliente otro;
+    const auto cargar = [&](std::vector<Valor> numeros, clsCliente* destino) {
+        std::vector<ConexionGuion::Fila> filas;
+        for (Valor& numero : numeros) filas.push_back({std::move(numero)});
+        guion->EsperaConsulta(
+            "SELECT Codigo, Numero FROM Clientes_Telefonos WHERE Cod_Empresa =3 AND Cod_Cliente =77 ORDER BY Codigo",
+            {"Numero"}, filas);
+        return objeto.Cargar_Telefonos(destino);
+    };
+    const auto aparte = [](const clsCliente& c) {
+        return c.TelefonoP + '.' + c.TelefonoS + '.' + c.TelefonoFP + '.' + c.TelefonoFS;
+    };
+    std::vector<Valor> doce;
+    for (int i = 0; i < 12; ++i) doce.emplace_back("n" + std::to_string(i));
+    EXPECT_TRUE(cargar(doce, nullptr));
     EXPECT_EQ(10U, objeto.NumeroTelefonos());
     EXPECT_EQ("n9", objeto.Numero(9));
-    EXPECT_EQ("n0 n1 n2 n3",
-              objeto.TelefonoP + ' ' + objeto.TelefonoS + ' ' + objeto.TelefonoFP + ' ' + objeto.TelefonoFS);
-    filas.resize(1);
-    guion->EsperaConsulta(kSql, {"Numero"}, filas);
-    objeto.Cargar_Telefonos();
-    EXPECT_EQ("", objeto.TelefonoS);
+    EXPECT_EQ("n0.n1.n2.n3", aparte(objeto));
+    EXPECT_TRUE(cargar({"a", "b", "c"}, &otro));
+    EXPECT_EQ("a.b.c.", aparte(otro));
+    EXPECT_FALSE(cargar({}, &otro));
+    EXPECT_EQ("a.b.c.", aparte(otro)) << "sin filas no cambia nada";
+    EXPECT_EQ(3U, otro.NumeroTelefonos());
+    EXPECT_EQ("n0.n1.n2.n3", aparte(objeto)) << "lo leído para otro no es suyo";
+    EsperarError(kErrNulo, "clsCliente::Cargar_Telefonos", [&] { cargar({"d", Nulo{}}, nullptr); });
+    EXPECT_EQ("d...", aparte(objeto));
+    EXPECT_EQ(1U, objeto.NumeroTelefonos());
     EsperarError(kErrSubindice, "", [&] { (void)objeto.Numero(1); });
     guion->EsperaEjecucion(
         "INSERT INTO Clientes_Telefonos (Cod_Empresa, Cod_Cliente, Codigo, Numero) VALUES (3, 77, 2, '600 1')");
@@ -197,6 +210,30 @@ TEST_F(Cliente, Eliminar_FalloEnCadaPaso) {
     guion->EsperaBeginTrans();
     guion->YFalla(3, "no");
     EsperarError(3, "", [&] { objeto.Eliminar(true); });
+}
+
+// A database may answer without a row where one always comes: the value counts as 0.
+TEST_F(Cliente, ConsultasSinFila_CuentanCero) {
+    const struct {
+        const char* sql;
+        double (*preguntar)(clsCliente&);
+        double resultado;
+    } kCasos[] = {
+        {"SELECT ISNULL(MAX(Codigo), 0) AS Codigo FROM Clientes WHERE Cod_Empresa =3 AND Codigo >= 1000",
+         [](clsCliente& c) -> double { return c.Dev_Codigo_Nuevo(1000); }, 1},
+        {" SELECT COUNT(*) AS Cant FROM Clientes_Notas WHERE Cod_Empresa =3 AND Pendiente = 1"
+         " AND Vencimiento <= '05/03/2026'",
+         [](clsCliente& c) -> double { return c.Verif_Notas(); }, 0},
+        {"SELECT ISNULL(SUM(Total), 0) AS Total FROM Albaranes_F WHERE Cod_Empresa =1 AND Cliente =77"
+         " AND Factura_Codigo = 0",
+         [](clsCliente& c) { return c.Dev_SaldoAlbaranes().ADouble(); }, 0},
+        {"SELECT ISNULL(SUM(Puntos),0) AS Puntos FROM Clientes_Puntos WHERE Cod_Empresa=1 AND Cod_Cliente=77",
+         [](clsCliente& c) { return c.Dev_SaldoPuntos().ADouble(); }, 0},
+    };
+    for (const auto& caso : kCasos) {
+        guion->EsperaConsulta(caso.sql);
+        EXPECT_EQ(caso.resultado, caso.preguntar(objeto)) << caso.sql;
+    }
 }
 
 // A customer of the demonstration, whole, under another code and then changed.
