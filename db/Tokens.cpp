@@ -68,6 +68,30 @@ bool EsComienzo(const Token& token, const Token& anterior) {
     });
 }
 
+// End, past `cierre`, of what opens at `desde`; npos when it never closes. Doubled, it closes nothing.
+std::size_t FinDelimitado(std::string_view texto, std::size_t desde, char cierre) {
+    std::size_t pos = desde + 1;
+    for (;;) {
+        pos = texto.find(cierre, pos);
+        if (pos == std::string_view::npos) return pos;
+        if (pos + 1 >= texto.size() || texto[pos + 1] != cierre) return pos + 1;
+        pos += 2;
+    }
+}
+
+// End of the comment that opens at `desde`, with those inside it; the end of the text when it never closes.
+std::size_t FinComentario(std::string_view texto, std::size_t desde) {
+    int abiertos = 0;
+    for (std::size_t pos = desde; pos + 1 < texto.size(); ++pos) {
+        const std::string_view par = texto.substr(pos, 2);
+        if (par != "/*" && par != "*/") continue;
+        abiertos += par == "/*" ? 1 : -1;
+        ++pos;
+        if (abiertos == 0) return pos + 1;
+    }
+    return texto.size();
+}
+
 [[noreturn]] void RechazarSegunda(std::string_view texto) {
     throw RuntimeError(kErrVariasSentencias, "KVDatosArt",
                        "El texto contiene más de una sentencia y no se ejecuta: " + std::string(texto));
@@ -103,13 +127,7 @@ std::size_t FinNumero(std::string_view texto, std::size_t desde) {
 }
 
 std::size_t FinCadena(std::string_view texto, std::size_t desde) {
-    std::size_t pos = desde + 1;
-    for (;;) {
-        pos = texto.find('\'', pos);
-        if (pos == std::string_view::npos) return pos;
-        if (pos + 1 >= texto.size() || texto[pos + 1] != '\'') return pos + 1;
-        pos += 2;
-    }
+    return FinDelimitado(texto, desde, '\'');
 }
 
 void LectorTokens::SaltarBlancos() {
@@ -119,8 +137,7 @@ void LectorTokens::SaltarBlancos() {
         } else if (texto_[pos_] == '-' && texto_.compare(pos_, 2, "--") == 0) {
             pos_ = std::min(texto_.find('\n', pos_), texto_.size());
         } else if (texto_[pos_] == '/' && texto_.compare(pos_, 2, "/*") == 0) {
-            const auto cierre = texto_.find("*/", pos_ + 2);
-            pos_ = cierre == std::string_view::npos ? texto_.size() : cierre + 2;
+            pos_ = FinComentario(texto_, pos_);
         } else {
             return;
         }
@@ -132,26 +149,22 @@ std::size_t LectorTokens::FinNombre(std::size_t desde) const {
     return desde;
 }
 
-std::size_t LectorTokens::FinDelimitado(char cierre) const {
-    const auto fin = cierre == '\'' ? FinCadena(texto_, pos_) : texto_.find(cierre, pos_ + 1);
-    if (fin == std::string_view::npos)
-        throw RuntimeError(kErrTipo, "KVDatosArt", "Comilla sin cerrar en: " + std::string(texto_));
-    return cierre == '\'' ? fin : fin + 1;
+Token LectorTokens::Delimitado(Token::Tipo tipo, char cierre) {
+    const std::size_t inicio = pos_;
+    const std::size_t fin = FinDelimitado(texto_, inicio, cierre);
+    pos_ = std::min(fin, texto_.size());
+    return {fin == std::string_view::npos ? Token::Tipo::SinCerrar : tipo, texto_.substr(inicio, pos_ - inicio)};
 }
 
 Token LectorTokens::Siguiente() {
     SaltarBlancos();
     if (pos_ >= texto_.size()) return {};
     const char c = texto_[pos_];
+    if (c == '\'') return Delimitado(Token::Tipo::Cadena, '\'');
+    if (c == '[' || c == '"') return Delimitado(Token::Tipo::Nombre, c == '[' ? ']' : '"');
     const std::size_t inicio = pos_;
     Token::Tipo tipo = Token::Tipo::Simbolo;
-    if (c == '\'') {
-        tipo = Token::Tipo::Cadena;
-        pos_ = FinDelimitado('\'');
-    } else if (c == '[' || c == '"') {
-        tipo = Token::Tipo::Nombre;
-        pos_ = FinDelimitado(c == '[' ? ']' : '"');
-    } else if (EsDe(kDeNombre, c) && !EsCifra(c)) {
+    if (EsDe(kDeNombre, c) && !EsCifra(c)) {
         tipo = Token::Tipo::Nombre;
         pos_ = FinNombre(pos_);
     } else if (const std::size_t fin = FinNumero(texto_, pos_); fin != pos_) {

@@ -9,9 +9,10 @@ namespace kv {
 /// True for what a name that stands without delimiters is made of: letters, digits, _ @ # $ and all beyond ASCII.
 bool EsDeNombre(char c);
 
-/// One lexical piece of a statement. Names between brackets or double quotes are names.
+/// One lexical piece of a statement. Names between brackets or double quotes are names; what opens with a quote or a
+/// bracket and never closes is one piece to the end of the text.
 struct Token {
-    enum class Tipo : std::uint8_t { Fin, Nombre, Numero, Cadena, Simbolo };
+    enum class Tipo : std::uint8_t { Fin, Nombre, Numero, Cadena, Simbolo, SinCerrar };
     Tipo tipo = Tipo::Fin;
     /// As it stands in the text, quotes included.
     std::string_view texto;
@@ -21,7 +22,7 @@ struct Token {
     bool EsPalabra(std::string_view palabra) const;
 };
 
-/// Reads a statement piece by piece; blanks and comments are passed over. A literal that never closes is error 13.
+/// Reads a statement piece by piece as the server does; blanks and comments, one within another, are passed over.
 class LectorTokens {
   public:
     explicit LectorTokens(std::string_view texto) : texto_(texto) {}
@@ -34,7 +35,7 @@ class LectorTokens {
   private:
     void SaltarBlancos();
     std::size_t FinNombre(std::size_t desde) const;
-    std::size_t FinDelimitado(char cierre) const;
+    Token Delimitado(Token::Tipo tipo, char cierre);
 
     std::string_view texto_;
     std::size_t pos_ = 0;
@@ -47,8 +48,8 @@ std::size_t FinNumero(std::string_view texto, std::size_t desde);
 /// quote belongs to the literal.
 std::size_t FinCadena(std::string_view texto, std::size_t desde);
 
-/// Raises a database error (number kErrVariasSentencias) when the text holds more
-/// than one statement, whether or not a semicolon parts them.
+/// Raises a database error (number kErrVariasSentencias) when the text holds more than one statement, whether or not a
+/// semicolon parts them. A text that never closes what it opens passes: the database refuses it in its own words.
 void ExigirUnaSentencia(std::string_view texto);
 
 /// Number of the error of a text that holds a second statement.

@@ -16,7 +16,6 @@ struct Literal {
 
 /// The literals of `texto` that stand directly after a comparison, in a VALUES list or in a SET list, in order.
 /// Literals of a select list, of ORDER BY, of TOP and of function arguments belong to the text and are left out.
-/// Error 13 when a literal never closes.
 void BuscarLiterales(std::string_view texto, std::vector<Literal>& literales);
 
 /// A statement's text without those literals: what stays the same from call to call.

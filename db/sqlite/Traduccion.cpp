@@ -76,15 +76,23 @@ class Traductor {
         copiado_ += trozo.size();
     }
 
+    // A TOP without a number behind it is left to the database to refuse.
     void TomarLimite(Token& token) {
+        LectorTokens adelante = lector_;
+        Token fin = adelante.Siguiente();
+        const bool conParentesis = fin.Es('(');
+        if (conParentesis) fin = adelante.Siguiente();
+        const Token cuantos = fin;
+        if (conParentesis) fin = adelante.Siguiente();
+        if (cuantos.tipo != Token::Tipo::Numero || (conParentesis && !fin.Es(')'))) {
+            CopiarHasta(Fin(token));
+            return;
+        }
         CopiarHasta(token.texto.data());
-        Token cuantos = lector_.Siguiente();
-        const bool conParentesis = cuantos.Es('(');
-        if (conParentesis) cuantos = lector_.Siguiente();
         limites_.push_back({profundidad_, std::string(cuantos.texto)});
-        if (conParentesis) cuantos = lector_.Siguiente();
-        copiado_ = static_cast<std::size_t>(Fin(cuantos) - texto_.data());
-        token = cuantos;
+        copiado_ = static_cast<std::size_t>(Fin(fin) - texto_.data());
+        lector_ = adelante;
+        token = fin;
     }
 
     void CerrarLimite() {

@@ -77,7 +77,7 @@ TEST_F(AdaptadorAdo, TextoDeUnaOrden_EsUnNombreOUnaSentencia) {
         EXPECT_TRUE(pasa(nombre)) << nombre;
     }
     for (const char* otro :
-         {"", "KVP_Prueba 1", "KVP_Prueba;DELETE FROM t", "KVP_Prueba(1)", "[base nueva]..[un nombre]"})
+         {"", "KVP_Prueba 1", "KVP_Prueba;DELETE FROM t", "KVP_Prueba(1)", "[base nueva]..[un nombre]", "[KVP_Prueba"})
         EXPECT_FALSE(pasa(otro)) << otro;
     for (const auto tipo : {CommandType::adCmdText, CommandType::adOptionUnspecified})
         EsperarError(kErrVariasSentencias, "", [&] { Orden("EXEC KVP_Prueba; DELETE FROM t", tipo)->Execute(tipo); });

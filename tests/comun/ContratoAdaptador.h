@@ -206,7 +206,8 @@ TEST_P(ContratoAdaptador, Transacciones) {
 
 TEST_P(ContratoAdaptador, SegundaSentencia_SeRechazaEntera) {
     for (const char* dos : {"DELETE FROM Contrato WHERE Codigo =1; DELETE FROM Contrato",
-                            "SELECT Codigo FROM Contrato WHERE Texto ='x' DELETE FROM Contrato WHERE Texto <>''"}) {
+                            "SELECT Codigo FROM Contrato WHERE Texto ='x' DELETE FROM Contrato WHERE Texto <>''",
+                            "DELETE FROM Contrato; SELECT Codigo FROM Contrato WHERE Texto ='x"}) {
         EsperarError(kErrVariasSentencias, "", [&] { conexion->Ejecutar(dos); });
         EsperarError(kErrVariasSentencias, "", [&] { Leer(dos); });
     }
@@ -215,10 +216,14 @@ TEST_P(ContratoAdaptador, SegundaSentencia_SeRechazaEntera) {
 
 TEST_P(ContratoAdaptador, ErroresDicenQueYConQueTexto) {
     for (const char* mala :
-         {"SELECT Nada FROM Contrato", "SELEC 1", "SELECT * FROM NoHay", "INSERT INTO Contrato (Codigo) VALUES (1)"}) {
+         {"SELECT Nada FROM Contrato", "SELEC 1", "SELECT * FROM NoHay", "INSERT INTO Contrato (Codigo) VALUES (1)",
+          "SELECT Codigo FROM Contrato WHERE Texto ='O'Brien'", "DELETE FROM Contrato WHERE Texto <>'x",
+          "DELETE FROM Contrato WHERE [Texto <>'x'", "DELETE FROM Contrato WHERE \"Texto <>'x'"}) {
         const std::string fallo = FalloDe([&] { conexion->Ejecutar(mala); });
         EXPECT_NE(std::string::npos, fallo.find(mala)) << fallo;
         EXPECT_FALSE(fallo.starts_with("0|")) << fallo;
+        EXPECT_EQ(std::string::npos, fallo.find("|KVDatosArt|")) << fallo;
+        EXPECT_THROW(Leer(mala), RuntimeError) << mala;
     }
     EXPECT_EQ(2, Contar());
 }

@@ -62,6 +62,9 @@ TEST(ConexionSqlite, CadaTextoSePreparaUnaVez_YSeOlvidanLosMasViejosSinPerderNad
     EXPECT_EQ(3U, conexion->Preparaciones());
     EXPECT_EQ(1, cuantas("Codigo =1 AND  Fecha >='05/03/2026'"));
     EXPECT_EQ(4U, conexion->Preparaciones());
+    for (const char* abierta : {"Texto ='O'Brien'", "Texto ='x", "[Texto ='x'", "\"Texto ='x'"})
+        EsperarError(1, "SQLite", [&] { cuantas(std::string("Codigo =1 AND ") + abierta); });
+    EXPECT_EQ(4U, conexion->Preparaciones()) << "lo que la base rechaza no se guarda";
     for (int i = 0; i < 500; ++i) ASSERT_EQ(1, cuantas("Codigo + " + std::to_string(i) + " =" + std::to_string(i + 1)));
     EXPECT_EQ(Valor(std::int64_t{3000000001}),
               LeerValor(*conexion, "SELECT Codigo + 3000000000 AS Suma FROM Contrato WHERE Codigo =1"));

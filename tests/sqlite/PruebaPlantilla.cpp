@@ -33,6 +33,9 @@ TEST(Traduccion, LevantaLosLiteralesQueCambianYSabeSuColumna) {
          "SELECT * FROM T WHERE A IN (SELECT  A FROM T WHERE B > ? ORDER BY A ASC LIMIT 1) AND C =?", "B=3 C=1 "},
         {"SELECT TOP 2 A FROM T WHERE A =(SELECT TOP 3 B FROM U)",
          "SELECT  A FROM T WHERE A =(SELECT  B FROM U LIMIT 3) LIMIT 2", ""},
+        {"SELECT TOP", "SELECT TOP", ""},
+        {"SELECT TOP (1' A FROM T", "SELECT TOP (1' A FROM T", ""},
+        {"SELECT A FROM T WHERE B =5 AND C ='O'Brien'", "SELECT A FROM T WHERE B =? AND C =?Brien'", "B=5 C='O' "},
     };
     for (const auto& caso : casos) {
         std::vector<Literal> literales;
