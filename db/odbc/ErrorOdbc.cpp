@@ -37,21 +37,54 @@ std::string Estado(const Registro& registro) {
     return estado;
 }
 
+// Every record of a handle: the first native number that is one, the text of all, and whether any tells of the link.
+struct Diagnostico {
+    std::int32_t numero = kErrOdbcSinNumero;
+    std::string texto;
+    bool deConexion = false;
+};
+
+Diagnostico LeerDiagnostico(SQLSMALLINT tipo, SQLHANDLE asidero) {
+    TextoAncho sitio(kSitio);
+    Registro registro;
+    Diagnostico leido;
+    for (SQLSMALLINT i = 1; LeerRegistro(tipo, asidero, i, sitio, registro); ++i) {
+        const std::string estado = Estado(registro);
+        if (leido.numero == kErrOdbcSinNumero && registro.numero != 0) leido.numero = registro.numero;
+        if (!leido.texto.empty()) leido.texto += "; ";
+        leido.texto += "[" + estado + "] (" + std::to_string(registro.numero) + ") " + registro.texto;
+        leido.deConexion = leido.deConexion || estado.starts_with("08");
+    }
+    return leido;
+}
+
+bool EstaMuerta(const Asidero& conexion) {
+    SQLUINTEGER muerta = SQL_CD_FALSE;
+    return SQL_SUCCEEDED(
+               SQLGetConnectAttrW(conexion.Get(), SQL_ATTR_CONNECTION_DEAD, &muerta, SQL_IS_UINTEGER, nullptr)) &&
+           muerta == SQL_CD_TRUE;
+}
+
+[[noreturn]] void Lanzar(Diagnostico leido, std::string_view sentencia) {
+    if (leido.texto.empty()) leido.texto = "El controlador ODBC no dice por qué ha fallado";
+    if (!sentencia.empty()) leido.texto += "; sentencia: " + std::string(sentencia);
+    throw RuntimeError(leido.numero, "ODBC", std::move(leido.texto));
+}
+
 }  // namespace
 
 void LanzarErrorOdbc(SQLSMALLINT tipo, SQLHANDLE asidero, std::string_view sentencia) {
-    TextoAncho sitio(kSitio);
-    Registro registro;
-    std::int32_t numero = 0;
-    std::string descripcion;
-    for (SQLSMALLINT i = 1; LeerRegistro(tipo, asidero, i, sitio, registro); ++i) {
-        if (numero == 0) numero = registro.numero;
-        if (!descripcion.empty()) descripcion += "; ";
-        descripcion += "[" + Estado(registro) + "] (" + std::to_string(registro.numero) + ") " + registro.texto;
-    }
-    if (descripcion.empty()) descripcion = "El controlador ODBC no dice por qué ha fallado";
-    if (!sentencia.empty()) descripcion += "; sentencia: " + std::string(sentencia);
-    throw RuntimeError(numero != 0 ? numero : kErrOdbcSinNumero, "ODBC", std::move(descripcion));
+    Lanzar(LeerDiagnostico(tipo, asidero), sentencia);
+}
+
+void ComprobarConfirmacion(SQLRETURN resultado, const Asidero& conexion) {
+    if (SQL_SUCCEEDED(resultado)) return;
+    // Read first: asking for anything else clears it.
+    Diagnostico leido = LeerDiagnostico(conexion.Tipo(), conexion.Get());
+    if (leido.deConexion || EstaMuerta(conexion))
+        leido.texto = "Se ha perdido la conexión y nada dice si la transacción quedó confirmada" +
+                      (leido.texto.empty() ? "" : ": " + leido.texto);
+    Lanzar(std::move(leido), {});
 }
 
 void ComprobarOdbc(SQLRETURN resultado, const Asidero& asidero, std::string_view sentencia) {

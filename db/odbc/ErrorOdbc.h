@@ -16,6 +16,9 @@ class Asidero;
 /// The same when `resultado` is a failure.
 void ComprobarOdbc(SQLRETURN resultado, const Asidero& asidero, std::string_view sentencia);
 
+/// The same when a commit failed. On a connection that has died nobody knows what became of it: the failure says so.
+void ComprobarConfirmacion(SQLRETURN resultado, const Asidero& conexion);
+
 /// The state of the first record, empty when there is none.
 std::string PrimerEstado(const Asidero& asidero);
 

@@ -125,7 +125,7 @@ void ConexionOdbc::Interior::Terminar(SQLSMALLINT como) {
     const SQLRETURN resultado = SQLEndTran(SQL_HANDLE_DBC, conexion_.Get(), como);
     // A transaction that could not be committed is still there to be rolled back; after a rollback there is none,
     // whatever it says: the server may have ended it before.
-    if (como == SQL_COMMIT) ComprobarOdbc(resultado, conexion_, {});
+    if (como == SQL_COMMIT) ComprobarConfirmacion(resultado, conexion_);
     enTransaccion_ = false;
     try {
         ComprobarOdbc(resultado, conexion_, {});

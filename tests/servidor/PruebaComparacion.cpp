@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
+#include <stdexcept>
 
+#include "db/ConexionTrazada.h"
 #include "db/Nombres.h"
 #include "db/odbc/ConexionOdbc.h"
 #include "db/EmpresaTabla.h"
@@ -199,6 +201,24 @@ TEST_F(FreeTds, SinElOrdenDeFechasNoHaySesion) {
     EXPECT_NO_THROW(ConexionOdbc(porDebajo.Cadena(controlador)));
     const ServidorTds ajeno(base.AbrirSinDisco(), Fechas::SiempreMesDia);
     EsperarError(kErrSesionInservible, "ODBC", [&] { ConexionOdbc(ajeno.Cadena(controlador)); });
+}
+
+// A server that goes away when it is asked to commit.
+struct SeCortaAlConfirmar : ConexionTrazada {
+    explicit SeCortaAlConfirmar(std::shared_ptr<Connection> interior)
+        : ConexionTrazada(std::move(interior), [](const OperacionTrazada&) {}) {}
+    void CommitTrans() override { throw std::runtime_error("cortada"); }
+};
+
+TEST_F(FreeTds, ConexionQueMuereAlConfirmar_NoSeSabeQueFueDeLaTransaccion) {
+    const ServidorTds servidor(std::make_shared<SeCortaAlConfirmar>(base.AbrirSinDisco()));
+    ConexionOdbc conexion(servidor.Cadena(controlador));
+    conexion.BeginTrans();
+    conexion.Ejecutar("DELETE FROM Presup");
+    const std::string fallo = FalloDe([&] { conexion.CommitTrans(); });
+    EXPECT_NE(std::string::npos,
+              fallo.find("|ODBC|Se ha perdido la conexión y nada dice si la transacción quedó confirmada"))
+        << fallo;
 }
 
 }  // namespace
