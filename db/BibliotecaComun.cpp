@@ -1,28 +1,15 @@
 #include "db/BibliotecaComun.h"
 
 #include <atomic>
-#include <ctime>
-#include <iostream>
-#include <locale>
 
 #include "base/RuntimeError.h"
+#include "db/Sistema.h"
 
 namespace kv {
 namespace {
 
-// The separator of the user's locale, read once without touching the process's own locale.
-char SeparadorDelSistema() {
-    try {
-        return std::use_facet<std::numpunct<char>>(std::locale("")).decimal_point() == ',' ? ',' : '.';
-    } catch (const std::runtime_error&) {
-        return '.';  // The environment names a locale that this system does not have.
-    }
-}
-
-std::atomic<char>& Separador() {
-    static std::atomic<char> separador = SeparadorDelSistema();
-    return separador;
-}
+// The one that the host set, 0 while it set none.
+std::atomic<char> separadorFijado{0};
 
 std::shared_ptr<BibliotecaComun>& Sustituta() {
     static std::shared_ptr<BibliotecaComun> sustituta;
@@ -50,22 +37,16 @@ Currency BibliotecaComun::Redondear(Currency valor, std::int16_t decimales) cons
 }
 
 Fecha BibliotecaComun::Hoy() const {
-    const std::time_t ahora = std::time(nullptr);
-    std::tm local{};
-#ifdef _WIN32
-    localtime_s(&local, &ahora);
-#else
-    localtime_r(&ahora, &local);
-#endif
-    return Fecha::DeAmd(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
+    return FechaDelSistema();
 }
 
 char BibliotecaComun::SeparadorDecimal() const {
-    return Separador();
+    const char fijado = separadorFijado.load(std::memory_order_relaxed);
+    return fijado != 0 ? fijado : SeparadorDelSistema();
 }
 
 void BibliotecaComun::MensajeCritico(std::string_view texto, std::string_view titulo) {
-    std::cerr << titulo << ' ' << texto << std::endl;
+    MostrarMensajeCritico(texto, titulo);
 }
 
 BibliotecaComun& Biblioteca() {
@@ -81,7 +62,7 @@ std::shared_ptr<BibliotecaComun> CambiarBiblioteca(std::shared_ptr<BibliotecaCom
 
 void FijarSeparadorDecimal(char separador) {
     if (separador != '.' && separador != ',') LanzarError(kErrLlamadaInvalida, "el separador decimal es . o ,");
-    Separador() = separador;
+    separadorFijado = separador;
 }
 
 }  // namespace kv

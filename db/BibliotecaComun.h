@@ -26,11 +26,11 @@ class BibliotecaComun {
     virtual std::string FormatoPantalla(Currency valor, std::int16_t decimales) const;
     /// Half away from zero; 4 decimals or more leave the value as it is. A negative count is error 5.
     virtual Currency Redondear(Currency valor, std::int16_t decimales) const;
-    /// The system's date.
+    /// The system's local date.
     virtual Fecha Hoy() const;
-    /// The user's decimal separator, as the operating system has it unless the host set another.
+    /// The user's decimal separator, as the operating system has it unless the host set one.
     virtual char SeparadorDecimal() const;
-    /// Shows a critical message and returns when it was read. By default it goes to standard error.
+    /// Shows a critical message and returns when it was read: a message box on Windows, standard error elsewhere.
     virtual void MensajeCritico(std::string_view texto, std::string_view titulo);
 };
 

@@ -28,6 +28,6 @@ probar_ado() {
         preparar_odbc
         export KV_ORIGEN=KVPrueba
     fi
-    probar '-Registrada.*:SinRegistrar.*'
+    probar '-Registrada.*:SinRegistrar.*:Sistema.*'
     unset KV_ORIGEN
 }

@@ -79,6 +79,16 @@ retirar() {
 # probar FILTER: a stage of the tests' program.
 probar() { vino 300 "$construido/tests/com/prueba_com.exe" --gtest_brief=1 --gtest_filter="$1"; }
 
+# sistema: what Windows gives a program without the DLL, in two zones between which it is never the same day. Windows
+# that nobody sees need no display.
+sistema() {
+    local zona
+    vino 60 reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null
+    for zona in Etc/GMT+12 Etc/GMT-14; do
+        TZ=$zona KV_HOY=$(TZ=$zona date +%d/%m/%Y) probar 'Sistema.*'
+    done
+}
+
 # guion HOST OPTION: the recorded loads priced from VBScript and JScript; 42 says that all of it ran, since a script host
 # ends with 0 after an error that nobody caught.
 guion() {
@@ -119,6 +129,8 @@ for bits in 64 32; do
     etapa "$bits bits: coste de una carga"
     medir
     retirar
+    etapa "$bits bits: fecha, separador y mensaje de Windows"
+    sistema
     etapa "$bits bits: claves del registro y uso sin registro"
     probar 'SinRegistrar.*'
     etapa "$bits bits: ADO"

@@ -1,9 +1,6 @@
 #include "component/com/Fabrica.h"
 
-#include <mutex>
-
 #include "component/com/AHresult.h"
-#include "component/com/BibliotecaWindows.h"
 #include "component/com/Modulo.h"
 #include "component/com/ObjetoDatosArt.h"
 
@@ -30,8 +27,6 @@ HRESULT Fabrica::CreateInstance(IUnknown* exterior, REFIID iid, void** objeto) t
     if (objeto == nullptr) return E_POINTER;
     *objeto = nullptr;
     if (exterior != nullptr) return CLASS_E_NOAGGREGATION;
-    static std::once_flag biblioteca;
-    std::call_once(biblioteca, [] { CambiarBiblioteca(std::make_shared<BibliotecaWindows>()); });
     auto* nuevo = new ObjetoDatosArt(std::make_shared<clsDatosArt>());
     const HRESULT hr = nuevo->QueryInterface(iid, objeto);
     nuevo->Release();

@@ -6,6 +6,7 @@
 
 #include "application/Rechazo.h"
 #include "base/RuntimeError.h"
+#include "db/BibliotecaConsola.h"
 #include "host/Lectura.h"
 #include "host/cli/CodigosSalida.h"
 #include "host/cli/Opcion.h"
@@ -105,6 +106,7 @@ void Encabezar(CLI::App& orden) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    kv::CambiarBiblioteca(std::make_shared<kv::BibliotecaConsola>());
     CLI::App programa("KVDatosArt: precio, descuentos, existencias y coste de un artículo para una línea de venta.",
                       "kvdatosart");
     Castellanizar(programa);
