@@ -109,10 +109,9 @@ HRESULT QuitarRegistro() {
     // Whichever of the two was not registered fails, and need not be removed.
     UnRegisterTypeLib(LIBID_KVDatosArt, 1, 0, LOCALE_NEUTRAL, kSistema);
     UnRegisterTypeLibForUser(LIBID_KVDatosArt, 1, 0, LOCALE_NEUTRAL, kSistema);
+    // A user without rights over the machine's registry removes his own, and is told that the machine's stays.
     const LSTATUS usuario = QuitarClaves(HKEY_CURRENT_USER);
-    LSTATUS maquina = QuitarClaves(HKEY_LOCAL_MACHINE);
-    // A user without rights over the machine's registry has only his own to remove.
-    if (maquina == ERROR_ACCESS_DENIED) maquina = ERROR_SUCCESS;
+    const LSTATUS maquina = QuitarClaves(HKEY_LOCAL_MACHINE);
     return HRESULT_FROM_WIN32(usuario != ERROR_SUCCESS ? usuario : maquina);
 }
 

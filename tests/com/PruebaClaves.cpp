@@ -1,4 +1,8 @@
+// clang-format off
 #include <gtest/gtest.h>
+#include <windows.h>
+#include <sddl.h>
+// clang-format on
 
 #include <cstdlib>
 
@@ -48,6 +52,26 @@ TEST(SinRegistrar, ClavesDeLaMaquinaConLasDeOtrosBits) {
     EXPECT_TRUE(Hay(HKEY_LOCAL_MACHINE, kPrograma)) << "el ProgID queda para la otra";
     RegDeleteKeyExW(HKEY_LOCAL_MACHINE, kClase.c_str(), KEY_WOW64_32KEY, 0);
     EXPECT_TRUE(QuitarRegistro() == S_OK && !Hay(HKEY_LOCAL_MACHINE, kPrograma)) << "sin la otra se va";
+}
+
+// Who may do what with a key of the machine, as the system writes it down.
+void Permitir(HKEY clave, const wchar_t* permisos) {
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    ASSERT_TRUE(ConvertStringSecurityDescriptorToSecurityDescriptorW(permisos, SDDL_REVISION_1, &descriptor, nullptr));
+    EXPECT_EQ(ERROR_SUCCESS, RegSetKeySecurity(clave, DACL_SECURITY_INFORMATION, descriptor));
+    LocalFree(descriptor);
+}
+
+TEST(SinRegistrar, LaDeLaMaquinaQueNoSePuedeQuitar_NoSeDaPorQuitada) {
+    EXPECT_EQ(S_OK, RegistrarEn(HKEY_LOCAL_MACHINE));
+    HKEY clase = nullptr;
+    RegOpenKeyExW(HKEY_LOCAL_MACHINE, kClase.c_str(), 0, KEY_READ | WRITE_DAC, &clase);
+    Permitir(clase, L"D:P(A;;KR;;;WD)");
+    EXPECT_EQ(HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED), QuitarRegistro());
+    EXPECT_TRUE(Hay(HKEY_LOCAL_MACHINE, kClase));
+    Permitir(clase, L"D:P(A;;KA;;;WD)");
+    RegCloseKey(clase);
+    EXPECT_TRUE(QuitarRegistro() == S_OK && !Hay(HKEY_LOCAL_MACHINE, kClase));
 }
 
 TEST(SinRegistrar, UsoPorElManifiesto) {
