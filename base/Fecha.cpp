@@ -26,15 +26,21 @@ constexpr double kCasiMedianoche = 1.0 - 0.0005 / 86400.0;
     LanzarError(kErrTipo, "«" + std::string(texto) + "» no es una fecha");
 }
 
-// Reads the digits before `separador` (or the end) and drops both; -1 when they are no number.
-int TomarNumero(std::string_view& resto, char separador, std::size_t masCifras) {
-    const auto fin = resto.find(separador);
-    const std::string_view cifras = resto.substr(0, fin);
-    resto = fin == std::string_view::npos ? std::string_view() : resto.substr(fin + 1);
+// The number that these digits make; -1 when they make none.
+int NumeroDe(std::string_view cifras, std::size_t masCifras) {
     int valor = -1;
     if (cifras.empty() || cifras.size() > masCifras || cifras.front() < '0' || cifras.front() > '9') return -1;
     const auto leido = std::from_chars(cifras.data(), cifras.data() + cifras.size(), valor);
     return leido.ptr == cifras.data() + cifras.size() ? valor : -1;
+}
+
+// Takes the number before the next separator and the separator off; -1 when there is no such number.
+int TomarNumero(std::string_view& resto, char separador, std::size_t masCifras) {
+    const auto fin = resto.find(separador);
+    if (fin == std::string_view::npos) return -1;
+    const int valor = NumeroDe(resto.substr(0, fin), masCifras);
+    resto.remove_prefix(fin + 1);
+    return valor;
 }
 
 // The number of `cuantas` digits at `desde`; -1 when they are not all digits.
@@ -67,8 +73,7 @@ Amd LeerSuelta(std::string_view resto) {
     const char separador = iso ? '-' : '/';
     const int primero = TomarNumero(resto, separador, iso ? 4 : 2);
     const int mes = TomarNumero(resto, separador, 2);
-    const int ultimo = TomarNumero(resto, separador, iso ? 2 : 4);
-    if (!resto.empty()) return {};
+    const int ultimo = NumeroDe(resto, iso ? 2 : 4);
     return iso ? Amd{primero, mes, ultimo} : Amd{ultimo, mes, primero};
 }
 

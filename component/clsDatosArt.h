@@ -19,10 +19,10 @@ class clsDatosArt : public DatosArticulo {
     /// The company, shared with the host. Error 91 as above.
     void cEmpresa(std::shared_ptr<kv::cEmpresa> empresa) { carga_.cEmpresa(std::move(empresa)); }
 
-    /// Tariff price of the article in `Codigo` (and `CualidadX`) on a date, 0 when `intTarifa` has none; then
-    /// `TarifaPVP` holds the tariff. A date after today is priced by the scheduled changes when
-    /// `blnForzarAnterior` says so or the company has them on. Error 91 when the tariff is 0 or gives no price, since
-    /// the next tariffs to try are those of a customer, whom only `Cargar` has.
+    /// Tariff price of the article in `Codigo` (and `CualidadX`) on a date; `TarifaPVP` then holds the tariff. A date
+    /// after today is priced by the scheduled changes when `blnForzarAnterior` says so or the company has them on.
+    /// Error 91 when `intTarifa` is 0 or less or has no price, since the next tariffs to try are those of a customer,
+    /// whom only `Cargar` has; behind a `Cargar` that failed he is still there, and 0 tells that no tariff has one.
     Currency DevPvp(std::int16_t intTarifa, Fecha dteFecha, bool blnForzarAnterior = false);
 
     /// Loads an article: 0 loaded, 1 no such article, 2 no stock, 3 locked in the warehouse (2 and 3 are loaded and

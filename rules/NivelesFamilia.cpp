@@ -51,7 +51,9 @@ double NumeroInicial(std::string_view texto) {
 
 void LeerClaveDescuento(std::string_view clave, std::int16_t numNiveles, const CamposClave& campos) {
     const std::size_t p = PosicionEnByte(clave.find('-'));
-    campos.Nivel = AByte(NumeroInicial(clave.substr(p)));
+    // The level ends at the next "-", which is no exponent's; one that stands first is its sign.
+    const std::string_view nivel = clave.substr(p);
+    campos.Nivel = AByte(NumeroInicial(nivel.substr(0, nivel.find('-', 1))));
     const std::string_view articulo = clave.substr(0, p == 0 ? 0 : p - 1);
     campos.Cod_Articulo = EsNivelArticulo(campos.Nivel, numNiveles) ? ALong(NumeroInicial(articulo)) : 0;
     std::string_view resto = clave;

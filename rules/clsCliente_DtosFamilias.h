@@ -25,9 +25,8 @@ class clsCliente_DtosFamilias : public Inyectado {
     std::int32_t Cod_Articulo = 0;
     /// Customer code.
     std::int32_t Cliente = 0;
-    /// Percent.
+    /// Value of the discount and its kind, both stored and returned only: no method looks at what they mean.
     double Descuento = 0;
-    /// Kind of discount, stored and returned only.
     std::uint8_t Tipo_Descuento = 0;
     /// Family levels that the company uses, 1 to 3.
     std::int16_t NumNiveles = 0;

@@ -26,7 +26,7 @@ class clsCliente_Grp_Dtos : public Inyectado {
     std::int16_t Familia_2 = 0;
     std::int16_t Familia_3 = 0;
     std::int32_t Cod_Articulo = 0;
-    /// Percent.
+    /// Value of the discount, stored and returned only: no method looks at its kind.
     double Descuento = 0;
     Currency Unidades_Min;
     Currency Unidades_Max;

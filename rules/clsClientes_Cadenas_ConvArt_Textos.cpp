@@ -12,8 +12,14 @@ std::string TextoDe(Currency valor, std::int16_t decimales) {
     return Biblioteca().Redondear(valor, decimales).ATexto(Biblioteca().SeparadorDecimal()).Cadena();
 }
 
-std::string ConDecimales(Currency valor, std::int16_t decimales) {
-    return Biblioteca().FormatoPantalla(Biblioteca().Redondear(valor, decimales), decimales);
+std::string Porcentaje(Currency valor) {
+    return " " + Biblioteca().FormatoPantalla(Biblioteca().Redondear(valor, 2), 2) + "%";
+}
+
+// The company is asked for its decimals afresh each time: to round, and to write what was rounded.
+std::string Importe(Currency valor, const cEmpresa& empresa, std::int16_t (cEmpresa::*decimales)() const) {
+    const Currency redondeado = Biblioteca().Redondear(valor, (empresa.*decimales)());
+    return " E" + Biblioteca().FormatoPantalla(redondeado, (empresa.*decimales)());
 }
 
 std::string Recortar(const std::string& texto) {
@@ -31,9 +37,9 @@ std::string clsClientes_Cadenas_ConvArt::Dev_CadenaConvenio_Total(Fecha dteFecha
     for (auto descuento = lista.rbegin(); descuento != lista.rend(); ++descuento) {
         if (texto.empty()) texto += kCabecera;
         if (descuento->Tipo == kDtoPorcentaje) {
-            texto += " " + ConDecimales(descuento->Importe, 2) + "%";
+            texto += Porcentaje(descuento->Importe);
         } else if (descuento->Tipo == kDtoImporte) {
-            texto += " E" + ConDecimales(descuento->Importe, Emp().DecPrecios());
+            texto += Importe(descuento->Importe, Emp(), &kv::cEmpresa::DecPrecios);
         } else if (descuento->Tipo == kDtoOferta) {
             texto += " M" + TextoDe(descuento->Importe, 0) + "," + TextoDe(descuento->Cantidad, 0);
         }
@@ -88,9 +94,9 @@ std::string clsClientes_Cadenas_ConvArt::Dev_CadenaConvenio_Nivel(Fecha dteFecha
             // written.
             primero = false;
             if (tipo == kDtoPorcentaje) {
-                texto += cabecera + " " + ConDecimales(importe, 2) + "%";
+                texto += cabecera + Porcentaje(importe);
             } else if (tipo == kDtoImporte) {
-                texto += cabecera + " E" + ConDecimales(importe, Emp().DecImportes());
+                texto += cabecera + Importe(importe, Emp(), &kv::cEmpresa::DecImportes);
             } else if (tipo == kDtoOferta) {
                 texto += cabecera + " M" + TextoDe(importe, 0) + "," +
                          TextoDe(ACurrency(rs->Fields(columnas.cantidad).Value()), 0);

@@ -224,6 +224,18 @@ TEST_F(Cadenas, TextoDelNodo_ConSusBlancosYSuRareza) {
     EXPECT_EQ("2,00%", texto());
 }
 
+// Says one decimal more each time.
+struct EmpresaQueCambia : EmpresaFija {
+    mutable std::int16_t decimales = 0;
+    std::int16_t DecPrecios() const override { return ++decimales; }
+};
+
+TEST_F(Cadenas, TextoTotal_PideLosDecimalesCadaVez) {
+    objeto.cEmpresa(std::make_shared<EmpresaQueCambia>());
+    Esperar({{false, {{1, 1.2345}}}});
+    EXPECT_EQ("PB: 100  DTOS: E1,20", objeto.Dev_CadenaConvenio_Total(dia));
+}
+
 // What is loaded is inserted; what is then set is updated.
 TEST_F(Cadenas, Mantenimiento_CadaNivelYCasillaEnSuSitio) {
     DiezNiveles();

@@ -219,7 +219,8 @@ TEST_F(Descuentos, CalculaNivel) {
                              {"7-4", 3, {4, 7, 0, 7, 4}},
                              {"", 3, {0, 0, 0, 0, 0}},
                              {"4", 3, {4, 0, 0, 0, 4}},
-                             {"11111-4-x-2y-3", 3, {4, 11111, 0, 2, 3}}}) {
+                             {"11111-4-x-2y-3", 3, {4, 11111, 0, 2, 3}},
+                             {"1042-4e-1-2-3", 3, {4, 1042, 1, 2, 3}}}) {
         const auto calcular = [&](auto& o) {
             o.NumNiveles = caso.niveles;
             o.Calcula_Nivel(caso.clave);
