@@ -1,7 +1,5 @@
 #include "bench/Reservas.h"
 
-#include <malloc.h>
-
 #include <atomic>
 #include <cstdlib>
 #include <new>
@@ -26,10 +24,4 @@ void operator delete(void* memoria, std::size_t) noexcept {
 
 std::uint64_t kv::bench::Reservas() {
     return reservas.load();
-}
-
-void kv::bench::EstabilizarMonton() {
-    mallopt(M_TRIM_THRESHOLD, 256 << 20);
-    mallopt(M_TOP_PAD, 64 << 20);
-    mallopt(M_MMAP_THRESHOLD, 64 << 20);
 }

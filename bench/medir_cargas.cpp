@@ -135,7 +135,6 @@ class Informe : public benchmark::ConsoleReporter {
 };
 
 int Principal(int argc, char** argv) {
-    EstabilizarMonton();
     const Material material;
     double operaciones = 0;
     for (const CargaGrabada& carga : material.grabadas) operaciones += static_cast<double>(carga.size());

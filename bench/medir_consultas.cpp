@@ -107,7 +107,6 @@ int Contar(const std::string& quien, const std::string& ruta, int veces) {
 }
 
 int Principal(int argc, char** argv) {
-    EstabilizarMonton();
     if (argc == 5 && std::string(argv[1]) == "--cuenta") return Contar(argv[2], argv[3], std::atoi(argv[4]));
     if (argc == 4 && std::string(argv[1]) == "--base") {
         CrearBaseGrande(argv[2], std::atoi(argv[3]));

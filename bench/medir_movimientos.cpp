@@ -154,7 +154,6 @@ class Informe : public benchmark::ConsoleReporter {
 };
 
 int Principal(int argc, char** argv) {
-    EstabilizarMonton();
     for (const char* ruta : {kRutaClase, kRutaPiso}) std::filesystem::remove(ruta);
     CrearBaseGrande(kRutaClase, kArticulos);
     const std::vector<CargaGrabada> grabados = Grabar();

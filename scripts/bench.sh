@@ -24,15 +24,19 @@ trap '"$raiz/scripts/postgres.sh" parar "$KV_POSTGRES"' EXIT
 taskset -c 0 "$raiz/scripts/postgres.sh" arrancar "$KV_POSTGRES"
 taskset -c 0 ../release/bench/kv_bench_odbc | tee odbc.txt
 
-echo "== Instrucciones por carga (callgrind), adaptador y piso"
+echo "== Instrucciones por carga (callgrind): el adaptador y la carga entera, cada uno con su piso"
 ../release/bench/kv_bench_consultas --base instrucciones.kv 1000
+# instrucciones TIMES PROGRAM ARGUMENT...
 instrucciones() {
-    valgrind --tool=callgrind --callgrind-out-file=/dev/null \
-        ../release/bench/kv_bench_consultas --cuenta "$1" instrucciones.kv "$2" 2>&1 | sed -n 's/.*refs: *//p' | tr -d ,
+    local veces=$1
+    shift
+    valgrind --tool=callgrind --callgrind-out-file=/dev/null "$@" "$veces" 2>&1 | sed -n 's/.*refs: *//p' | tr -d ,
 }
-declare -A por_carga
-for lector in adaptador piso; do
-    por_carga[$lector]=$((($(instrucciones "$lector" 3000) - $(instrucciones "$lector" 1000)) / 2000))
-    echo "$lector: ${por_carga[$lector]}"
-done
-awk -v a="${por_carga[adaptador]}" -v p="${por_carga[piso]}" 'BEGIN { printf "razón: %.2f\n", a / p }'
+# por_carga PROGRAM ARGUMENT...: without what the program does before.
+por_carga() { echo $((($(instrucciones 3000 "$@") - $(instrucciones 1000 "$@")) / 2000)); }
+consultas=(../release/bench/kv_bench_consultas --cuenta)
+cargas=(../release/bench/kv_bench_cargas --cuenta)
+comparar() { awk -v n="$1" -v a="$2" -v p="$3" 'BEGIN { printf "%s: %d, piso: %d, de más: %d, razón: %.2f\n", n, a, p, a - p, a / p }'; }
+comparar adaptador "$(por_carga "${consultas[@]}" adaptador instrucciones.kv)" \
+    "$(por_carga "${consultas[@]}" piso instrucciones.kv)"
+comparar cargar "$(por_carga "${cargas[@]}" cargar)" "$(por_carga "${cargas[@]}" piso)"
