@@ -31,4 +31,8 @@ void CrearDemo(const OrigenBase& origen, Fecha hoy) {
         servidor, [&](std::string_view lote) { servidor.EjecutarLote(lote); }, hoy);
 }
 
+bool ActualizarBase(const std::string& fichero) {
+    return ConexionSqlite::Actualizar(fichero, kIdentidad, EsquemaSqlite());
+}
+
 }  // namespace kv::aplicacion

@@ -23,4 +23,8 @@ std::shared_ptr<Connection> AbrirBase(const OrigenBase& origen, Acceso acceso);
 /// server; future prices count from `hoy`. The adapter's error when it cannot.
 void CrearDemo(const OrigenBase& origen, Fecha hoy);
 
+/// Brings a file of an older schema version up, whole or not at all; false when it is up to date already. The adapter's
+/// error, with nothing changed, when it cannot: it names what does not fit.
+bool ActualizarBase(const std::string& fichero);
+
 }  // namespace kv::aplicacion

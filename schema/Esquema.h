@@ -8,7 +8,7 @@ namespace kv {
 
 /// What marks an embedded database as ours ("KVDA") and the version of its tables.
 inline constexpr std::int32_t kAplicacionEsquema = 0x4B564441;
-inline constexpr std::int32_t kVersionEsquema = 1;
+inline constexpr std::int32_t kVersionEsquema = 2;
 
 /// Script of the embedded database: tables, indexes and stored procedures for an empty file.
 const std::string& EsquemaSqlite();

@@ -13,10 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void NoSirve(int numero, const std::string& ruta, const std::string& motivo) {
-    throw RuntimeError(numero, "SQLite", "«" + ruta + "» " + motivo);
-}
-
 void Borrar(const std::string& ruta) {
     std::error_code ignorado;
     for (const char* final_ : {"", "-wal", "-shm", "-journal"}) fs::remove(ruta + final_, ignorado);
@@ -29,24 +25,9 @@ ConexionSqlite::~ConexionSqlite() = default;
 
 std::shared_ptr<ConexionSqlite> ConexionSqlite::Abrir(const std::string& ruta, const IdentidadBase& identidad,
                                                       Modo modo) {
-    std::error_code error;
-    if (!fs::exists(ruta, error)) NoSirve(SQLITE_CANTOPEN, ruta, "no existe");
-    if (!fs::is_regular_file(ruta, error)) NoSirve(SQLITE_CANTOPEN, ruta, "no es un fichero");
-    const auto interior = std::make_shared<Interior>(ruta, SQLITE_OPEN_READWRITE);
-    std::int32_t aplicacion = 0;
-    try {
-        aplicacion = interior->Pragma("application_id");
-    } catch (const RuntimeError& fallo) {
-        // A read-only file in a folder that cannot be written, among others.
-        if (fallo.numero != SQLITE_NOTADB) NoSirve(fallo.numero, ruta, "no se puede leer: " + fallo.descripcion);
-        NoSirve(SQLITE_NOTADB, ruta, "no es una base de datos");
-    }
-    if (aplicacion != identidad.aplicacion) NoSirve(SQLITE_NOTADB, ruta, "no es una base de datos de KVDatosArt");
+    const auto interior = Interior::DeFichero(ruta, identidad.aplicacion);
     const std::int32_t version = interior->Pragma("user_version");
-    if (version != identidad.version)
-        NoSirve(SQLITE_SCHEMA, ruta,
-                "tiene la versión de esquema " + std::to_string(version) + " y hace falta la " +
-                    std::to_string(identidad.version));
+    if (version != identidad.version) OtraVersion(ruta, version, identidad.version);
     interior->Guion("PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL;");
     if (modo == Modo::SoloLectura) interior->SoloLeer();
     return std::shared_ptr<ConexionSqlite>(new ConexionSqlite(interior));
@@ -55,7 +36,7 @@ std::shared_ptr<ConexionSqlite> ConexionSqlite::Abrir(const std::string& ruta, c
 void ConexionSqlite::Crear(const std::string& ruta, const IdentidadBase& identidad, std::string_view guion,
                            const std::function<void(Connection&)>& llenar) {
     std::error_code error;
-    if (fs::exists(ruta, error)) NoSirve(SQLITE_CANTOPEN, ruta, "ya existe y no se toca");
+    if (fs::exists(ruta, error)) FicheroNoSirve(SQLITE_CANTOPEN, ruta, "ya existe y no se toca");
     const std::string provisional = ruta + ".creando";
     Borrar(provisional);
     try {

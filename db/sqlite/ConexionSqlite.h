@@ -29,13 +29,19 @@ class ConexionSqlite : public Connection {
     enum class Modo : std::uint8_t { SoloLectura, LecturaEscritura };
 
     /// Opens an existing file. A missing file, one that is no such database or one of another schema version is a
-    /// clear error that names the file; nothing is created or changed.
+    /// clear error that names the file, and the command that helps an older one; nothing is created or changed.
     static std::shared_ptr<ConexionSqlite> Abrir(const std::string& ruta, const IdentidadBase& identidad, Modo modo);
 
     /// Makes a new file with the tables of `guion`, lets `llenar` fill it, and gives it its name only when all went
     /// well: nothing remains of a failed attempt. Error when the file exists.
     static void Crear(const std::string& ruta, const IdentidadBase& identidad, std::string_view guion,
                       const std::function<void(Connection&)>& llenar);
+
+    /// Brings a file of an older schema version to the one of `identidad`, whose tables are those of `guion`: in one
+    /// transaction, so that the file is whole in its old version or in the new one whatever happens. False, and nothing
+    /// done, when it has that version already. Error that names the file when it is no such database, when it is newer,
+    /// and when a text or a column of it does not fit in the new tables: it says which, and nothing changes.
+    static bool Actualizar(const std::string& ruta, const IdentidadBase& identidad, const std::string& guion);
 
     ~ConexionSqlite() override;
 
@@ -53,6 +59,7 @@ class ConexionSqlite : public Connection {
     class Interior;
     class RecordsetSqlite;
     class CommandSqlite;
+    class Actualizacion;
 
     explicit ConexionSqlite(std::shared_ptr<Interior> interior);
 

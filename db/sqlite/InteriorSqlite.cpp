@@ -1,5 +1,7 @@
 #include "db/sqlite/InteriorSqlite.h"
 
+#include <filesystem>
+
 #include "base/RuntimeError.h"
 #include "db/sqlite/ErrorSqlite.h"
 
@@ -35,6 +37,25 @@ ConexionSqlite::Interior::Interior(const std::string& ruta, int opciones) {
     }
     sqlite3_busy_timeout(base_, kEsperaMs);
     cache_ = std::make_unique<CacheSentencias>(base_, kMaximoPlantillas);
+}
+
+std::shared_ptr<ConexionSqlite::Interior> ConexionSqlite::Interior::DeFichero(const std::string& ruta,
+                                                                              std::int32_t aplicacion) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    if (!fs::exists(ruta, error)) FicheroNoSirve(SQLITE_CANTOPEN, ruta, "no existe");
+    if (!fs::is_regular_file(ruta, error)) FicheroNoSirve(SQLITE_CANTOPEN, ruta, "no es un fichero");
+    const auto interior = std::make_shared<Interior>(ruta, SQLITE_OPEN_READWRITE);
+    std::int32_t suya = 0;
+    try {
+        suya = interior->Pragma("application_id");
+    } catch (const RuntimeError& fallo) {
+        // A read-only file in a folder that cannot be written, among others.
+        if (fallo.numero != SQLITE_NOTADB) FicheroNoSirve(fallo.numero, ruta, "no se puede leer: " + fallo.descripcion);
+        FicheroNoSirve(SQLITE_NOTADB, ruta, "no es una base de datos");
+    }
+    if (suya != aplicacion) FicheroNoSirve(SQLITE_NOTADB, ruta, "no es una base de datos de KVDatosArt");
+    return interior;
 }
 
 ConexionSqlite::Interior::~Interior() {

@@ -16,6 +16,8 @@ class ConexionSqlite::Interior {
   public:
     /// Opens with SQLite's flags and sets how it waits and writes. Raises SQLite's error with the file's name.
     Interior(const std::string& ruta, int opciones);
+    /// Opens an existing file that carries this application id, whatever its version. Error that names the file.
+    static std::shared_ptr<Interior> DeFichero(const std::string& ruta, std::int32_t aplicacion);
     ~Interior();
     Interior(const Interior&) = delete;
     Interior& operator=(const Interior&) = delete;

@@ -122,6 +122,7 @@ int main(int argc, char** argv) {
     kv::host::AnadirStock(programa);
     kv::host::AnadirVentas(programa);
     kv::host::AnadirRevisar(programa);
+    kv::host::AnadirActualizar(programa);
     Encabezar(programa);
     try {
         kv::host::ExigirUtf8(argc, argv);

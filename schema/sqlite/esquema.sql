@@ -5,7 +5,7 @@
 -- The companies and their settings.
 CREATE TABLE Empresas (
     Codigo smallint NOT NULL,
-    Nombre varchar(60) NOT NULL DEFAULT '',
+    Nombre varchar(60) NOT NULL DEFAULT '' CHECK (length(Nombre) <= 60),
     TarifasxFechas bit NOT NULL DEFAULT 0,
     Cod_EmpresaArticulos smallint NOT NULL DEFAULT 0,
     Cod_EmpresaClientes smallint NOT NULL DEFAULT 0,
@@ -16,9 +16,9 @@ CREATE TABLE Empresas (
     DecPrecios smallint NOT NULL DEFAULT 2,
     DecImportes smallint NOT NULL DEFAULT 2,
     DecCostes smallint NOT NULL DEFAULT 4,
-    CaptionFamilia1 varchar(30) NOT NULL DEFAULT '',
-    CaptionFamilia2 varchar(30) NOT NULL DEFAULT '',
-    CaptionFamilia3 varchar(30) NOT NULL DEFAULT '',
+    CaptionFamilia1 varchar(30) NOT NULL DEFAULT '' CHECK (length(CaptionFamilia1) <= 30),
+    CaptionFamilia2 varchar(30) NOT NULL DEFAULT '' CHECK (length(CaptionFamilia2) <= 30),
+    CaptionFamilia3 varchar(30) NOT NULL DEFAULT '' CHECK (length(CaptionFamilia3) <= 30),
     PRIMARY KEY (Codigo)
 ) WITHOUT ROWID;
 
@@ -26,7 +26,7 @@ CREATE TABLE Empresas (
 CREATE TABLE Empresas_Parametros (
     Cod_Empresa smallint NOT NULL,
     Numero smallint NOT NULL,
-    Valor varchar(50),
+    Valor varchar(50) CHECK (length(Valor) <= 50),
     PRIMARY KEY (Cod_Empresa, Numero)
 ) WITHOUT ROWID;
 
@@ -34,7 +34,7 @@ CREATE TABLE Empresas_Parametros (
 CREATE TABLE Articulos (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
-    Descripcion varchar(60) NOT NULL DEFAULT '',
+    Descripcion varchar(60) NOT NULL DEFAULT '' CHECK (length(Descripcion) <= 60),
     Familia_1 smallint NOT NULL DEFAULT 0,
     Familia_2 smallint NOT NULL DEFAULT 0,
     Familia_3 smallint NOT NULL DEFAULT 0,
@@ -45,10 +45,10 @@ CREATE TABLE Articulos (
     Control_NSeries bit NOT NULL DEFAULT 0,
     DStock bit NOT NULL DEFAULT 1,
     TipoImpuesto tinyint NOT NULL DEFAULT 1,
-    CtaVentas varchar(15) NOT NULL DEFAULT '',
-    CtaDVentas varchar(15) NOT NULL DEFAULT '',
+    CtaVentas varchar(15) NOT NULL DEFAULT '' CHECK (length(CtaVentas) <= 15),
+    CtaDVentas varchar(15) NOT NULL DEFAULT '' CHECK (length(CtaDVentas) <= 15),
     Bloqueado bit NOT NULL DEFAULT 0,
-    MsjAlerta varchar(200) NOT NULL DEFAULT '',
+    MsjAlerta varchar(200) NOT NULL DEFAULT '' CHECK (length(MsjAlerta) <= 200),
     Envase int NOT NULL DEFAULT 0,
     RAEE money NOT NULL DEFAULT 0,
     ECORAEE money NOT NULL DEFAULT 0,
@@ -76,7 +76,7 @@ CREATE INDEX IX_Articulos_Familias ON Articulos (Cod_Empresa, Familia_1, Familia
 CREATE TABLE Tarifas (
     Cod_Empresa smallint NOT NULL,
     Codigo smallint NOT NULL,
-    Descripcion varchar(40) NOT NULL DEFAULT '',
+    Descripcion varchar(40) NOT NULL DEFAULT '' CHECK (length(Descripcion) <= 40),
     PRIMARY KEY (Cod_Empresa, Codigo)
 ) WITHOUT ROWID;
 
@@ -130,7 +130,7 @@ CREATE TABLE Tarifas_Modificacion_C (
 CREATE TABLE Almacenes (
     Cod_Empresa smallint NOT NULL,
     Codigo smallint NOT NULL,
-    Nombre varchar(40) NOT NULL DEFAULT '',
+    Nombre varchar(40) NOT NULL DEFAULT '' CHECK (length(Nombre) <= 40),
     FUCompra date NOT NULL DEFAULT '1900-01-01',
     FUVenta date NOT NULL DEFAULT '1900-01-01',
     PRIMARY KEY (Cod_Empresa, Codigo)
@@ -141,7 +141,7 @@ CREATE TABLE Almacen_Articulos (
     Cod_Empresa smallint NOT NULL,
     Cod_Almacen smallint NOT NULL,
     Cod_Articulo int NOT NULL,
-    Ubicacion varchar(30) NOT NULL DEFAULT '',
+    Ubicacion varchar(30) NOT NULL DEFAULT '' CHECK (length(Ubicacion) <= 30),
     Stock_Actual float NOT NULL DEFAULT 0,
     Stock_Peso float NOT NULL DEFAULT 0,
     Stock_Minimo float NOT NULL DEFAULT 0,
@@ -149,7 +149,7 @@ CREATE TABLE Almacen_Articulos (
     Pend_Recibir float NOT NULL DEFAULT 0,
     Pend_Servir float NOT NULL DEFAULT 0,
     Stock_MiniCompra float NOT NULL DEFAULT 0,
-    Categoria varchar(10) NOT NULL DEFAULT '',
+    Categoria varchar(10) NOT NULL DEFAULT '' CHECK (length(Categoria) <= 10),
     Cobertura smallint NOT NULL DEFAULT 0,
     Plazo_Reposicion smallint NOT NULL DEFAULT 0,
     PU_Compra float NOT NULL DEFAULT 0,
@@ -199,11 +199,11 @@ CREATE TABLE Almacen_Articulos_Ubic (
     Cod_Empresa smallint NOT NULL,
     Cod_Almacen smallint NOT NULL,
     Cod_Articulo int NOT NULL,
-    Ubic1 varchar(10) NOT NULL COLLATE NOCASE,
-    Ubic2 varchar(10) NOT NULL COLLATE NOCASE,
-    Ubic3 varchar(10) NOT NULL COLLATE NOCASE,
-    Ubic4 varchar(10) NOT NULL COLLATE NOCASE,
-    Ubic5 varchar(10) NOT NULL COLLATE NOCASE,
+    Ubic1 varchar(10) NOT NULL COLLATE NOCASE CHECK (length(Ubic1) <= 10),
+    Ubic2 varchar(10) NOT NULL COLLATE NOCASE CHECK (length(Ubic2) <= 10),
+    Ubic3 varchar(10) NOT NULL COLLATE NOCASE CHECK (length(Ubic3) <= 10),
+    Ubic4 varchar(10) NOT NULL COLLATE NOCASE CHECK (length(Ubic4) <= 10),
+    Ubic5 varchar(10) NOT NULL COLLATE NOCASE CHECK (length(Ubic5) <= 10),
     Stock_Actual float NOT NULL DEFAULT 0,
     PRIMARY KEY (Cod_Empresa, Cod_Almacen, Cod_Articulo, Ubic1, Ubic2, Ubic3, Ubic4, Ubic5)
 ) WITHOUT ROWID;
@@ -212,28 +212,28 @@ CREATE TABLE Almacen_Articulos_Ubic (
 CREATE TABLE Clientes (
     Cod_Empresa smallint NOT NULL,
     Codigo int NOT NULL,
-    Nombre varchar(60) NOT NULL DEFAULT '' COLLATE NOCASE,
-    Nombre_Comercial varchar(60) NOT NULL DEFAULT '',
-    Direccion varchar(80) NOT NULL DEFAULT '',
-    Localidad varchar(50) NOT NULL DEFAULT '',
-    Provincia varchar(30) NOT NULL DEFAULT '',
-    Pais varchar(30) NOT NULL DEFAULT '',
-    EMail varchar(80) NOT NULL DEFAULT '',
-    Telefono varchar(20) NOT NULL DEFAULT '',
+    Nombre varchar(60) NOT NULL DEFAULT '' COLLATE NOCASE CHECK (length(Nombre) <= 60),
+    Nombre_Comercial varchar(60) NOT NULL DEFAULT '' CHECK (length(Nombre_Comercial) <= 60),
+    Direccion varchar(80) NOT NULL DEFAULT '' CHECK (length(Direccion) <= 80),
+    Localidad varchar(50) NOT NULL DEFAULT '' CHECK (length(Localidad) <= 50),
+    Provincia varchar(30) NOT NULL DEFAULT '' CHECK (length(Provincia) <= 30),
+    Pais varchar(30) NOT NULL DEFAULT '' CHECK (length(Pais) <= 30),
+    EMail varchar(80) NOT NULL DEFAULT '' CHECK (length(EMail) <= 80),
+    Telefono varchar(20) NOT NULL DEFAULT '' CHECK (length(Telefono) <= 20),
     MotivoBaja smallint NOT NULL DEFAULT 0,
-    F_Razon varchar(60) NOT NULL DEFAULT '',
-    F_Via varchar(10) NOT NULL DEFAULT '',
-    F_Direccion varchar(80) NOT NULL DEFAULT '',
-    F_Numero varchar(10) NOT NULL DEFAULT '',
-    F_Escalera varchar(5) NOT NULL DEFAULT '',
-    F_Piso varchar(5) NOT NULL DEFAULT '',
-    F_Puerta varchar(5) NOT NULL DEFAULT '',
-    F_Cp varchar(10) NOT NULL DEFAULT '',
-    F_Localidad varchar(50) NOT NULL DEFAULT '',
-    F_Provincia varchar(30) NOT NULL DEFAULT '',
-    F_Pais varchar(30) NOT NULL DEFAULT '',
-    F_eMail varchar(80) NOT NULL DEFAULT '',
-    F_Web varchar(80) NOT NULL DEFAULT '',
+    F_Razon varchar(60) NOT NULL DEFAULT '' CHECK (length(F_Razon) <= 60),
+    F_Via varchar(10) NOT NULL DEFAULT '' CHECK (length(F_Via) <= 10),
+    F_Direccion varchar(80) NOT NULL DEFAULT '' CHECK (length(F_Direccion) <= 80),
+    F_Numero varchar(10) NOT NULL DEFAULT '' CHECK (length(F_Numero) <= 10),
+    F_Escalera varchar(5) NOT NULL DEFAULT '' CHECK (length(F_Escalera) <= 5),
+    F_Piso varchar(5) NOT NULL DEFAULT '' CHECK (length(F_Piso) <= 5),
+    F_Puerta varchar(5) NOT NULL DEFAULT '' CHECK (length(F_Puerta) <= 5),
+    F_Cp varchar(10) NOT NULL DEFAULT '' CHECK (length(F_Cp) <= 10),
+    F_Localidad varchar(50) NOT NULL DEFAULT '' CHECK (length(F_Localidad) <= 50),
+    F_Provincia varchar(30) NOT NULL DEFAULT '' CHECK (length(F_Provincia) <= 30),
+    F_Pais varchar(30) NOT NULL DEFAULT '' CHECK (length(F_Pais) <= 30),
+    F_eMail varchar(80) NOT NULL DEFAULT '' CHECK (length(F_eMail) <= 80),
+    F_Web varchar(80) NOT NULL DEFAULT '' CHECK (length(F_Web) <= 80),
     IntraCom bit NOT NULL DEFAULT 0,
     Portes bit NOT NULL DEFAULT 0,
     Divisas smallint NOT NULL DEFAULT 0,
@@ -247,26 +247,26 @@ CREATE TABLE Clientes (
     Tarifa_Promoc smallint NOT NULL DEFAULT 0,
     Bloqueado bit NOT NULL DEFAULT 0,
     Fecha_Bloq date,
-    Motivo_Bloq varchar(100) NOT NULL DEFAULT '',
+    Motivo_Bloq varchar(100) NOT NULL DEFAULT '' CHECK (length(Motivo_Bloq) <= 100),
     Representante smallint NOT NULL DEFAULT 0,
     Vendedor smallint NOT NULL DEFAULT 0,
     Cobrador smallint NOT NULL DEFAULT 0,
     Fecha_Especial date,
-    Desc_Especial varchar(60) NOT NULL DEFAULT '',
+    Desc_Especial varchar(60) NOT NULL DEFAULT '' CHECK (length(Desc_Especial) <= 60),
     Contravale bit NOT NULL DEFAULT 0,
     Mtto bit NOT NULL DEFAULT 0,
     Copias_Fra tinyint NOT NULL DEFAULT 1,
-    Mensaje varchar(200) NOT NULL DEFAULT '',
+    Mensaje varchar(200) NOT NULL DEFAULT '' CHECK (length(Mensaje) <= 200),
     Tipo_Impresion tinyint NOT NULL DEFAULT 0,
     Tipo_Venta tinyint NOT NULL DEFAULT 0,
     Cod_Albaranes smallint NOT NULL DEFAULT 0,
     Periodo_Fact tinyint NOT NULL DEFAULT 0,
     Fact_Indep bit NOT NULL DEFAULT 0,
-    Cta_Cliente varchar(15) NOT NULL DEFAULT '',
-    Cta_Retenciones varchar(15) NOT NULL DEFAULT '',
-    Cta_Efectos varchar(15) NOT NULL DEFAULT '',
-    Cta_Ventas varchar(15) NOT NULL DEFAULT '',
-    Cta_DVentas varchar(15) NOT NULL DEFAULT '',
+    Cta_Cliente varchar(15) NOT NULL DEFAULT '' CHECK (length(Cta_Cliente) <= 15),
+    Cta_Retenciones varchar(15) NOT NULL DEFAULT '' CHECK (length(Cta_Retenciones) <= 15),
+    Cta_Efectos varchar(15) NOT NULL DEFAULT '' CHECK (length(Cta_Efectos) <= 15),
+    Cta_Ventas varchar(15) NOT NULL DEFAULT '' CHECK (length(Cta_Ventas) <= 15),
+    Cta_DVentas varchar(15) NOT NULL DEFAULT '' CHECK (length(Cta_DVentas) <= 15),
     Cod_FPago smallint NOT NULL DEFAULT 0,
     DiaPago_1 tinyint NOT NULL DEFAULT 0,
     DiaPago_2 tinyint NOT NULL DEFAULT 0,
@@ -284,23 +284,23 @@ CREATE TABLE Clientes (
     Dto_ProntoPago money NOT NULL DEFAULT 0,
     Retenciones money NOT NULL DEFAULT 0,
     Rec_Financiero money NOT NULL DEFAULT 0,
-    Cta_Bancaria varchar(24) NOT NULL DEFAULT '',
-    Cta_Remesas varchar(24) NOT NULL DEFAULT '',
+    Cta_Bancaria varchar(24) NOT NULL DEFAULT '' CHECK (length(Cta_Bancaria) <= 24),
+    Cta_Remesas varchar(24) NOT NULL DEFAULT '' CHECK (length(Cta_Remesas) <= 24),
     Credito money NOT NULL DEFAULT 0,
     Riesgo money NOT NULL DEFAULT 0,
-    Observ varchar(500) NOT NULL DEFAULT '',
-    MsgAlerta varchar(200) NOT NULL DEFAULT '',
-    Serie varchar(5) NOT NULL DEFAULT '',
+    Observ varchar(500) NOT NULL DEFAULT '' CHECK (length(Observ) <= 500),
+    MsgAlerta varchar(200) NOT NULL DEFAULT '' CHECK (length(MsgAlerta) <= 200),
+    Serie varchar(5) NOT NULL DEFAULT '' CHECK (length(Serie) <= 5),
     MaxPuntos int NOT NULL DEFAULT 0,
     FAlta date,
     FBaja date,
     FUVenta date,
     FUCobro date,
-    Alternativo1 varchar(50) NOT NULL DEFAULT '',
-    Alternativo2 varchar(50) NOT NULL DEFAULT '',
-    Alternativo3 varchar(50) NOT NULL DEFAULT '',
-    Alternativo4 varchar(50) NOT NULL DEFAULT '',
-    Alternativo5 varchar(50) NOT NULL DEFAULT '',
+    Alternativo1 varchar(50) NOT NULL DEFAULT '' CHECK (length(Alternativo1) <= 50),
+    Alternativo2 varchar(50) NOT NULL DEFAULT '' CHECK (length(Alternativo2) <= 50),
+    Alternativo3 varchar(50) NOT NULL DEFAULT '' CHECK (length(Alternativo3) <= 50),
+    Alternativo4 varchar(50) NOT NULL DEFAULT '' CHECK (length(Alternativo4) <= 50),
+    Alternativo5 varchar(50) NOT NULL DEFAULT '' CHECK (length(Alternativo5) <= 50),
     TipoCliente smallint NOT NULL DEFAULT 0,
     EnvioEDI bit NOT NULL DEFAULT 0,
     Cad_Nivel_1 smallint NOT NULL DEFAULT 0,
@@ -326,7 +326,7 @@ CREATE TABLE Clientes_Telefonos (
     Cod_Empresa smallint NOT NULL,
     Cod_Cliente int NOT NULL,
     Codigo tinyint NOT NULL,
-    Numero varchar(20) NOT NULL DEFAULT '',
+    Numero varchar(20) NOT NULL DEFAULT '' CHECK (length(Numero) <= 20),
     PRIMARY KEY (Cod_Empresa, Cod_Cliente, Codigo)
 ) WITHOUT ROWID;
 
@@ -335,7 +335,7 @@ CREATE TABLE Clientes_Contactos (
     Cod_Empresa smallint NOT NULL,
     Cod_Cliente int NOT NULL,
     Codigo smallint NOT NULL,
-    Nombre varchar(60) NOT NULL DEFAULT '',
+    Nombre varchar(60) NOT NULL DEFAULT '' CHECK (length(Nombre) <= 60),
     PRIMARY KEY (Cod_Empresa, Cod_Cliente, Codigo)
 ) WITHOUT ROWID;
 
@@ -344,7 +344,7 @@ CREATE TABLE Clientes_Instalaciones (
     Cod_Empresa smallint NOT NULL,
     Cod_Cliente int NOT NULL,
     Codigo smallint NOT NULL,
-    Nombre varchar(60) NOT NULL DEFAULT '',
+    Nombre varchar(60) NOT NULL DEFAULT '' CHECK (length(Nombre) <= 60),
     PRIMARY KEY (Cod_Empresa, Cod_Cliente, Codigo)
 ) WITHOUT ROWID;
 
@@ -353,7 +353,7 @@ CREATE TABLE Clientes_Empleados (
     Cod_Empresa smallint NOT NULL,
     Cod_Cliente int NOT NULL,
     Codigo smallint NOT NULL,
-    Nombre varchar(60) NOT NULL DEFAULT '',
+    Nombre varchar(60) NOT NULL DEFAULT '' CHECK (length(Nombre) <= 60),
     PRIMARY KEY (Cod_Empresa, Cod_Cliente, Codigo)
 ) WITHOUT ROWID;
 
@@ -362,7 +362,7 @@ CREATE TABLE Clientes_Notas (
     Cod_Empresa smallint NOT NULL,
     Cod_Cliente int NOT NULL,
     Codigo smallint NOT NULL,
-    Texto varchar(200) NOT NULL DEFAULT '',
+    Texto varchar(200) NOT NULL DEFAULT '' CHECK (length(Texto) <= 200),
     Pendiente bit NOT NULL DEFAULT 0,
     Vencimiento date NOT NULL DEFAULT '1900-01-01',
     PRIMARY KEY (Cod_Empresa, Cod_Cliente, Codigo)
@@ -383,7 +383,7 @@ CREATE TABLE Clientes_Puntos (
 CREATE TABLE Clientes_Grp_Descuentos (
     Cod_Empresa smallint NOT NULL,
     Codigo smallint NOT NULL,
-    Descripcion varchar(40) NOT NULL DEFAULT '',
+    Descripcion varchar(40) NOT NULL DEFAULT '' CHECK (length(Descripcion) <= 40),
     Act bit NOT NULL DEFAULT 0,
     PRIMARY KEY (Cod_Empresa, Codigo)
 ) WITHOUT ROWID;
@@ -676,8 +676,8 @@ CREATE TABLE Temp_FactExt (
 
 -- Stored procedures: one SELECT each, parameters by name, one column for each output parameter.
 CREATE TABLE Procedimientos (
-    Nombre varchar(60) NOT NULL COLLATE NOCASE,
-    Cuerpo varchar(4000) NOT NULL,
+    Nombre varchar(60) NOT NULL COLLATE NOCASE CHECK (length(Nombre) <= 60),
+    Cuerpo varchar(4000) NOT NULL CHECK (length(Cuerpo) <= 4000),
     PRIMARY KEY (Nombre)
 ) WITHOUT ROWID;
 

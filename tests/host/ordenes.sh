@@ -120,6 +120,15 @@ caso 0 'Existencias  -1' stock mover "${b[@]}" --articulo 115 --tipo venta --uni
 # A text that came into the file by another road and is not UTF-8 does not end --json.
 sed -i 's/Carpinter\xc3\xada/Carpinter\xed-a/' demo.kv
 caso 0 '"Carpinter�-a Encina"' cliente ver "${b[@]}" --codigo 5 --json
+# A file that says it is of the first version: the four bytes of its header where SQLite keeps that.
+cp demo.kv vieja.kv
+printf '\0\0\0\1' | dd of=vieja.kv bs=1 seek=60 conv=notrunc status=none
+caso 3 '«kvdatosart actualizar --base vieja.kv» la pone al día' revisar --base vieja.kv
+caso 0 'Actualizada la base «vieja.kv»' actualizar --base vieja.kv
+caso 0 'La base «vieja.kv» ya está al día' actualizar --base vieja.kv
+caso 0 'oferta 5 + 1 gratis' cargar --base vieja.kv --articulo 113 --cliente 11 --explica
+caso 3 '«nohay.kv» no existe' actualizar --base nohay.kv
+caso 2 'falta --base' actualizar
 
 echo "$((casos - fallos)) passed, $fallos failed"
 [ "$fallos" -eq 0 ]

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Compares the scripts of both databases: the production one, in the words of the embedded one, must say the same. A
-# name that is not repeated as it should be, of a table, an index, a column or a constraint, stays untranslated.
+# name that is not repeated as it should be, of a table, an index, a column or a constraint, stays untranslated. SQLite
+# takes a text of any length: there a column's width is a condition of its own.
 # Usage: esquemas.sh SOURCE_FOLDER
 set -euo pipefail
 
@@ -37,6 +38,7 @@ produccion() {
         s/CONVERT\(date, GETDATE\(\)\)/date('now', 'localtime')/g
         s/\b(\w+) (\S+) NOT NULL DF \1 DEFAULT (\(([^()]*)\)|)/\1 \2 NOT NULL DEFAULT \4/g
         s/^(CREATE TABLE (\w+) .*)CONSTRAINT PK_\2 PRIMARY KEY CLUSTERED /\1PRIMARY KEY /
+        s/\b(\w+) varchar\(([0-9]+)\)( NOT NULL)?( DEFAULT '')?,/\1 varchar(\2)\3\4 CHECK (length(\1) <= \2),/g
         s/^ALTER PROCEDURE (KVP_DevDtoDescuentosFamilias) $comunes, $cuerpo/$guardado/
         s/^ALTER PROCEDURE (KVP_DevDtoClientesGrupos) $comunes, @Unidades money, $cuerpo/$guardado/
         s/SET @Dto = COALESCE/SELECT COALESCE/

@@ -99,14 +99,18 @@ TEST(ConexionSqlite, FicherosQueNoSirven_DicenCualYPorQue) {
         const char* fichero;
         IdentidadBase identidad;
         int numero;
-        const char* motivo;
+        std::string motivo;
     } casos[] = {
         {"falta.kv", kIdentidad, 14, " no existe"},
         {".", kIdentidad, 14, " no es un fichero"},
         {"texto.kv", kIdentidad, 26, " no es una base de datos"},
         {"vacio.kv", kIdentidad, 26, " no es una base de datos de KVDatosArt"},
         {"base.kv", {kIdentidad.aplicacion + 1, 3}, 26, " no es una base de datos de KVDatosArt"},
-        {"base.kv", {kIdentidad.aplicacion, 4}, 17, " tiene la versión de esquema 3 y hace falta la 4"},
+        {"base.kv",
+         {kIdentidad.aplicacion, 4},
+         17,
+         " tiene la versión de esquema 3 y hace falta la 4; «kvdatosart actualizar --base " + base.ruta +
+             "» la pone al día"},
         {"base.kv", {kIdentidad.aplicacion, 2}, 17, " tiene la versión de esquema 3 y hace falta la 2"},
     };
     for (const auto& caso : casos) {

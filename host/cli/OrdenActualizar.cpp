@@ -1,0 +1,28 @@
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <memory>
+
+#include "application/Bases.h"
+#include "host/cli/Ordenes.h"
+
+namespace kv::host {
+namespace {
+
+void Actualizar(const std::string& fichero) {
+    if (aplicacion::ActualizarBase(fichero))
+        std::cout << "Actualizada la base «" << fichero << "»\n";
+    else
+        std::cout << "La base «" << fichero << "» ya está al día\n";
+}
+
+}  // namespace
+
+void AnadirActualizar(CLI::App& programa) {
+    CLI::App* orden = programa.add_subcommand(
+        "actualizar", "Pone al día las tablas de un fichero que hizo una versión anterior del programa");
+    const auto fichero = std::make_shared<std::string>();
+    orden->add_option("--base", *fichero, "Fichero de la base de datos")->required()->type_name("FICHERO");
+    orden->callback([fichero] { Actualizar(*fichero); });
+}
+
+}  // namespace kv::host
