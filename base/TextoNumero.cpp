@@ -85,19 +85,12 @@ TextoNumero TextoReal(double valor, int significativos, char separador) {
 
 }  // namespace
 
-void TextoNumero::AgregarEntero(std::int64_t valor) {
-    const auto r = std::to_chars(datos_.data() + largo_, datos_.data() + datos_.size(), valor);
-    largo_ = static_cast<std::size_t>(r.ptr - datos_.data());
+TextoNumero TextoDouble(double valor, char separador) {
+    return TextoReal(valor, kDigitosDouble, separador);
 }
 
-TextoNumero TextoDouble(double valor, char separador) { return TextoReal(valor, kDigitosDouble, separador); }
-
-TextoNumero TextoSingle(float valor, char separador) { return TextoReal(valor, kDigitosSingle, separador); }
-
-TextoNumero TextoEntero(std::int64_t valor) {
-    TextoNumero texto;
-    texto.AgregarEntero(valor);
-    return texto;
+TextoNumero TextoSingle(float valor, char separador) {
+    return TextoReal(valor, kDigitosSingle, separador);
 }
 
 }  // namespace kv

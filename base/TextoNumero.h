@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -21,7 +22,10 @@ class TextoNumero {
         largo_ += texto.size();
     }
     void Agregar(char caracter) { datos_[largo_++] = caracter; }
-    void AgregarEntero(std::int64_t valor);
+    void AgregarEntero(std::int64_t valor) {
+        largo_ = static_cast<std::size_t>(
+            std::to_chars(datos_.data() + largo_, datos_.data() + datos_.size(), valor).ptr - datos_.data());
+    }
 
     // NOLINTNEXTLINE(google-explicit-constructor): it is a text.
     operator std::string_view() const { return {datos_.data(), largo_}; }
@@ -42,6 +46,10 @@ TextoNumero TextoDouble(double valor, char separador);
 TextoNumero TextoSingle(float valor, char separador);
 
 /// Plain decimal text of a whole number.
-TextoNumero TextoEntero(std::int64_t valor);
+inline TextoNumero TextoEntero(std::int64_t valor) {
+    TextoNumero texto;
+    texto.AgregarEntero(valor);
+    return texto;
+}
 
 }  // namespace kv

@@ -140,7 +140,10 @@ float ASingle(const Valor& valor) {
 
 double ADouble(const Valor& valor) { return std::visit(ADoubleVisita{}, valor); }
 
-Currency ACurrency(const Valor& valor) { return std::visit(ACurrencyVisita{}, valor); }
+Currency ACurrency(const Valor& valor) {
+    if (const Currency* igual = std::get_if<Currency>(&valor)) return *igual;
+    return std::visit(ACurrencyVisita{}, valor);
+}
 
 std::string AString(const Valor& valor, char separador) {
     struct Visita {

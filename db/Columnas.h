@@ -24,33 +24,39 @@ struct Columna {
         destino;
 };
 
-inline void Asignar(std::int16_t& destino, const Valor& valor) {
+inline void Convertir(std::int16_t& destino, const Valor& valor) {
     destino = AInteger(valor);
 }
-inline void Asignar(std::int32_t& destino, const Valor& valor) {
+inline void Convertir(std::int32_t& destino, const Valor& valor) {
     destino = ALong(valor);
 }
-inline void Asignar(std::uint8_t& destino, const Valor& valor) {
+inline void Convertir(std::uint8_t& destino, const Valor& valor) {
     destino = AByte(valor);
 }
-inline void Asignar(bool& destino, const Valor& valor) {
+inline void Convertir(bool& destino, const Valor& valor) {
     destino = ABoolean(valor);
 }
-inline void Asignar(float& destino, const Valor& valor) {
+inline void Convertir(float& destino, const Valor& valor) {
     destino = ASingle(valor);
 }
-inline void Asignar(double& destino, const Valor& valor) {
+inline void Convertir(double& destino, const Valor& valor) {
     destino = ADouble(valor);
 }
-inline void Asignar(Currency& destino, const Valor& valor) {
+inline void Convertir(Currency& destino, const Valor& valor) {
     destino = ACurrency(valor);
 }
-/// Text keeps the room that it has, so that an object that is loaded again allocates nothing.
-inline void Asignar(std::string& destino, const Valor& valor) {
-    if (const std::string* texto = std::get_if<std::string>(&valor))
-        destino.assign(*texto);
+inline void Convertir(std::string& destino, const Valor& valor) {
+    destino = AString(valor, Biblioteca().SeparadorDecimal());
+}
+
+/// Most columns hold what is wanted and need no conversion. Text keeps the room that it has, so that an object that is
+/// loaded again allocates nothing.
+template <class T>
+void Asignar(T& destino, const Valor& valor) {
+    if (const T* igual = std::get_if<T>(&valor))
+        destino = *igual;
     else
-        destino = AString(valor, Biblioteca().SeparadorDecimal());
+        Convertir(destino, valor);
 }
 /// NULL is no date.
 inline void Asignar(std::optional<Fecha>& destino, const Valor& valor) {

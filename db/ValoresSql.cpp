@@ -42,4 +42,10 @@ TextoNumero SqlBooleanoAbsoluto(bool valor) {
     return TextoNumero(valor ? "1" : "0");
 }
 
+char* Alargar(std::string& sql, std::size_t cuanto) {
+    const std::size_t antes = sql.size();
+    sql.resize(antes + cuanto);
+    return sql.data() + antes;
+}
+
 }  // namespace kv

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -33,20 +35,31 @@ TextoNumero SqlBooleano(bool valor);
 /// 1 or 0.
 TextoNumero SqlBooleanoAbsoluto(bool valor);
 
-// The length of a fragment is known when it is compiled.
+// The length of a fragment is known when it is compiled, and so is how it is copied.
 template <std::size_t N>
-constexpr std::string_view TrozoSql(const char (&fragmento)[N]) {
-    return {fragmento, N - 1};
+constexpr std::size_t LargoSql(const char (&)[N]) {
+    return N - 1;
 }
-constexpr std::string_view TrozoSql(std::string_view trozo) {
-    return trozo;
+constexpr std::size_t LargoSql(std::string_view trozo) {
+    return trozo.size();
 }
+template <std::size_t N>
+char* PonerSql(char* sitio, const char (&fragmento)[N]) {
+    std::memcpy(sitio, fragmento, N - 1);
+    return sitio + N - 1;
+}
+inline char* PonerSql(char* sitio, std::string_view trozo) {
+    return std::copy(trozo.begin(), trozo.end(), sitio);
+}
+
+/// Makes a text that much longer and tells where it went on.
+char* Alargar(std::string& sql, std::size_t cuanto);
 
 /// Appends fragments and values in order: one growth of the text for all of them.
 template <class... Partes>
 void Agregar(std::string& sql, const Partes&... partes) {
-    sql.reserve(sql.size() + (TrozoSql(partes).size() + ... + 0U));
-    (sql.append(TrozoSql(partes)), ...);
+    char* sitio = Alargar(sql, (LargoSql(partes) + ... + 0U));
+    ((sitio = PonerSql(sitio, partes)), ...);
 }
 
 /// A statement from its fragments and values in order.

@@ -1,7 +1,6 @@
 #include "pricing/CargaArticulo.h"
 
 #include "db/BibliotecaComun.h"
-#include "db/ValoresSql.h"
 #include "rules/clsCliente_Articulo.h"
 
 namespace kv {
@@ -11,7 +10,7 @@ std::int16_t CargaArticulo::Cargar(DatosArticulo& objPadre, std::int32_t lngCod_
     objPadre.Stock = Currency();
     std::int16_t resultado = kCargado;
 
-    cliente_ = std::make_unique<clsCliente>();
+    cliente_.emplace();
     Inyectar(*cliente_);
     cliente_->Codigo = argumentos.lngCod_Cliente;
     cliente_->Cargar();
@@ -20,12 +19,13 @@ std::int16_t CargaArticulo::Cargar(DatosArticulo& objPadre, std::int32_t lngCod_
     precios.Cod_Empresa = Emp().CodEmpresa();
     precios.Cod_EmpresaExtra = Emp().CodEmpresaExtra();
 
-    if (!LeerMaestro(objPadre, lngCod_Articulo, argumentos.intCod_Almacen)) {
+    Consulta consulta;
+    if (!LeerMaestro(consulta, objPadre, lngCod_Articulo, argumentos.intCod_Almacen)) {
         cliente_.reset();
         return kArticuloNoExiste;
     }
-    objPadre.PCosto = LeerAlmacen(objPadre, argumentos.intCod_Almacen).ADouble();
-    PonerPrecioInicial(objPadre, argumentos);
+    objPadre.PCosto = LeerAlmacen(consulta, objPadre, argumentos.intCod_Almacen).ADouble();
+    PonerPrecioInicial(consulta, objPadre, argumentos);
     if (objPadre.Stock <= Currency() && !Emp().VenderSinStock()) resultado = kSinStock;
     if (cliente_->TipoCliente != 0) {
         PonerCosteTipoCliente(objPadre);
@@ -37,8 +37,8 @@ std::int16_t CargaArticulo::Cargar(DatosArticulo& objPadre, std::int32_t lngCod_
     clsClientes_Cadenas_ConvArt cadena;
     Inyectar(cadena);
     cadena.Observador(observador_);
-    AplicarPrecioBaseCadena(objPadre, cadena, argumentos.dteFecha);
-    AplicarConvenioPvp(objPadre, argumentos.lngCod_Cliente, lngCod_Articulo);
+    AplicarPrecioBaseCadena(consulta, objPadre, cadena, argumentos.dteFecha);
+    AplicarConvenioPvp(consulta, objPadre, argumentos.lngCod_Cliente, lngCod_Articulo);
     objPadre.PDescuento = static_cast<float>(BuscarDescuento(objPadre, argumentos.curUnidades).ADouble());
     if (objPadre.Bloqueado && resultado == kCargado) resultado = kBloqueadoEnAlmacen;
     AplicarNetoCadena(objPadre, cadena, argumentos.dteFecha);
@@ -47,14 +47,14 @@ std::int16_t CargaArticulo::Cargar(DatosArticulo& objPadre, std::int32_t lngCod_
     return resultado;
 }
 
-void CargaArticulo::PonerPrecioInicial(DatosArticulo& objPadre, const ArgumentosCarga& argumentos) {
+void CargaArticulo::PonerPrecioInicial(Consulta& consulta, DatosArticulo& objPadre, const ArgumentosCarga& argumentos) {
     const double antes = objPadre.Pvp;
     if (argumentos.intTarifa == -1) {
         objPadre.Pvp = objPadre.PCosto;
         Avisar(FuentePrecio::Coste, true, true, antes, objPadre.Pvp);
         return;
     }
-    objPadre.Pvp = DevPvp(objPadre, argumentos.intTarifa, argumentos.dteFecha, false).ADouble();
+    objPadre.Pvp = PrecioTarifa(consulta, objPadre, argumentos.intTarifa, argumentos.dteFecha, false).ADouble();
     Avisar(FuentePrecio::Tarifa, objPadre.Pvp != 0, true, antes, objPadre.Pvp);
 }
 
@@ -79,11 +79,11 @@ void CargaArticulo::AplicarPrecioCliente(DatosArticulo& objPadre, clsCliente_Art
     Avisar(FuentePrecio::PrecioCliente, hallado, hallado, antes, objPadre.Pvp);
 }
 
-void CargaArticulo::AplicarPrecioBaseCadena(DatosArticulo& objPadre, clsClientes_Cadenas_ConvArt& cadena,
-                                            Fecha dteFecha) {
+void CargaArticulo::AplicarPrecioBaseCadena(Consulta& consulta, DatosArticulo& objPadre,
+                                            clsClientes_Cadenas_ConvArt& cadena, Fecha dteFecha) {
     const double antes = objPadre.Pvp;
     cadena.Cod_Articulo = objPadre.Codigo;
-    LeerNivelesCadena(cadena, cliente_->Codigo);
+    LeerNivelesCadena(consulta, cadena, cliente_->Codigo);
     std::string nodo;
     Fecha entrada;
     Valor salida;
@@ -93,12 +93,11 @@ void CargaArticulo::AplicarPrecioBaseCadena(DatosArticulo& objPadre, clsClientes
     Avisar(FuentePrecio::PrecioBaseCadena, base != Currency(), base != Currency(), antes, objPadre.Pvp);
 }
 
-void CargaArticulo::AplicarConvenioPvp(DatosArticulo& objPadre, std::int32_t lngCod_Cliente,
+void CargaArticulo::AplicarConvenioPvp(Consulta& consulta, DatosArticulo& objPadre, std::int32_t lngCod_Cliente,
                                        std::int32_t lngCod_Articulo) {
     const std::int16_t articulos = Emp().CodEmpresaArticulos();
-    std::unique_ptr<Recordset> rs;
     // clang-format off
-    AbrirLectura(rs, Cnx(), TextoSql(
+    Recordset& rs = consulta.Abrir(Cnx(),
         "SELECT a.PUC, a.Pvp, b.PU_Compra AS PUC_Base,",
         " ISNULL(c.Pvp, 0) AS Pvp_Base",
         " FROM Clientes_Convenio_Pvp a INNER JOIN Articulos b",
@@ -108,23 +107,23 @@ void CargaArticulo::AplicarConvenioPvp(DatosArticulo& objPadre, std::int32_t lng
         " WHERE a.Cod_Empresa =", SqlEntero(Emp().CodEmpresa()),
         " AND c.Cod_Tarifa = 1",
         " AND a.Cod_Cliente =", SqlEntero(lngCod_Cliente),
-        " AND a.Cod_Articulo =", SqlEntero(lngCod_Articulo)));
+        " AND a.Cod_Articulo =", SqlEntero(lngCod_Articulo));
     // clang-format on
     const double antes = objPadre.Pvp;
-    const bool hallado = !rs->Eof();
+    const bool hallado = !rs.Eof();
     bool aplicado = false;
     if (hallado) {
-        const Currency menos = ACurrency(rs->Fields("Pvp").Value());
+        const Currency menos = ACurrency(rs.Fields("Pvp").Value());
         const Currency precio = menos != Currency()
-                                    ? ACurrency(rs->Fields("Pvp_Base").Value()) - menos
-                                    : ACurrency(rs->Fields("PUC_Base").Value()) + ACurrency(rs->Fields("PUC").Value());
+                                    ? ACurrency(rs.Fields("Pvp_Base").Value()) - menos
+                                    : ACurrency(rs.Fields("PUC_Base").Value()) + ACurrency(rs.Fields("PUC").Value());
         aplicado = precio > Currency();
         if (aplicado) {
             objPadre.Pvp = precio.ADouble();
             objPadre.TarifaPVP = 0;
         }
     }
-    rs->Close();
+    rs.Close();
     Avisar(FuentePrecio::ConvenioPvp, hallado, aplicado, antes, objPadre.Pvp);
 }
 

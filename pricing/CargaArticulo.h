@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
-#include <string>
+#include <optional>
 
 #include "base/Currency.h"
 #include "base/Fecha.h"
 #include "customers/clsCliente.h"
+#include "db/Consulta.h"
 #include "db/Inyectado.h"
 #include "pricing/DatosArticulo.h"
 #include "pricing/ObservadorCarga.h"
@@ -52,34 +52,41 @@ class CargaArticulo : public Inyectado {
     void Observador(ObservadorCarga* observador) { observador_ = observador; }
 
   private:
-    std::string TextoMaestro(std::int32_t lngCod_Articulo, std::int16_t intCod_Almacen) const;
-    bool LeerMaestro(DatosArticulo& objPadre, std::int32_t lngCod_Articulo, std::int16_t intCod_Almacen);
-    void PonerPrecioInicial(DatosArticulo& objPadre, const ArgumentosCarga& argumentos);
+    Recordset& AbrirMaestro(Consulta& consulta, std::int32_t lngCod_Articulo, std::int16_t intCod_Almacen) const;
+    bool LeerMaestro(Consulta& consulta, DatosArticulo& objPadre, std::int32_t lngCod_Articulo,
+                     std::int16_t intCod_Almacen);
+    void PonerPrecioInicial(Consulta& consulta, DatosArticulo& objPadre, const ArgumentosCarga& argumentos);
     void PonerCosteTipoCliente(DatosArticulo& objPadre);
     void AplicarPrecioCliente(DatosArticulo& objPadre, clsCliente_Articulo& precios, const ArgumentosCarga& argumentos);
-    void AplicarPrecioBaseCadena(DatosArticulo& objPadre, clsClientes_Cadenas_ConvArt& cadena, Fecha dteFecha);
-    void AplicarConvenioPvp(DatosArticulo& objPadre, std::int32_t lngCod_Cliente, std::int32_t lngCod_Articulo);
+    void AplicarPrecioBaseCadena(Consulta& consulta, DatosArticulo& objPadre, clsClientes_Cadenas_ConvArt& cadena,
+                                 Fecha dteFecha);
+    void AplicarConvenioPvp(Consulta& consulta, DatosArticulo& objPadre, std::int32_t lngCod_Cliente,
+                            std::int32_t lngCod_Articulo);
     void AplicarNetoCadena(DatosArticulo& objPadre, clsClientes_Cadenas_ConvArt& cadena, Fecha dteFecha);
     void RedondearPrecio(DatosArticulo& objPadre, std::int16_t intDec_Pvp);
 
-    bool UsarCambiosProgramados(Fecha dteFecha, bool blnForzarAnterior);
+    Currency PrecioTarifa(Consulta& consulta, DatosArticulo& objPadre, std::int16_t intTarifa, Fecha dteFecha,
+                          bool blnForzarAnterior);
+    bool UsarCambiosProgramados(Consulta& consulta, Fecha dteFecha, bool blnForzarAnterior);
     std::int16_t TarifaCandidata(OrigenTarifa origen, std::int16_t intTarifa) const;
-    Currency BuscarEnTarifas(DatosArticulo& objPadre, std::int16_t intTarifa, Fecha dteFecha, bool porCualidad,
-                             bool programada);
-    std::string TextoTarifa(const DatosArticulo& objPadre, std::int16_t tarifa, bool porCualidad) const;
-    std::string TextoCambio(const DatosArticulo& objPadre, std::int16_t tarifa, Fecha dteFecha, bool porCualidad) const;
+    Currency BuscarEnTarifas(Consulta& consulta, DatosArticulo& objPadre, std::int16_t intTarifa, Fecha dteFecha,
+                             bool porCualidad, bool programada);
+    Recordset& AbrirTarifa(Consulta& consulta, const DatosArticulo& objPadre, std::int16_t tarifa,
+                           bool porCualidad) const;
+    Recordset& AbrirCambio(Consulta& consulta, const DatosArticulo& objPadre, std::int16_t tarifa, Fecha dteFecha,
+                           bool porCualidad) const;
 
-    Currency LeerAlmacen(DatosArticulo& objPadre, std::int16_t intCod_Almacen);
-    void LeerAlmacenCualidades(DatosArticulo& objPadre, std::int16_t intCod_Almacen, const char* columnaCoste,
-                               Currency& coste);
-    void LeerNivelesCadena(clsClientes_Cadenas_ConvArt& cadena, std::int32_t lngCod_Cliente);
+    Currency LeerAlmacen(Consulta& consulta, DatosArticulo& objPadre, std::int16_t intCod_Almacen);
+    void LeerAlmacenCualidades(Consulta& consulta, DatosArticulo& objPadre, std::int16_t intCod_Almacen,
+                               const char* columnaCoste, Currency& coste);
+    void LeerNivelesCadena(Consulta& consulta, clsClientes_Cadenas_ConvArt& cadena, std::int32_t lngCod_Cliente);
     std::uint8_t NivelArticulo() const;
     Currency BuscarDescuento(const DatosArticulo& objPadre, Currency curUnidades);
 
     void Avisar(FuentePrecio fuente, bool hallada, bool aplicada, double antes, double despues) const;
 
     /// The customer of the load that runs; after a failed one it stays until the next.
-    std::unique_ptr<clsCliente> cliente_;
+    std::optional<clsCliente> cliente_;
     ObservadorCarga* observador_ = nullptr;
 };
 

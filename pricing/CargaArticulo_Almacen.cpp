@@ -1,4 +1,3 @@
-#include "db/ValoresSql.h"
 #include "pricing/CargaArticulo.h"
 #include "rules/clsCliente_DtosFamilias.h"
 #include "rules/clsCliente_Grp_Dtos.h"
@@ -33,39 +32,37 @@ void AvisarDescuento(ObservadorCarga* observador, FuenteDescuento fuente, const 
 
 }  // namespace
 
-Currency CargaArticulo::LeerAlmacen(DatosArticulo& objPadre, std::int16_t intCod_Almacen) {
+Currency CargaArticulo::LeerAlmacen(Consulta& consulta, DatosArticulo& objPadre, std::int16_t intCod_Almacen) {
     const char* columnaCoste = Emp().CosteUltimaCompra() ? "PU_Compra" : "P_Medio";
-    std::unique_ptr<Recordset> rs;
     // clang-format off
-    AbrirLectura(rs, Cnx(), TextoSql(
+    Recordset& rs = consulta.Abrir(Cnx(),
         "SELECT Bloqueo, BloqueoVenta, (Stock_Actual + Stock_MiniCompra) AS Stock, Pend_Servir, Pend_Recibir, ",
         columnaCoste,
         " AS Costo",
         " FROM Almacen_Articulos WHERE Cod_Empresa =", SqlEntero(Emp().CodEmpresa()),
         " AND Cod_Almacen =", SqlEntero(intCod_Almacen),
-        " AND Cod_Articulo =", SqlEntero(objPadre.Codigo)));
+        " AND Cod_Articulo =", SqlEntero(objPadre.Codigo));
     // clang-format on
     Currency coste;
-    if (!rs->Eof()) {
-        objPadre.Bloqueado = ABoolean(rs->Fields("Bloqueo").Value());
-        objPadre.BloqueadoVenta = ABoolean(rs->Fields("BloqueoVenta").Value());
-        objPadre.Stock = ACurrency(rs->Fields("Stock").Value());
-        objPadre.PendienteServir = ACurrency(rs->Fields("Pend_Servir").Value());
-        objPadre.PendienteRecibir = ACurrency(rs->Fields("Pend_Recibir").Value());
-        coste = ACurrency(rs->Fields("Costo").Value());
+    if (!rs.Eof()) {
+        objPadre.Bloqueado = ABoolean(rs.Fields("Bloqueo").Value());
+        objPadre.BloqueadoVenta = ABoolean(rs.Fields("BloqueoVenta").Value());
+        objPadre.Stock = ACurrency(rs.Fields("Stock").Value());
+        objPadre.PendienteServir = ACurrency(rs.Fields("Pend_Servir").Value());
+        objPadre.PendienteRecibir = ACurrency(rs.Fields("Pend_Recibir").Value());
+        coste = ACurrency(rs.Fields("Costo").Value());
     }
-    rs->Close();
+    rs.Close();
     // A variant with one quality only uses the article's figures.
     if (objPadre.CualidadX > 0 && objPadre.CualidadY > 0)
-        LeerAlmacenCualidades(objPadre, intCod_Almacen, columnaCoste, coste);
+        LeerAlmacenCualidades(consulta, objPadre, intCod_Almacen, columnaCoste, coste);
     return coste;
 }
 
-void CargaArticulo::LeerAlmacenCualidades(DatosArticulo& objPadre, std::int16_t intCod_Almacen,
+void CargaArticulo::LeerAlmacenCualidades(Consulta& consulta, DatosArticulo& objPadre, std::int16_t intCod_Almacen,
                                           const char* columnaCoste, Currency& coste) {
-    std::unique_ptr<Recordset> rs;
     // clang-format off
-    AbrirLectura(rs, Cnx(), TextoSql(
+    Recordset& rs = consulta.Abrir(Cnx(),
         "SELECT (Stock_Actual + Stock_MiniCompra) AS Stock, ",
         columnaCoste,
         " AS Costo",
@@ -73,40 +70,40 @@ void CargaArticulo::LeerAlmacenCualidades(DatosArticulo& objPadre, std::int16_t 
         " AND Cod_Almacen =", SqlEntero(intCod_Almacen),
         " AND Cod_Articulo =", SqlEntero(objPadre.Codigo),
         " AND CualidadX =", SqlEntero(objPadre.CualidadX),
-        " AND CualidadY =", SqlEntero(objPadre.CualidadY)));
+        " AND CualidadY =", SqlEntero(objPadre.CualidadY));
     // clang-format on
-    if (!rs->Eof()) {
-        objPadre.Stock = ACurrency(rs->Fields("Stock").Value());
-        const Currency costeCualidad = ACurrency(rs->Fields("Costo").Value());
+    if (!rs.Eof()) {
+        objPadre.Stock = ACurrency(rs.Fields("Stock").Value());
+        const Currency costeCualidad = ACurrency(rs.Fields("Costo").Value());
         // A variant without a cost of its own keeps the article's.
         if (costeCualidad > Currency()) coste = costeCualidad;
     }
-    rs->Close();
+    rs.Close();
 }
 
-void CargaArticulo::LeerNivelesCadena(clsClientes_Cadenas_ConvArt& cadena, std::int32_t lngCod_Cliente) {
-    std::unique_ptr<Recordset> rs;
+void CargaArticulo::LeerNivelesCadena(Consulta& consulta, clsClientes_Cadenas_ConvArt& cadena,
+                                      std::int32_t lngCod_Cliente) {
     // Quirk (0009): the customer is read under the company's own code, not under the customer-master code.
     // clang-format off
-    AbrirLectura(rs, Cnx(), TextoSql(
+    Recordset& rs = consulta.Abrir(Cnx(),
         "SELECT Cad_Nivel_1, Cad_Nivel_2, Cad_Nivel_3, Cad_Nivel_4, Cad_Nivel_5, ",
         "Cad_Nivel_6, Cad_Nivel_7, Cad_Nivel_8, Cad_Nivel_9, Cad_Nivel_10 ",
         " FROM Clientes WHERE Cod_Empresa=", SqlEntero(Emp().CodEmpresa()),
-        " AND Codigo=", SqlEntero(lngCod_Cliente)));
+        " AND Codigo=", SqlEntero(lngCod_Cliente));
     // clang-format on
-    if (!rs->Eof()) {
-        cadena.Cod_Nivel1 = AInteger(rs->Fields("Cad_Nivel_1").Value());
-        cadena.Cod_Nivel2 = AInteger(rs->Fields("Cad_Nivel_2").Value());
-        cadena.Cod_Nivel3 = AInteger(rs->Fields("Cad_Nivel_3").Value());
-        cadena.Cod_Nivel4 = AInteger(rs->Fields("Cad_Nivel_4").Value());
-        cadena.Cod_Nivel5 = AInteger(rs->Fields("Cad_Nivel_5").Value());
-        cadena.Cod_Nivel6 = AInteger(rs->Fields("Cad_Nivel_6").Value());
-        cadena.Cod_Nivel7 = AInteger(rs->Fields("Cad_Nivel_7").Value());
-        cadena.Cod_Nivel8 = AInteger(rs->Fields("Cad_Nivel_8").Value());
-        cadena.Cod_Nivel9 = AInteger(rs->Fields("Cad_Nivel_9").Value());
-        cadena.Cod_Nivel10 = AInteger(rs->Fields("Cad_Nivel_10").Value());
+    if (!rs.Eof()) {
+        cadena.Cod_Nivel1 = AInteger(rs.Fields("Cad_Nivel_1").Value());
+        cadena.Cod_Nivel2 = AInteger(rs.Fields("Cad_Nivel_2").Value());
+        cadena.Cod_Nivel3 = AInteger(rs.Fields("Cad_Nivel_3").Value());
+        cadena.Cod_Nivel4 = AInteger(rs.Fields("Cad_Nivel_4").Value());
+        cadena.Cod_Nivel5 = AInteger(rs.Fields("Cad_Nivel_5").Value());
+        cadena.Cod_Nivel6 = AInteger(rs.Fields("Cad_Nivel_6").Value());
+        cadena.Cod_Nivel7 = AInteger(rs.Fields("Cad_Nivel_7").Value());
+        cadena.Cod_Nivel8 = AInteger(rs.Fields("Cad_Nivel_8").Value());
+        cadena.Cod_Nivel9 = AInteger(rs.Fields("Cad_Nivel_9").Value());
+        cadena.Cod_Nivel10 = AInteger(rs.Fields("Cad_Nivel_10").Value());
     }
-    rs->Close();
+    rs.Close();
 }
 
 // One more than the number of family levels that the company's parameters 1 and 2 say are in use.

@@ -1,7 +1,6 @@
 #include <array>
 
 #include "db/Columnas.h"
-#include "db/ValoresSql.h"
 #include "pricing/CargaArticulo.h"
 
 namespace kv {
@@ -48,9 +47,10 @@ constexpr auto kResto = std::to_array<Columna<Datos>>({
 
 }  // namespace
 
-std::string CargaArticulo::TextoMaestro(std::int32_t lngCod_Articulo, std::int16_t intCod_Almacen) const {
+Recordset& CargaArticulo::AbrirMaestro(Consulta& consulta, std::int32_t lngCod_Articulo,
+                                       std::int16_t intCod_Almacen) const {
     // clang-format off
-    return TextoSql(
+    return consulta.Abrir(Cnx(),
         "SELECT a.Codigo, a.Descripcion, a.Familia_1, a.Familia_2, a.Familia_3, a.UxCaja, a.Largo, a.Ancho, a.Altura,",
         " a.Control_NSeries, a.DStock, a.TipoImpuesto, a.CtaVentas, a.CtaDVentas, a.Bloqueado, a.MsjAlerta,",
         " a.Envase, a.RAEE, a.ECORAEE, a.FidelizacionPuntos, a.Control_Caducidad, a.TipoRep, a.Control_Lotes, a.Peso,",
@@ -65,24 +65,24 @@ std::string CargaArticulo::TextoMaestro(std::int32_t lngCod_Articulo, std::int16
     // clang-format on
 }
 
-bool CargaArticulo::LeerMaestro(DatosArticulo& objPadre, std::int32_t lngCod_Articulo, std::int16_t intCod_Almacen) {
-    std::unique_ptr<Recordset> rs;
-    AbrirLectura(rs, Cnx(), TextoMaestro(lngCod_Articulo, intCod_Almacen));
-    const bool hallado = !rs->Eof();
+bool CargaArticulo::LeerMaestro(Consulta& consulta, DatosArticulo& objPadre, std::int32_t lngCod_Articulo,
+                                std::int16_t intCod_Almacen) {
+    Recordset& rs = AbrirMaestro(consulta, lngCod_Articulo, intCod_Almacen);
+    const bool hallado = !rs.Eof();
     if (hallado) {
         objPadre.Codigo = lngCod_Articulo;
         // The resets stand among the columns: a failing column must not leave the former article's price behind.
-        LeerColumnas(*rs, objPadre, kHastaPrecio);
+        LeerColumnas(rs, objPadre, kHastaPrecio);
         objPadre.Pvp = 0;
         objPadre.PvpOriginal = 0;
         objPadre.TarifaPVP = 0;
-        LeerColumnas(*rs, objPadre, kHastaConvenio);
+        LeerColumnas(rs, objPadre, kHastaConvenio);
         objPadre.Convenio.clear();
-        LeerColumnas(*rs, objPadre, kResto);
-        objPadre.PadreVenta = ALong(rs->Fields("PadreVenta").Value());
+        LeerColumnas(rs, objPadre, kResto);
+        objPadre.PadreVenta = ALong(rs.Fields("PadreVenta").Value());
         if (objPadre.PadreVenta != 0) objPadre.CrearPadre();
     }
-    rs->Close();
+    rs.Close();
     return hallado;
 }
 

@@ -1,7 +1,7 @@
 #include "rules/clsClientes_Cadenas_ConvArt.h"
 
 #include "db/BibliotecaComun.h"
-#include "db/ValoresSql.h"
+#include "db/Consulta.h"
 #include "rules/DescuentosAcuerdo.h"
 
 namespace kv {
@@ -50,10 +50,10 @@ NivelesCadena clsClientes_Cadenas_ConvArt::Niveles() const {
 }
 
 // clang-format off
-std::string clsClientes_Cadenas_ConvArt::TextoNodo(const NivelesCadena& nodo, Fecha dteFechaEval,
-                                                   bool conFinal) const {
+Recordset& clsClientes_Cadenas_ConvArt::AbrirNodo(Consulta& consulta, const NivelesCadena& nodo, Fecha dteFechaEval,
+                                                  bool conFinal) const {
     const TextoNumero fecha = SqlFechaLiteral(dteFechaEval);
-    return TextoSql(
+    return consulta.Abrir(Cnx(),
         "SELECT TOP 1 a.* FROM Clientes_Cadenas_ConvArt a",
         " WHERE a.Cod_Empresa = ", SqlEntero(Emp().CodEmpresa()),
         " AND a.Cod_Articulo = ", SqlEntero(Cod_Articulo),
@@ -75,38 +75,38 @@ std::string clsClientes_Cadenas_ConvArt::TextoNodo(const NivelesCadena& nodo, Fe
 // clang-format on
 
 // The newest agreement of a node on a day: one with a last day wins over any open-ended one.
-bool clsClientes_Cadenas_ConvArt::AbrirNodo(std::unique_ptr<Recordset>& rs, const NivelesCadena& nodo,
-                                            Fecha dteFechaEval) {
-    AbrirLectura(rs, Cnx(), TextoNodo(nodo, dteFechaEval, true));
-    if (!rs->Eof()) return true;
-    rs->Close();
-    AbrirLectura(rs, Cnx(), TextoNodo(nodo, dteFechaEval, false));
-    return !rs->Eof();
+Recordset& clsClientes_Cadenas_ConvArt::AbrirNodo(Consulta& consulta, const NivelesCadena& nodo,
+                                                  Fecha dteFechaEval) const {
+    Recordset& conFinal = AbrirNodo(consulta, nodo, dteFechaEval, true);
+    if (!conFinal.Eof()) return conFinal;
+    conFinal.Close();
+    return AbrirNodo(consulta, nodo, dteFechaEval, false);
 }
 
 void clsClientes_Cadenas_ConvArt::Dev_Descuentos(Fecha dteFechaEval, std::vector<Descuento>& lista) try {
     lista.clear();
     NivelesCadena nodo = Niveles();
-    std::unique_ptr<Recordset> rs;
+    Consulta consulta;
     for (std::size_t i = MasProfundo(nodo); nodo[0] != 0; --i) {
         const NivelesCadena visitado = nodo;
-        const bool hallado = AbrirNodo(rs, nodo, dteFechaEval);
+        Recordset& rs = AbrirNodo(consulta, nodo, dteFechaEval);
+        const bool hallado = !rs.Eof();
         const std::size_t antes = lista.size();
         DiasAcuerdo dias;
         if (hallado) {
-            if (observador_ != nullptr) dias = DiasDe(*rs);
+            if (observador_ != nullptr) dias = DiasDe(rs);
             for (std::size_t n = kDescuentosAcuerdo.size(); n-- > 0;) {
                 const ColumnasDescuento& columnas = kDescuentosAcuerdo[n];
-                if (!DescuentoVigente(*rs, columnas, dteFechaEval)) continue;
+                if (!DescuentoVigente(rs, columnas, dteFechaEval)) continue;
                 if (lista.empty()) lista.reserve(kMaximoDescuentos);
                 lista.push_back(
-                    {AInteger(rs->Fields(columnas.tipo).Value()), ACurrency(rs->Fields(columnas.importe).Value()),
-                     ACurrency(rs->Fields(columnas.cantidad).Value()), ABoolean(rs->Fields(columnas.cascada).Value())});
+                    {AInteger(rs.Fields(columnas.tipo).Value()), ACurrency(rs.Fields(columnas.importe).Value()),
+                     ACurrency(rs.Fields(columnas.cantidad).Value()), ABoolean(rs.Fields(columnas.cascada).Value())});
             }
             // A NULL lets the walk go on.
-            if (EsFalso(rs->Fields("Dto_Padre").Value())) nodo[0] = 0;
+            if (EsFalso(rs.Fields("Dto_Padre").Value())) nodo[0] = 0;
         }
-        rs->Close();
+        rs.Close();
         if (observador_ != nullptr)
             observador_->NodoDescuentos(visitado, hallado ? &dias : nullptr, static_cast<int>(lista.size() - antes));
         nodo[i] = 0;
@@ -159,18 +159,19 @@ Currency clsClientes_Cadenas_ConvArt::Devuelve_PBase(std::string& strCadena, Fec
                                                      Valor& datFecha_Salida, Fecha dteFechaEval) try {
     NivelesCadena nodo = Niveles();
     Currency precio;
-    std::unique_ptr<Recordset> rs;
+    Consulta consulta;
     for (std::size_t i = MasProfundo(nodo); precio == Currency() && nodo[0] != 0; --i) {
-        const bool hallado = AbrirNodo(rs, nodo, dteFechaEval);
+        Recordset& rs = AbrirNodo(consulta, nodo, dteFechaEval);
+        const bool hallado = !rs.Eof();
         DiasAcuerdo dias;
         if (hallado) {
-            if (observador_ != nullptr) dias = DiasDe(*rs);
-            strCadena = TextoCadena(*rs);
-            datFecha_Entrada = ADate(rs->Fields("FechaEntrada").Value());
-            datFecha_Salida = rs->Fields("FechaSalida").Value();
-            precio = ACurrency(rs->Fields("PBase").Value());
+            if (observador_ != nullptr) dias = DiasDe(rs);
+            strCadena = TextoCadena(rs);
+            datFecha_Entrada = ADate(rs.Fields("FechaEntrada").Value());
+            datFecha_Salida = rs.Fields("FechaSalida").Value();
+            precio = ACurrency(rs.Fields("PBase").Value());
         }
-        rs->Close();
+        rs.Close();
         if (observador_ != nullptr) observador_->NodoBase(nodo, hallado ? &dias : nullptr, precio);
         nodo[i] = 0;
         if (i == 0) break;

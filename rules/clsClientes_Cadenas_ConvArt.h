@@ -15,6 +15,8 @@
 
 namespace kv {
 
+class Consulta;
+
 /// The agreements of a chain for an article (table `Clientes_Cadenas_ConvArt`). A customer's place in the chain is a
 /// path of ten level codes, top first; a first level of 0 is no chain. An agreement belongs to one node of the
 /// hierarchy and fixes a base price and up to five discounts, each between two days, both inclusive.
@@ -98,10 +100,10 @@ class clsClientes_Cadenas_ConvArt : public Inyectado {
 
     static std::size_t Casilla(std::int16_t indice);
     NivelesCadena Niveles() const;
-    std::string TextoNodo(const NivelesCadena& nodo, Fecha dteFechaEval, bool conFinal) const;
+    Recordset& AbrirNodo(Consulta& consulta, const NivelesCadena& nodo, Fecha dteFechaEval, bool conFinal) const;
     std::string TextoNivel(Fecha dteFechaEval, bool conFinal) const;
     std::string CondicionClave() const;
-    bool AbrirNodo(std::unique_ptr<Recordset>& rs, const NivelesCadena& nodo, Fecha dteFechaEval);
+    Recordset& AbrirNodo(Consulta& consulta, const NivelesCadena& nodo, Fecha dteFechaEval) const;
     void Dev_Descuentos(Fecha dteFechaEval, std::vector<Descuento>& lista);
     static std::optional<Currency> Efecto(const Descuento& descuento, Currency base);
     Currency Aplicar(const Descuento& descuento, Currency precio) const;

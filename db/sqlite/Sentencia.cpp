@@ -28,10 +28,13 @@ std::string_view TextoDe(sqlite3_value* valor) {
 }
 
 void PonerTexto(Valor& valor, std::string_view texto) {
-    if (std::string* cadena = std::get_if<std::string>(&valor))
-        cadena->assign(texto);
-    else
+    std::string* cadena = std::get_if<std::string>(&valor);
+    if (cadena == nullptr)
         valor.emplace<std::string>(texto);
+    else if (texto.empty())  // As most texts of a customer are.
+        cadena->clear();
+    else
+        cadena->assign(texto);
 }
 
 template <class T>
@@ -101,6 +104,7 @@ Sentencia::Sentencia(sqlite3* base, const std::string& texto, std::string origin
                              declarado == nullptr ? TipoColumna::SinDeclarar : LeerTipoColumna(declarado), Nulo{}});
     }
     enlazados_.resize(static_cast<std::size_t>(sqlite3_bind_parameter_count(nueva)));
+    siguiente_ = orden_.begin();
 }
 
 void Sentencia::Comprobar(int resultado) const {
@@ -109,7 +113,7 @@ void Sentencia::Comprobar(int resultado) const {
 
 void Sentencia::Soltar() {
     sqlite3_reset(sentencia_.get());
-    lectura_ = 0;
+    siguiente_ = orden_.begin();
     enlace_ = 0;
     enUso_ = false;
 }
@@ -165,17 +169,24 @@ void Sentencia::EnlazarNumero(int indice, std::string_view literal, TipoColumna 
 }
 
 // SQLite compares the names one by one; the same procedure is called with the same parameters in the same order.
-int Sentencia::IndiceNombrado(const std::string& nombre) {
+Sentencia::Nombrado& Sentencia::BuscarNombrado(const std::string& nombre) {
     const std::size_t esta = enlace_++;
-    if (esta < nombrados_.size() && Identicos(nombrados_[esta].first, nombre)) return nombrados_[esta].second;
+    if (esta < nombrados_.size() && Identicos(nombrados_[esta].nombre, nombre)) return nombrados_[esta];
     nombrados_.resize(esta);
-    nombrados_.emplace_back(nombre, sqlite3_bind_parameter_index(sentencia_.get(), nombre.c_str()));
-    return nombrados_.back().second;
+    nombrados_.push_back({nombre, sqlite3_bind_parameter_index(sentencia_.get(), nombre.c_str()), std::nullopt});
+    return nombrados_.back();
 }
 
 void Sentencia::EnlazarNombrado(const std::string& nombre, const Valor& valor) {
-    const int indice = IndiceNombrado(nombre);
-    if (indice == 0) return;
+    Nombrado& nombrado = BuscarNombrado(nombre);
+    if (nombrado.indice == 0 || nombrado.valor == valor) return;
+    // Forgotten first: a value that cannot be bound must not count as bound.
+    nombrado.valor.reset();
+    EnlazarValor(nombrado.indice, valor);
+    nombrado.valor = valor;
+}
+
+void Sentencia::EnlazarValor(int indice, const Valor& valor) {
     sqlite3_stmt* s = sentencia_.get();
     if (EsNulo(valor)) {
         Comprobar(sqlite3_bind_null(s, indice));
@@ -194,7 +205,7 @@ void Sentencia::EnlazarNombrado(const std::string& nombre, const Valor& valor) {
 }
 
 bool Sentencia::Avanzar() {
-    lectura_ = 0;
+    siguiente_ = orden_.begin();
     const int resultado = sqlite3_step(sentencia_.get());
     if (resultado == SQLITE_ROW) return true;
     if (resultado != SQLITE_DONE) LanzarErrorSqlite(base_, original_);
@@ -207,7 +218,7 @@ const std::string& Sentencia::NombreColumna(std::int32_t posicion) const {
     return columnas_[static_cast<std::size_t>(posicion)].nombre;
 }
 
-inline const Valor& Sentencia::Valorar(Columna& columna) {
+const Valor& Sentencia::Valorar(Columna& columna) {
     // One call into the statement for each field; what follows looks at the value alone.
     sqlite3_value* leido = sqlite3_column_value(sentencia_.get(), columna.posicion);
     switch (sqlite3_value_type(leido)) {
@@ -230,12 +241,17 @@ inline const Valor& Sentencia::Valorar(Columna& columna) {
 }
 
 const Valor& Sentencia::Leer(std::string_view nombre) {
-    if (lectura_ == orden_.size() || !MismoNombre(orden_[lectura_]->nombre, nombre)) {
-        Columna& columna = Buscar(nombre);
-        orden_.resize(lectura_);
-        orden_.push_back(&columna);
-    }
-    return Valorar(*orden_[lectura_++]);
+    const bool otro = siguiente_ == orden_.end() || siguiente_->nombre.size() != nombre.size() ||
+                      !MismosOctetos(siguiente_->nombre, nombre);
+    return Valorar(otro ? Aprender(nombre) : *siguiente_++->columna);
+}
+
+Sentencia::Columna& Sentencia::Aprender(std::string_view nombre) {
+    Columna& columna = Buscar(nombre);
+    orden_.erase(siguiente_, orden_.end());
+    orden_.push_back({std::string(nombre), &columna});
+    siguiente_ = orden_.end();
+    return columna;
 }
 
 const Valor& Sentencia::Leer(std::size_t columna) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,7 +32,8 @@ class Sentencia {
     /// Binds the literals in order; `destinos` tells what each one meets. A parameter that holds the same literal since
     /// the last time, as codes of the company and dates mostly do, is left as it is.
     void Enlazar(const std::vector<Literal>& literales, const std::vector<TipoColumna>& destinos);
-    /// Binds a named parameter ("@Cliente"); nothing when the statement does not use it.
+    /// Binds a named parameter ("@Cliente"), unless it holds that value since the last time; nothing when the statement
+    /// does not use it.
     void EnlazarNombrado(const std::string& nombre, const Valor& valor);
     /// Moves to the next row; false when there is none. Raises SQLite's error.
     bool Avanzar();
@@ -53,6 +55,11 @@ class Sentencia {
         TipoColumna tipo;
         Valor valor;
     };
+    /// A column by the name that its reader gives it, which may differ from its own in letter case.
+    struct Pedida {
+        std::string nombre;
+        Columna* columna;
+    };
     /// What a parameter holds: the literal that it was bound from, and the text that must outlive the steps.
     struct Enlazado {
         std::string literal;
@@ -60,10 +67,19 @@ class Sentencia {
         std::array<char, 10> fecha;
     };
 
+    /// A named parameter: where it stands, 0 for nowhere, and what it holds.
+    struct Nombrado {
+        std::string nombre;
+        int indice;
+        std::optional<Valor> valor;
+    };
+
     void EnlazarCadena(int indice, std::string_view literal, TipoColumna destino);
     void EnlazarNumero(int indice, std::string_view literal, TipoColumna destino);
-    int IndiceNombrado(const std::string& nombre);
+    Nombrado& BuscarNombrado(const std::string& nombre);
+    void EnlazarValor(int indice, const Valor& valor);
     Columna& Buscar(std::string_view nombre);
+    Columna& Aprender(std::string_view nombre);
     const Valor& Valorar(Columna& columna);
     void Comprobar(int resultado) const;
 
@@ -72,11 +88,11 @@ class Sentencia {
     std::string original_;
     std::vector<Columna> columnas_;
     std::vector<Enlazado> enlazados_;
-    // Columns in the order in which they were read last time, since every reader reads them in its own fixed order.
-    std::vector<Columna*> orden_;
-    std::size_t lectura_ = 0;
-    // Named parameters in the order in which they were bound last time, with their positions.
-    std::vector<std::pair<std::string, int>> nombrados_;
+    // Columns as they were asked for last time, since every reader reads them in its own fixed order.
+    std::vector<Pedida> orden_;
+    std::vector<Pedida>::iterator siguiente_;
+    // In the order in which they were bound last time.
+    std::vector<Nombrado> nombrados_;
     std::size_t enlace_ = 0;
     bool enUso_ = false;
 };
