@@ -52,7 +52,9 @@ Currency Currency::DeEntero(std::int64_t unidades) {
     return Currency(unidades * kEscala);
 }
 
-Currency Currency::DeDouble(double valor) { return Currency(EscalarAlPar(valor)); }
+Currency Currency::DeDouble(double valor) {
+    return Currency(EscalarAlPar(valor));
+}
 
 Currency Currency::DeTexto(std::string_view texto) {
     const Decimal decimal = LeerDecimal(texto);

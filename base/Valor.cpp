@@ -62,10 +62,7 @@ struct AEntero64 {
     std::int64_t operator()(Fecha v) const { return EnteroDeDouble(v.AOle()); }
     std::int64_t operator()(const std::string& v) const { return EnteroDeDouble(DoubleDeTexto(v)); }
     template <class T>
-        requires kEsEntero<T>
-    std::int64_t operator()(T v) const {
-        return v;
-    }
+    requires kEsEntero<T> std::int64_t operator()(T v) const { return v; }
 };
 
 template <class T>
@@ -86,10 +83,8 @@ struct ADoubleVisita {
     double operator()(Fecha v) const { return v.AOle(); }
     double operator()(const std::string& v) const { return DoubleDeTexto(v); }
     template <class T>
-        requires kEsEntero<T>
-    double operator()(T v) const {
-        return static_cast<double>(v);
-    }
+    requires kEsEntero<T>
+    double operator()(T v) const { return static_cast<double>(v); }
 };
 
 struct ACurrencyVisita {
@@ -101,10 +96,7 @@ struct ACurrencyVisita {
     Currency operator()(Fecha v) const { return Currency::DeDouble(v.AOle()); }
     Currency operator()(const std::string& v) const { return Currency::DeTexto(v); }
     template <class T>
-        requires kEsEntero<T>
-    Currency operator()(T v) const {
-        return Currency::DeEntero(v);
-    }
+    requires kEsEntero<T> Currency operator()(T v) const { return Currency::DeEntero(v); }
 };
 
 bool BooleanDeTexto(const std::string& texto) {
@@ -115,11 +107,17 @@ bool BooleanDeTexto(const std::string& texto) {
 
 }  // namespace
 
-bool EsNulo(const Valor& valor) { return std::holds_alternative<Nulo>(valor); }
+bool EsNulo(const Valor& valor) {
+    return std::holds_alternative<Nulo>(valor);
+}
 
-std::int16_t AInteger(const Valor& valor) { return EnteroEnRango<std::int16_t>(valor); }
+std::int16_t AInteger(const Valor& valor) {
+    return EnteroEnRango<std::int16_t>(valor);
+}
 
-std::int32_t ALong(const Valor& valor) { return EnteroEnRango<std::int32_t>(valor); }
+std::int32_t ALong(const Valor& valor) {
+    return EnteroEnRango<std::int32_t>(valor);
+}
 
 std::uint8_t AByte(const Valor& valor) {
     if (const bool* logico = std::get_if<bool>(&valor)) return *logico ? 255 : 0;
@@ -138,7 +136,9 @@ float ASingle(const Valor& valor) {
     return static_cast<float>(doble);
 }
 
-double ADouble(const Valor& valor) { return std::visit(ADoubleVisita{}, valor); }
+double ADouble(const Valor& valor) {
+    return std::visit(ADoubleVisita{}, valor);
+}
 
 Currency ACurrency(const Valor& valor) {
     if (const Currency* igual = std::get_if<Currency>(&valor)) return *igual;
