@@ -4,8 +4,8 @@
 #include <cmath>
 #include <set>
 
-#include "db/Nombres.h"
 #include "db/EmpresaTabla.h"
+#include "db/Nombres.h"
 #include "tests/servidor/ProtocoloTds.h"
 
 namespace kv::prueba {

@@ -6,9 +6,9 @@
 #include <stdexcept>
 
 #include "db/ConexionTrazada.h"
+#include "db/EmpresaTabla.h"
 #include "db/Nombres.h"
 #include "db/odbc/ConexionOdbc.h"
-#include "db/EmpresaTabla.h"
 #include "rules/NivelesFamilia.h"
 #include "schema/DemostracionServidor.h"
 #include "schema/Lotes.h"
