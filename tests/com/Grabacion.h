@@ -88,7 +88,7 @@ inline std::vector<Caso> LeerGrabacion(const char* ruta) {
         }
         if (clase == 'P')
             pasos.push_back(
-                {.operacion = "Command", .texto = c[1], .opciones = CommandType::adOptionUnspecified, .espera = 500});
+                {.operacion = "Command", .texto = c[1], .opciones = -1, .espera = 500});
         if (clase == 'p') {
             pasos.back().parametros.push_back(LeerParametro(c, 5));
             pasos.back().salidas.push_back(LeerParametro(c, 6));

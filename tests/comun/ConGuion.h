@@ -11,7 +11,8 @@
 
 namespace kv::prueba {
 
-/// An object of an internal class over a script, on a host with a decimal comma.
+/// An object of an internal class over a script, on a host with a decimal comma. Its texts tell which common
+/// routine each value went through.
 template <class Clase>
 class ConGuion : public testing::Test {
   protected:
@@ -28,8 +29,9 @@ class ConGuion : public testing::Test {
         return accion();
     }
 
-    const Fecha dia = Fecha::DeAmd(2026, 3, 5);
-    BibliotecaDePrueba biblioteca{dia, ','};
+    /// The day that is asked about, and a later today.
+    const Fecha dia = Fecha::DeAmd(2026, 3, 5), hoy = Fecha::DeAmd(2026, 4, 17);
+    BibliotecaDePrueba biblioteca{hoy, ',', true};
     std::shared_ptr<ConexionGuion> guion = std::make_shared<ConexionGuion>();
     std::shared_ptr<EmpresaFija> empresa = std::make_shared<EmpresaFija>();
     Clase objeto;

@@ -36,10 +36,8 @@ class ConexionGuion : public Connection {
         std::vector<Fila> filas = {};
         std::int32_t afectados = 0;
         bool cuenta = false;  // the caller must ask for the records affected
-        CursorType cursor = CursorType::adOpenForwardOnly;
-        LockType bloqueo = LockType::adLockReadOnly;
-        CommandType opciones = CommandType::adCmdText;
-        std::int32_t espera = 0;
+        // ADO's own numbers: forward-only, read-only, text.
+        int cursor = 0, bloqueo = 1, opciones = 1, espera = 0;
         std::vector<Parameter> parametros = {};
         std::vector<Parameter> salidas = {};
         std::optional<RuntimeError> fallo = {};

@@ -33,7 +33,7 @@ class EmpresaFija : public cEmpresa {
     }
 
     std::int16_t codEmpresa = 1, codEmpresaArticulos = 2, codEmpresaClientes = 3, codEmpresaExtra = 4;
-    std::int16_t tarifaEmpresa = 5, decPrecios = 2, decImportes = 2, decCostes = 4;
+    std::int16_t tarifaEmpresa = 5, decPrecios = 2, decImportes = 1, decCostes = 4;
     bool venderSinStock = false, costeUltimaCompra = false;
     std::map<std::int16_t, Valor> parametros;
     mutable std::vector<int> pedidos;  // the parameters asked for
@@ -41,18 +41,29 @@ class EmpresaFija : public cEmpresa {
 };
 
 /// Fixed today and decimal separator for the scope of a test; keeps the critical messages instead of showing them.
+/// With marks, a text tells the routine that it came from: 'd' stands before a date literal, 'n' before a number for a
+/// statement and 'p' before one for people.
 class BibliotecaDePrueba : public BibliotecaComun {
   public:
     struct Mensaje {
         std::string texto, titulo;
     };
 
-    explicit BibliotecaDePrueba(Fecha hoy, char separador = '.')
-        : hoy_(hoy), separador_(separador), anterior_(CambiarBiblioteca({this, [](auto*) {}})) {}
+    explicit BibliotecaDePrueba(Fecha hoy, char separador = '.', bool marcas = false)
+        : hoy_(hoy), separador_(separador), marcas_(marcas), anterior_(CambiarBiblioteca({this, [](auto*) {}})) {}
     ~BibliotecaDePrueba() override { CambiarBiblioteca(anterior_); }
     BibliotecaDePrueba(const BibliotecaDePrueba&) = delete;
     BibliotecaDePrueba& operator=(const BibliotecaDePrueba&) = delete;
 
+    TextoNumero LiteralFecha(Fecha fecha) const override { return Marcado("d", BibliotecaComun::LiteralFecha(fecha)); }
+    TextoNumero FormatoSql(Currency valor) const override { return Marcado("n", BibliotecaComun::FormatoSql(valor)); }
+    TextoNumero FormatoSql(double valor) const override { return Marcado("n", BibliotecaComun::FormatoSql(valor)); }
+    std::string FormatoPantalla(Currency valor, std::int16_t decimales) const override {
+        return (marcas_ ? "p" : "") + BibliotecaComun::FormatoPantalla(valor, decimales);
+    }
+    Currency Redondear(Currency valor, std::int16_t decimales) const override {
+        return BibliotecaComun::Redondear(valor, decimales) + masAlRedondear;
+    }
     Fecha Hoy() const override { return hoy_; }
     char SeparadorDecimal() const override { return separador_; }
     void MensajeCritico(std::string_view texto, std::string_view titulo) override {
@@ -60,9 +71,19 @@ class BibliotecaDePrueba : public BibliotecaComun {
     }
     const std::vector<Mensaje>& Mensajes() const { return mensajes_; }
 
+    /// Added to whatever is rounded here, so that what is rounded elsewhere is seen.
+    Currency masAlRedondear;
+
   private:
+    TextoNumero Marcado(std::string_view marca, TextoNumero texto) const {
+        TextoNumero marcado(marcas_ ? marca : std::string_view());
+        marcado.Agregar(texto);
+        return marcado;
+    }
+
     const Fecha hoy_;
     const char separador_;
+    const bool marcas_;
     std::vector<Mensaje> mensajes_;
     const std::shared_ptr<BibliotecaComun> anterior_;
 };

@@ -87,23 +87,34 @@ TEST_F(Cliente, Cargar_CadaColumnaASuVariable) {
     EXPECT_EQ("", objeto.Direccion);
 }
 
+// What is found goes where it is asked to, by each of the four.
 TEST_F(Cliente, Recorrido_PorCodigoYPorNombre) {
-    const auto espera = [&](const std::string& resto) {
-        guion->EsperaConsulta("SELECT * FROM Clientes WHERE Codigo IN (SELECT " + resto);
+    using C = clsCliente;
+    ConexionGuion::Fila fila(columnas.size(), 0);
+    fila[1] = std::string("Tejas Ebro");
+    const auto recorre = [&](const char* origen, bool (C::*metodo)(C*), const std::string& resto) {
+        const std::string sql = "SELECT * FROM Clientes WHERE Codigo IN (SELECT " + resto;
+        guion->EsperaConsulta(sql);
+        EXPECT_FALSE(Hacer(objeto, origen, [&] { return (objeto.*metodo)(nullptr); }));
+        guion->EsperaConsulta(sql, columnas, {fila});
+        clsCliente destino;
+        EXPECT_TRUE((objeto.*metodo)(&destino)) << origen;
+        EXPECT_EQ("Tejas Ebro", destino.Nombre);
+        EXPECT_EQ("Obras Duero", objeto.Nombre);
     };
     for (const bool porNombre : {false, true}) {
         objeto.FichaClienteModoDesp = porNombre;
         const std::string donde = "TOP 1 Codigo FROM Clientes WHERE Cod_Empresa =3 AND ";
-        espera("ISNULL(MIN(Codigo), 0) AS Codigo FROM Clientes  WHERE Cod_Empresa =3)");
-        EXPECT_FALSE(Hacer(objeto, "clsCliente::Cargar_Primero", [&] { return objeto.Cargar_Primero(); }));
-        espera("ISNULL(MAX(Codigo), 0) AS Codigo FROM Clientes  WHERE Cod_Empresa =3)");
-        EXPECT_FALSE(Hacer(objeto, "clsCliente::Cargar_Ultimo", [&] { return objeto.Cargar_Ultimo(); }));
-        espera(donde +
-               (porNombre ? "Nombre < 'Obras Duero' ORDER BY Nombre DESC)" : "Codigo < 77 ORDER BY Codigo DESC)"));
-        EXPECT_FALSE(Hacer(objeto, "clsCliente::Cargar_Anterior", [&] { return objeto.Cargar_Anterior(); }));
-        espera(donde +
-               (porNombre ? "Nombre > 'Obras Duero' ORDER BY Nombre ASC)" : "Codigo > 77 ORDER BY Codigo ASC)"));
-        EXPECT_FALSE(Hacer(objeto, "clsCliente::Cargar_Siguiente", [&] { return objeto.Cargar_Siguiente(); }));
+        recorre("clsCliente::Cargar_Primero", &C::Cargar_Primero,
+                "ISNULL(MIN(Codigo), 0) AS Codigo FROM Clientes  WHERE Cod_Empresa =3)");
+        recorre("clsCliente::Cargar_Ultimo", &C::Cargar_Ultimo,
+                "ISNULL(MAX(Codigo), 0) AS Codigo FROM Clientes  WHERE Cod_Empresa =3)");
+        recorre(
+            "clsCliente::Cargar_Anterior", &C::Cargar_Anterior,
+            donde + (porNombre ? "Nombre < 'Obras Duero' ORDER BY Nombre DESC)" : "Codigo < 77 ORDER BY Codigo DESC)"));
+        recorre(
+            "clsCliente::Cargar_Siguiente", &C::Cargar_Siguiente,
+            donde + (porNombre ? "Nombre > 'Obras Duero' ORDER BY Nombre ASC)" : "Codigo > 77 ORDER BY Codigo ASC)"));
     }
 }
 
@@ -141,39 +152,46 @@ TEST_F(Cliente, Telefonos_DiezComoMuchoYLosCuatroPrimerosAparte) {
     Hacer(objeto, "clsCliente::Insertar_Telefono", [&] { objeto.Insertar_Telefono(2, "600 1"); });
 }
 
+// The source KVDatosArt is that of a method without a handler.
 TEST_F(Cliente, Consultas) {
     const auto espera = [&](const char* sql, const char* columna, Valor valor) {
         guion->EsperaConsulta(sql, {columna}, {{std::move(valor)}});
     };
+    const std::string suelto = "KVDatosArt";
     guion->EsperaEjecucion(
         "UPDATE Clientes SET FUVenta ='05/03/2026' WHERE Cod_Empresa =3 AND Codigo =77 AND FUVenta < '05/03/2026'");
-    objeto.Act_FUVenta(dia);
+    Hacer(objeto, suelto, [&] { objeto.Act_FUVenta(dia); });
     guion->EsperaEjecucion(
         "UPDATE Clientes SET FUCobro ='05/03/2026' WHERE Cod_Empresa =3 AND Codigo =77 AND FUCobro < '05/03/2026'");
-    objeto.Act_FUCobro(dia);
-    constexpr const char* kNuevo =
-        "SELECT ISNULL(MAX(Codigo), 0) AS Codigo FROM Clientes WHERE Cod_Empresa =3 AND Codigo >= 1000";
-    espera(kNuevo, "Codigo", std::int32_t{0});
-    EXPECT_EQ(1, objeto.Dev_Codigo_Nuevo(1000));
-    espera(kNuevo, "Codigo", std::int32_t{2147483647});
-    EsperarError(kErrDesbordamiento, "", [&] { objeto.Dev_Codigo_Nuevo(1000); });
-    for (const std::int32_t notas : {0, 1}) {
+    Hacer(objeto, suelto, [&] { objeto.Act_FUCobro(dia); });
+    const auto nuevo = [&](std::int32_t ultimo) {
+        espera("SELECT ISNULL(MAX(Codigo), 0) AS Codigo FROM Clientes WHERE Cod_Empresa =3 AND Codigo >= 1000",
+               "Codigo", ultimo);
+        return Hacer(objeto, suelto, [&] { return objeto.Dev_Codigo_Nuevo(1000); });
+    };
+    EXPECT_EQ(1, nuevo(0));
+    EXPECT_EQ(1235, nuevo(1234));
+    EsperarError(kErrDesbordamiento, "", [&] { nuevo(2147483647); });
+    for (const std::int32_t notas : {0, 1, 3}) {
         espera(
             " SELECT COUNT(*) AS Cant FROM Clientes_Notas WHERE Cod_Empresa =3 AND Pendiente = 1"
-            " AND Vencimiento <= '05/03/2026'",
+            " AND Vencimiento <= '17/04/2026'",
             "Cant", notas);
-        EXPECT_EQ(notas == 1, Hacer(objeto, "clsCliente::Verif_Notas", [&] { return objeto.Verif_Notas(); }));
+        EXPECT_EQ(notas > 0, Hacer(objeto, "clsCliente::Verif_Notas", [&] { return objeto.Verif_Notas(); }));
     }
     espera(
         "SELECT ISNULL(SUM(Total), 0) AS Total FROM Albaranes_F WHERE Cod_Empresa =1 AND Cliente =77"
         " AND Factura_Codigo = 0",
         "Total", Currency::DeDouble(10.5));
-    EXPECT_EQ(Currency::DeDouble(10.5), objeto.Dev_SaldoAlbaranes());
+    EXPECT_EQ(Currency::DeDouble(10.5), Hacer(objeto, suelto, [&] { return objeto.Dev_SaldoAlbaranes(); }));
     espera("SELECT ISNULL(SUM(Puntos),0) AS Puntos FROM Clientes_Puntos WHERE Cod_Empresa=1 AND Cod_Cliente=77",
-           "Puntos", std::int32_t{-4});
-    EXPECT_EQ(Currency::DeEntero(-4), objeto.Dev_SaldoPuntos());
-    guion->EsperaConsulta("SELECT Codigo FROM Clientes WHERE Cod_Empresa =3 AND Codigo =77");
-    EXPECT_FALSE(Hacer(objeto, "clsCliente::Existe", [&] { return objeto.Existe(); }));
+           "Puntos", -4);
+    EXPECT_EQ(Currency::DeEntero(-4), Hacer(objeto, suelto, [&] { return objeto.Dev_SaldoPuntos(); }));
+    for (const bool existe : {false, true}) {
+        guion->EsperaConsulta("SELECT Codigo FROM Clientes WHERE Cod_Empresa =3 AND Codigo =77", {"Codigo"},
+                              std::vector<ConexionGuion::Fila>(existe ? 1 : 0, {77}));
+        EXPECT_EQ(existe, Hacer(objeto, "clsCliente::Existe", [&] { return objeto.Existe(); }));
+    }
 }
 
 TEST_F(Cliente, Eliminar_SeDetieneEnLaPrimeraDependenciaOBorraTodo) {
@@ -195,16 +213,19 @@ TEST_F(Cliente, Eliminar_SeDetieneEnLaPrimeraDependenciaOBorraTodo) {
 }
 
 TEST_F(Cliente, Eliminar_FalloEnCadaPaso) {
-    const auto falla = [&](bool forzar) {
+    const auto falla = [&](bool forzar, bool tampoco = false) {
         guion->YFalla(547, "referencia");
         if (forzar) guion->EsperaRollbackTrans();
-        EsperarError(547, "", [&] { objeto.Eliminar(forzar); });
+        if (forzar && tampoco) guion->YFalla(3, "sin transacción");
+        EsperarError(547, "clsCliente::Eliminar", [&] { objeto.Eliminar(forzar); });
         guion->Terminar();
     };
     for (std::size_t paso = 0; paso <= std::size(kBorrados); ++paso) {
         EsperarBorrado(paso);
         falla(true);
     }
+    EsperarBorrado(2);
+    falla(true, true);  // The rollback fails too: what is told is the first failure.
     guion->EsperaConsulta(kSondas[0]);
     falla(false);
     guion->EsperaBeginTrans();

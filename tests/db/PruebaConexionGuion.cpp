@@ -27,10 +27,11 @@ Valor Llamar(Connection& conexion, const Parameter& parametro) {
 TEST(ConexionGuion, LoQueNoEsElGuion_Falla) {
     ConexionGuion guion;
     std::unique_ptr<Recordset> rs;
-    guion.EsperaConsulta("SELECT 1").cursor = CursorType::adOpenKeyset;
+    guion.EsperaConsulta("SELECT 1").cursor = 1;
     EXPECT_NONFATAL_FAILURE(EsperarError(-1, "ConexionGuion", [&] { AbrirLectura(rs, guion, "SELECT  1"); }),
                             "|SELECT  1|");
     EXPECT_NONFATAL_FAILURE(AbrirEdicion(rs, guion, "SELECT 1"), "LockType");
+    EXPECT_NONFATAL_FAILURE(rs.reset(), "sin cerrar");
     EXPECT_NONFATAL_FAILURE(EsperarError(-1, "", [&] { guion.Ejecutar("DELETE FROM T"); }), "inesperada");
     guion.EsperaEjecucion("B");
     EXPECT_NONFATAL_FAILURE(guion.EjecutarContando("B"), "afectados");

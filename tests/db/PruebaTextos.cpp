@@ -1,10 +1,16 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <cstdlib>
+#include <ctime>
+
+#include "db/Ado.h"
 #include "db/BibliotecaComun.h"
 #include "db/Nombres.h"
 #include "db/Tokens.h"
 #include "db/ValoresSql.h"
 #include "tests/comun/Errores.h"
+#include "tests/comun/FicheroTemporal.h"
 
 namespace kv::prueba {
 namespace {
@@ -28,6 +34,50 @@ TEST(ValoresSql, ConComaRegional_SoloElCurrencyPorOmisionLaLleva) {
                        SqlBooleanoAbsoluto(true), std::string(" b")));
     EXPECT_LT(dia, Biblioteca().Hoy());
     EXPECT_EQ(Currency::DeDouble(2.35), Biblioteca().Redondear(Currency::DeDouble(2.345), 2));
+}
+
+TEST(BibliotecaComun, HoyEsElDiaDeLaZonaLocal) {
+    const auto en = [](const char* zona) {
+        setenv("TZ", zona, 1);
+        tzset();
+        return BibliotecaComun().Hoy();
+    };
+    const Fecha enElOeste = en("AAA24");
+    EXPECT_EQ(enElOeste + 2, en("AAA-24"));
+    unsetenv("TZ");
+    tzset();
+}
+
+// Suites of this name run first: afterwards the process knows its separator.
+TEST(BibliotecaComunDeathTest, ElSeparadorEsElDelSistema) {
+    const CarpetaTemporal carpeta;
+    setenv("LOCPATH", carpeta.Fichero("").c_str(), 1);
+    if (std::system(("localedef -i es_ES -f UTF-8 " + carpeta.Fichero("es_ES.UTF-8")).c_str()) != 0)
+        GTEST_SKIP() << "no hay localedef o no conoce es_ES (paquete locales)";
+    for (const auto& [idioma, separador] : {std::pair("es_ES.UTF-8", ','), {"C", '.'}, {"xx_XX", '.'}}) {
+        setenv("LC_ALL", idioma, 1);
+        EXPECT_EXIT(_exit(Biblioteca().SeparadorDecimal()), testing::ExitedWithCode(separador), "") << idioma;
+    }
+    unsetenv("LC_ALL");
+    unsetenv("LOCPATH");
+}
+
+// Over COM they are all that a number means.
+TEST(Ado, CadaConstanteTieneElNumeroQueDocumenta) {
+    const auto son = [](auto... constantes) { return std::vector<int>{static_cast<int>(constantes)...}; };
+    using enum CursorType;
+    using enum LockType;
+    using enum DataType;
+    using enum ParameterDirection;
+    EXPECT_EQ((std::vector{0, 1, 2, 3}), son(adOpenForwardOnly, adOpenKeyset, adOpenDynamic, adOpenStatic));
+    EXPECT_EQ((std::vector{1, 2, 3, 4}),
+              son(adLockReadOnly, adLockPessimistic, adLockOptimistic, adLockBatchOptimistic));
+    EXPECT_EQ((std::vector{-1, 1, 2, 4}), son(CommandType::adOptionUnspecified, CommandType::adCmdText,
+                                              CommandType::adCmdTable, CommandType::adCmdStoredProc));
+    EXPECT_EQ((std::vector{2, 3, 4, 5, 6, 7, 11, 16, 200}),
+              son(adSmallInt, adInteger, adSingle, adDouble, adCurrency, adDate, adBoolean, adTinyInt, adVarChar));
+    EXPECT_EQ((std::vector{1, 2, 3, 4}), son(adParamInput, adParamOutput, adParamInputOutput, adParamReturnValue));
+    EXPECT_EQ((std::vector{0, 1}), son(ObjectState::adStateClosed, ObjectState::adStateOpen));
 }
 
 TEST(Identicos, VeCadaLetra) {

@@ -56,12 +56,11 @@ class Carga : public ConGuion<clsDatosArt> {
             " AND a.Codigo =1042",
             kColumnas, {fila});
     }
-    void Almacen() {
+    void Almacen(const Filas& filas = {{true, false, 7.5, 1.0, 2.0, 3.25}}) {
         guion->EsperaConsulta(
             "SELECT Bloqueo, BloqueoVenta, (Stock_Actual + Stock_MiniCompra) AS Stock, Pend_Servir, Pend_Recibir,"
             " P_Medio AS Costo FROM Almacen_Articulos WHERE Cod_Empresa =1 AND Cod_Almacen =6 AND Cod_Articulo =1042",
-            {"Bloqueo", "BloqueoVenta", "Stock", "Pend_Servir", "Pend_Recibir", "Costo"},
-            {{true, false, 7.5, 1.0, 2.0, 3.25}});
+            {"Bloqueo", "BloqueoVenta", "Stock", "Pend_Servir", "Pend_Recibir", "Costo"}, filas);
     }
 };
 
@@ -141,7 +140,7 @@ TEST_F(Carga, PrecioDeTarifa) {
     const std::string variante = "_C" + articulo + " AND CualidadX =38";
     const std::string tarifa = " AND Cod_Tarifa =3 AND Pvp <> 0";
     const std::string orden =
-        " AND Actualizado=1 AND Borrado=0  AND Fecha_Entrada<='06/03/2026' ORDER BY Fecha_Entrada DESC, Codigo DESC";
+        " AND Actualizado=1 AND Borrado=0  AND Fecha_Entrada<='18/04/2026' ORDER BY Fecha_Entrada DESC, Codigo DESC";
     const auto hay = [&](const std::string& sql, Filas filas = {{12.3456}}) {
         guion->EsperaConsulta(sql, {"Pvp"}, std::move(filas));
     };
@@ -156,25 +155,25 @@ TEST_F(Carga, PrecioDeTarifa) {
         return objeto.DevPvp(pedida, cuando, forzar).ADouble();
     };
     hay(vigente + articulo + tarifa);
-    EXPECT_EQ(12.3456, precio(0, dia, true)) << "hoy no mira adelante ni forzado";
+    EXPECT_EQ(12.3456, precio(0, hoy, true)) << "hoy no mira adelante ni forzado";
     EXPECT_EQ(3, objeto.TarifaPVP);
     hay(vigente + variante + tarifa);
-    EXPECT_EQ(12.3456, precio(38, dia, false)) << "variante";
+    EXPECT_EQ(12.3456, precio(38, hoy, false)) << "variante";
     hay(cambio + articulo + tarifa + orden);
-    EXPECT_EQ(12.3456, precio(0, dia + 1, true)) << "futura forzada";
+    EXPECT_EQ(12.3456, precio(0, hoy + 1, true)) << "futura forzada";
     interruptor({{true}});
     hay(cambio + variante + tarifa + orden);
-    EXPECT_EQ(12.3456, precio(38, dia + 1, false)) << "futura de una variante";
+    EXPECT_EQ(12.3456, precio(38, hoy + 1, false)) << "futura de una variante";
     interruptor({});
     hay(vigente + articulo + tarifa);
-    EXPECT_EQ(12.3456, precio(0, dia + 1, false)) << "empresa sin fila";
+    EXPECT_EQ(12.3456, precio(0, hoy + 1, false)) << "empresa sin fila";
     interruptor({{Nulo{}}});
-    EsperarError(kErrNulo, "KVDatosArt", [&] { precio(0, dia + 1, false); });
+    EsperarError(kErrNulo, "KVDatosArt", [&] { precio(0, hoy + 1, false); });
     hay(vigente + articulo + tarifa, {{Nulo{}}});
-    EsperarError(kErrNulo, "KVDatosArt", [&] { precio(0, dia, false); });
+    EsperarError(kErrNulo, "KVDatosArt", [&] { precio(0, hoy, false); });
     EXPECT_EQ(77, objeto.TarifaPVP);
     for (const std::int16_t ninguna : {std::int16_t{0}, std::int16_t{-1}})
-        EsperarError(kErrObjetoNoEstablecido, "KVDatosArt", [&] { precio(0, dia, false, ninguna); });
+        EsperarError(kErrObjetoNoEstablecido, "KVDatosArt", [&] { precio(0, hoy, false, ninguna); });
 }
 
 }  // namespace

@@ -31,23 +31,38 @@ class CargaReal : public testing::Test {
 TEST_F(CargaReal, ValoresEnElBorde) {
     struct Caso {
         const char* nombre;
-        const char* sql;
-        int articulo, cliente, estado;
-        double pvp, coste;
+        const char* sql = "";
+        int articulo = 103, cliente = 1, estado = 0;
+        double pvp = 59, coste = 31.25;
         std::int16_t decimales = 4;
         std::uint8_t x = 0, y = 0;
         bool ultimaCompra = false;
     };
     const Caso kCasos[] = {
-        {"sin decimales", "", 101, 1, 0, 90, 52.3456, 0},
-        {"tres decimales", "UPDATE Articulos_Tarifas SET Pvp =9.8765", 101, 1, 0, 9.877, 52.3456, 3},
-        {"stock negativo", "UPDATE Almacen_Articulos SET Stock_Actual =-1", 101, 1, 2, 89.95, 52.3456},
-        {"a coste, bloqueado", "UPDATE Almacen_Articulos SET Bloqueo =1", 101, 50, 0, 52.3456, 52.3456, 2},
-        {"a coste, sin stock", "UPDATE Almacen_Articulos SET Stock_Actual =0", 101, 50, 2, 52.3456, 52.3456, 2},
-        {"variante, coste negativo", "UPDATE Almacen_Articulos_C SET P_Medio =-1", 103, 1, 0, 59, 31.25, 2, 40, 1},
-        {"variante, última compra", "UPDATE Almacen_Articulos_C SET PU_Compra =9", 103, 1, 0, 59, 9, 2, 40, 1, true},
-        {"sin talla", "UPDATE Almacen_Articulos_C SET CualidadX =0 WHERE CualidadX =40", 103, 1, 0, 59, 31.25, 2, 0, 1},
-        {"sin color", "UPDATE Almacen_Articulos_C SET CualidadY =0 WHERE CualidadY =1", 103, 1, 0, 59, 31.25, 2, 40},
+        {.nombre = "sin decimales", .articulo = 101, .pvp = 90, .coste = 52.3456, .decimales = 0},
+        {.nombre = "tres decimales", .sql = "UPDATE Articulos_Tarifas SET Pvp =9.8765", .pvp = 9.877, .decimales = 3},
+        {.nombre = "stock negativo", .sql = "UPDATE Almacen_Articulos SET Stock_Actual =-1", .estado = 2},
+        {.nombre = "bloqueado solo para la venta", .sql = "UPDATE Almacen_Articulos SET BloqueoVenta =1"},
+        {.nombre = "a coste, bloqueado",
+         .sql = "UPDATE Almacen_Articulos SET Bloqueo =1, P_Medio =5.4321",
+         .cliente = 50,
+         .pvp = 5.4321,
+         .coste = 5.4321,
+         .decimales = 2},
+        {.nombre = "a coste, sin stock",
+         .sql = "UPDATE Almacen_Articulos SET Stock_Actual =0",
+         .cliente = 50,
+         .estado = 2,
+         .pvp = 31.25},
+        {.nombre = "coste negativo", .sql = "UPDATE Almacen_Articulos_C SET P_Medio =-1", .x = 40, .y = 1},
+        {.nombre = "última compra",
+         .sql = "UPDATE Almacen_Articulos_C SET PU_Compra =9",
+         .coste = 9,
+         .x = 40,
+         .y = 1,
+         .ultimaCompra = true},
+        {.nombre = "sin talla", .sql = "UPDATE Almacen_Articulos_C SET CualidadX =0 WHERE CualidadX =40", .y = 1},
+        {.nombre = "sin color", .sql = "UPDATE Almacen_Articulos_C SET CualidadY =0 WHERE CualidadY =1", .x = 40},
     };
     for (const Caso& caso : kCasos) {
         SCOPED_TRACE(caso.nombre);
@@ -66,13 +81,18 @@ TEST_F(CargaReal, ValoresEnElBorde) {
     }
 }
 
-TEST_F(CargaReal, SinFilaEnElAlmacen_LosBloqueosQuedan) {
+TEST_F(CargaReal, SinFilaEnElAlmacen_BloqueosYPendientesQuedan) {
     clsDatosArt a;
     Conectar(a);
-    a.Bloqueado = true;
+    a.Bloqueado = a.BloqueadoVenta = true;
+    a.PendienteServir = Currency::DeEntero(8);
+    a.PendienteRecibir = Currency::DeEntero(9);
     EXPECT_EQ(2, a.Cargar(103, 1, kHoy, 1, 9, 2));
     empresa->venderSinStock = true;
     EXPECT_EQ(3, a.Cargar(103, 1, kHoy, 1, 9, 2));
+    EXPECT_TRUE(a.BloqueadoVenta);
+    EXPECT_EQ(Currency::DeEntero(8), a.PendienteServir);
+    EXPECT_EQ(Currency::DeEntero(9), a.PendienteRecibir);
 }
 
 TEST_F(CargaReal, FinTemprano_SueltaAlClienteYNoTocaLoQueSigue) {
@@ -107,26 +127,63 @@ TEST_F(CargaReal, ParametrosDeLaEmpresa_SePidenEnOrden) {
     }
 }
 
+// The parent as a load of its own would be: for the same customer, day, tariff, warehouse, decimals and units.
 TEST_F(CargaReal, Padre_SeCargaUnaVezAlLeerlo) {
+    base->Ejecutar(
+        "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo, P_Medio) VALUES (1, 7, 119, 5.4321)");
+    base->Ejecutar("UPDATE Clientes SET Grupo_Dto =77 WHERE Codigo =3");
+    base->Ejecutar(
+        "INSERT INTO Clientes_Grp_Descuentos_Fam (Cod_Empresa, Cod_Grupo, Nivel, Familia_1, Familia_2, Familia_3,"
+        " Cod_Articulo, Unidades_Min, Unidades_Max, Descuento) VALUES (1, 77, 4, 5, 1, 3, 119, 6, 6, 12.5)");
+    const auto cargar = [&](clsDatosArt& articulo, int codigo, std::int16_t tarifa) {
+        articulo.Cargar(codigo, 3, kHoy + -40, tarifa, 7, 3, Currency::DeEntero(6));
+    };
     clsDatosArt a;
-    Conectar(a);
-    a.Cargar(118, 1, kHoy, -1, 1, 2);
-    EXPECT_EQ(8U, conexion->textos.size()) << "el padre espera a que se lea";
-    const auto padre = a.padre();
-    EXPECT_EQ(119, padre->Codigo);
-    EXPECT_EQ(52.8, padre->Pvp);  // At cost too, from the same warehouse.
-    conexion->textos.clear();
-    EXPECT_EQ(padre, a.padre());
-    EXPECT_TRUE(conexion->textos.empty());
-    EXPECT_EQ(nullptr, padre->padre());
-    a.Cargar(118, 1, kHoy, 1, 1, 2);
-    EXPECT_NE(padre, a.padre());
+    clsDatosArt solo;
+    Conectar(solo);
+    for (const std::int16_t tarifa : {std::int16_t{3}, std::int16_t{-1}}) {
+        conexion->textos.clear();
+        cargar(solo, 119, tarifa);
+        const std::vector<std::string> suyos = conexion->textos;
+        Conectar(a);
+        cargar(a, 118, tarifa);
+        EXPECT_EQ(suyos.size(), conexion->textos.size()) << "el padre espera a que se lea";
+        conexion->textos.clear();
+        const auto padre = a.padre();
+        EXPECT_EQ(119, padre->Codigo);
+        EXPECT_EQ(tarifa < 0 ? 5.432 : solo.Pvp, padre->Pvp);
+        EXPECT_EQ(12.5F, padre->PDescuento);
+        EXPECT_EQ(suyos, conexion->textos);
+        EXPECT_EQ(padre, a.padre());
+        EXPECT_EQ(suyos.size(), conexion->textos.size());
+        EXPECT_EQ(nullptr, padre->padre());
+        Conectar(solo);
+    }
+    const auto antes = a.padre();
+    cargar(a, 118, 3);
+    EXPECT_NE(antes, a.padre());
     const auto otro = std::make_shared<clsDatosArt>();
     otro->Codigo = 5;
     a.padre(otro);
     EXPECT_EQ(119, a.padre()->Codigo);
-    a.Cargar(101, 1, kHoy, 1, 1, 2);
-    EXPECT_EQ(nullptr, a.padre());
+    cargar(a, 999999, 3);
+    EXPECT_EQ(nullptr, a.padre()) << "el artículo siguiente no existe";
+    cargar(a, 118, 3);
+    Conectar(a, 1);
+    EXPECT_THROW(cargar(a, 118, 3), RuntimeError);
+    EXPECT_EQ(nullptr, a.padre()) << "la carga siguiente falla";
+}
+
+// A context of the host's own may fail at any of its members.
+struct EmpresaQueFalla : EmpresaFija {
+    std::int16_t CodEmpresaExtra() const override { LanzarError(kErrTipo, "sin empresa extra"); }
+};
+
+TEST_F(CargaReal, EmpresaExtra_SePideEnCadaCarga) {
+    empresa = std::make_shared<EmpresaQueFalla>();
+    clsDatosArt a;
+    Conectar(a);
+    EsperarError(kErrTipo, "KVDatosArt", [&] { a.Cargar(101, 1, kHoy, 1, 1, 2); });
 }
 
 // The load of a customer four levels below the top of a chain, with each of its statements failing in its turn.

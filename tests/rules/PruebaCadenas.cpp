@@ -12,37 +12,42 @@ Currency C(double valor) {
 
 struct Dto {
     int tipo = 0;
-    double importe = 0, cantidad = 0;
+    Valor importe = 0;
+    double cantidad = 0;
     bool cascada = false;
     Valor desde = Fecha::DeAmd(1900, 1, 1), hasta = kSiempre;
 };
+
+// What is found of a node: an agreement with a last day, one without, none.
+enum class Hay : std::uint8_t { ConFinal, SinFinal, Nada };
 
 struct Nodo {
     Valor dtoPadre = false;
     std::vector<Dto> dtos = {};
     double base = 0;
-    bool abierto = false;  // its agreement has no last day
+    Hay hay = Hay::ConFinal;
+    Valor salida = kSiempre;
 };
 
+using Niveles = std::array<int, 10>;
+constexpr Niveles kDiez = {11, 12, 13, 14, 15, 16, 17, 18, 19, 20};
+
 const auto kColumnas = Palabras(
-    "FechaEntrada FechaSalida PBase Dto_Padre Cod_Nivel1 Cod_Nivel2 Cod_Nivel3 Cod_Nivel4 Cod_Nivel5 Cod_Nivel6"
-    " Cod_Nivel7 Cod_Nivel8 Cod_Nivel9 Cod_Nivel10 TDto1 ImporteDto1 CantidadDto1 Aplicar_Cascada1 FechaEntrada1"
+    "Cod_Nivel1 Cod_Nivel2 Cod_Nivel3 Cod_Nivel4 Cod_Nivel5 Cod_Nivel6 Cod_Nivel7 Cod_Nivel8 Cod_Nivel9 Cod_Nivel10"
+    " FechaEntrada FechaSalida PBase Dto_Padre TDto1 ImporteDto1 CantidadDto1 Aplicar_Cascada1 FechaEntrada1"
     " FechaSalida1 TDto2 ImporteDto2 CantidadDto2 Aplicar_Cascada2 FechaEntrada2 FechaSalida2 TDto3 ImporteDto3"
     " CantidadDto3 Aplicar_Cascada3 FechaEntrada3 FechaSalida3 TDto4 ImporteDto4 CantidadDto4 Aplicar_Cascada4"
     " FechaEntrada4 FechaSalida4 TDto5 ImporteDto5 CantidadDto5 Aplicar_Cascada5 FechaEntrada5 FechaSalida5");
 
-// The row is that of the node 1.2.
-ConexionGuion::Fila Fila(Nodo nodo) {
-    ConexionGuion::Fila fila = {Fecha::DeAmd(2025, 1, 1), kSiempre, nodo.base, nodo.dtoPadre, 1, 2};
-    fila.resize(14, 0);
+// A node's first day tells its last level.
+ConexionGuion::Fila Fila(Nodo nodo, const Niveles& niveles) {
+    ConexionGuion::Fila fila(niveles.begin(), niveles.end());
+    fila.insert(fila.end(), {Fecha::DeAmd(2025, 1, 1) + niveles[1], nodo.salida, nodo.base, nodo.dtoPadre});
     nodo.dtos.resize(5);
     for (const Dto& d : nodo.dtos)
         fila.insert(fila.end(), {d.tipo, d.importe, d.cantidad, d.cascada, d.desde, d.hasta});
     return fila;
 }
-
-using Niveles = std::array<int, 10>;
-constexpr Niveles kDiez = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
 
 std::string Condicion(const Niveles& niveles) {
     std::string sql;
@@ -53,7 +58,7 @@ std::string Condicion(const Niveles& niveles) {
 
 std::string Texto(const Niveles& niveles, bool conFinal) {
     return "SELECT TOP 1 a.* FROM Clientes_Cadenas_ConvArt a WHERE a.Cod_Empresa = 1 AND a.Cod_Articulo = 1042" +
-           Condicion(niveles) + " AND a.FechaEntrada <='05/03/2026' AND a.FechaSalida >='05/03/2026'" +
+           Condicion(niveles) + " AND a.FechaEntrada <='d05/03/2026' AND a.FechaSalida >='d05/03/2026'" +
            (conFinal ? " AND a.FechaSalida < '31/12/2050'" : "") + " ORDER BY a.FechaEntrada DESC";
 }
 
@@ -61,24 +66,26 @@ class Cadenas : public ConGuion<clsClientes_Cadenas_ConvArt> {
   protected:
     Cadenas() {
         objeto.Cod_Articulo = 1042;
-        objeto.Cod_Nivel1 = 1;
-        objeto.Cod_Nivel2 = 2;
+        Situar({11, 12});
         objeto.PrecioBase = C(100);
     }
-    void DiezNiveles() {
-        std::int16_t nivel = 0;
+    void Situar(const Niveles& niveles) {
+        auto nivel = niveles.begin();
         for (std::int16_t* codigo :
              {&objeto.Cod_Nivel1, &objeto.Cod_Nivel2, &objeto.Cod_Nivel3, &objeto.Cod_Nivel4, &objeto.Cod_Nivel5,
               &objeto.Cod_Nivel6, &objeto.Cod_Nivel7, &objeto.Cod_Nivel8, &objeto.Cod_Nivel9, &objeto.Cod_Nivel10})
-            *codigo = ++nivel;
+            *codigo = static_cast<std::int16_t>(*nivel++);
     }
-    // The queries of the node 1.2 and of its parent, as far as the list goes.
-    void Esperar(const std::vector<Nodo>& nodos) {
-        Niveles niveles = {1, 2};
+    // The queries of a node and of those above it, as far as the list goes; the one of a level that is 0 comes twice.
+    void Esperar(const std::vector<Nodo>& nodos, Niveles niveles = {11, 12}, std::size_t masProfundo = 1) {
         for (const Nodo& nodo : nodos) {
-            if (nodo.abierto) guion->EsperaConsulta(Texto(niveles, true));
-            guion->EsperaConsulta(Texto(niveles, !nodo.abierto), kColumnas, {Fila(nodo)});
-            niveles[1] = 0;
+            const std::vector<ConexionGuion::Fila> filas = {Fila(nodo, niveles)};
+            if (nodo.hay != Hay::ConFinal) guion->EsperaConsulta(Texto(niveles, true));
+            if (nodo.hay == Hay::Nada)
+                guion->EsperaConsulta(Texto(niveles, false));
+            else
+                guion->EsperaConsulta(Texto(niveles, nodo.hay == Hay::ConFinal), kColumnas, filas);
+            niveles[masProfundo--] = 0;
         }
     }
 };
@@ -101,16 +108,19 @@ TEST_F(Cadenas, Neto_DeArribaAbajoYDentroDelNodoDel1Al5) {
     const struct {
         const char* nombre;
         std::vector<Nodo> nodos;
-        double neto;
-        double base = 100;
+        double neto, base = 100;
+        std::int16_t decimales = 2;
     } kCasos[] = {
         // 100 - 10 = 90; - 5 = 85; - 8.5 = 76.5; - 10 = 66.5
-        {"las clases", {{true, {{0, 10, 0, true}, {0, 10}}, 0, true}, {true, {{0, 10, 0, true}, {1, 5}}}}, 66.5},
+        {"las clases",
+         {{true, {{0, 10, 0, true}, {0, 10}}, 0, Hay::SinFinal}, {true, {{0, 10, 0, true}, {1, 5}}}},
+         66.5},
         {"Dto_Padre nulo no detiene", {{Nulo{}, {{1, 1}}}, {false, {{1, 2}}}}, 97},
         {"primer y último día", {{false, {{1, 1, 0, false, dia, dia}}}}, 99},
         {"aún no", {{false, {{1, 1, 0, false, despues, kSiempre}}}}, 100},
         {"ya no", {{false, {{1, 1, 0, false, antes, antes}}}}, 100},
         {"importe 0", {{false, {{2, 0, -2}}}}, 100},
+        {"importe nulo", {{false, {{1, Nulo{}}}}}, 100},
         {"importe negativo", {{false, {{1, -1}}}}, 101},
         {"entrada nula", {{false, {{1, 1, 0, false, Nulo{}, kSiempre}}}}, 100},
         {"salida nula", {{false, {{1, 1, 0, false, antes, Nulo{}}}}}, 100},
@@ -118,15 +128,29 @@ TEST_F(Cadenas, Neto_DeArribaAbajoYDentroDelNodoDel1Al5) {
         // 19.99 - 1.50 = 18.49; - 1.39 = 17.10; x 2 / 3 = 11.40
         {"redondeo en cada paso", {{false, {{0, 7.5, 0, true}, {0, 7.5, 0, true}, {2, 2, 1}}}}, 11.4, 19.99},
         {"centésimas", {{false, {{0, 10, 0, true}, {0, 10, 0, true}, {0, 10, 0, true}}}}, 0.76, 1.05},
+        {"importes", {{false, {{1, 1.235}, {1, 1.235}}}}, 7.52, 10},
+        {"ofertas", {{false, {{2, 2, 1}, {2, 2, 1}}}}, 4.45, 10},
         {"bajo cero", {{false, {{1, 50}}}}, -20, 30},
+        // 19.99 - 1.499 = 18.491; - 1.387 = 17.104; - 0
+        {"tres decimales", {{false, {{0, 7.5, 0, true}, {0, 7.5, 0, true}, {1, 0.0004}}}}, 17.104, 19.99, 3},
+        {"base de cuatro", {{false, {{1, 1}}}}, 9.235, 10.2345, 3},
     };
     for (const auto& caso : kCasos) {
         SCOPED_TRACE(caso.nombre);
         objeto.PrecioBase = C(caso.base);
+        empresa->decPrecios = caso.decimales;
         Esperar(caso.nodos);
         EXPECT_EQ(C(caso.neto), objeto.Dev_Neto(dia));
         guion->Terminar();
     }
+    objeto.PrecioBase = C(100);
+    Situar({11, 0, 13});
+    Esperar({{true, {{1, 4}}}, {true, {{1, 2}}}, {true, {{1, 1}}}}, {11, 0, 13}, 2);
+    EXPECT_EQ(C(93), objeto.Dev_Neto(dia)) << "el nodo 11 se visita dos veces";
+    biblioteca.masAlRedondear = C(10);
+    Situar({11, 12});
+    Esperar({{false, {{0, 10}}}});
+    EXPECT_EQ(C(90), objeto.Dev_Neto(dia)) << "redondea la rutina común";
     Esperar({{false, {{2, 2, -2}}}});
     EsperarError(kErrDivisionPorCero, "", [&] { objeto.Dev_Neto(dia); });
     objeto.PrecioBase = C(900000000000);
@@ -134,18 +158,26 @@ TEST_F(Cadenas, Neto_DeArribaAbajoYDentroDelNodoDel1Al5) {
     EsperarError(kErrDesbordamiento, "KVDatosArt", [&] { objeto.Dev_Neto(dia); });
 }
 
+// Path and days are those of the last agreement that was found, with a base price or without.
 TEST_F(Cadenas, PrecioBase_ElPrimerNodoQueLoTiene) {
-    std::string camino;
-    Fecha entrada;
-    Valor salida;
-    Esperar({{false}, {false, {}, 9.5, true}});
-    const auto base = [&] { return objeto.Devuelve_PBase(camino, entrada, salida, dia); };
-    EXPECT_EQ(C(9.5), Hacer(objeto, "clsClientes_Cadenas_ConvArt::Dev_PBase", base));
-    EXPECT_EQ("001 002", camino);
-    EXPECT_EQ(Fecha::DeAmd(2025, 1, 1), entrada);
-    EXPECT_EQ(Valor(kSiempre), salida);
+    const auto base = [&](double precio, const char* camino, int ultimoNivel, const Valor& salida) {
+        std::string camino_;
+        Fecha entrada;
+        Valor salida_;
+        EXPECT_EQ(C(precio), Hacer(objeto, "clsClientes_Cadenas_ConvArt::Dev_PBase",
+                                   [&] { return objeto.Devuelve_PBase(camino_, entrada, salida_, dia); }));
+        EXPECT_EQ(camino, camino_);
+        EXPECT_EQ(Fecha::DeAmd(2025, 1, 1) + ultimoNivel, entrada);
+        EXPECT_EQ(salida, salida_);
+    };
+    Esperar({{false, {}, 0, Hay::ConFinal, dia}, {false, {}, 9.5, Hay::SinFinal}});
+    base(9.5, "011", 0, kSiempre);
     Esperar({{false, {}, 3}});
-    EXPECT_EQ(C(3), base());
+    base(3, "011 012", 12, kSiempre);
+    Esperar({{false, {}, 0, Hay::ConFinal, Nulo{}}, {false, {}, 8, Hay::Nada}});
+    base(0, "011 012", 12, Nulo{});
+    guion->EsperaConsulta(Texto({11, 12}, true), kColumnas, {Fila({false, {}, 7}, {-5, 1234, 0, 7})});
+    base(7, "-005 1234 007", 1234, kSiempre);
 }
 
 // What a listener hears: the days of the agreement that was found, and each discount, one of an unknown kind too.
@@ -193,22 +225,25 @@ TEST_F(Cadenas, Oyente_LosDiasDelAcuerdoHalladoYCadaDescuento) {
 
 TEST_F(Cadenas, TextoTotal_CadaClase) {
     empresa->decPrecios = 3;
-    Esperar({{false, {{0, 7.125}, {1, 1.5}, {2, 5, 1}, {9, 1}}}});
-    EXPECT_EQ("PB: 100  DTOS: 7,13% E1,500 M5,1", objeto.Dev_CadenaConvenio_Total(dia));
-    Esperar({{false, {{9, 1}}}});
+    objeto.PrecioBase = C(100.1235);
     const auto texto = [&] { return objeto.Dev_CadenaConvenio_Total(dia); };
-    EXPECT_EQ("PB: 100  DTOS:", Hacer(objeto, "clsClientes_Cadenas_ConvArt::Dev_Descuentos", texto));
+    Esperar({{false, {{0, 7.125}, {1, 1.2345}, {2, 4.5, 0.5}, {9, 1}}}});
+    EXPECT_EQ("PB: 100,124  DTOS: p7,13% Ep1,235 M5,1", texto());
+    Esperar({{false, {{9, 1}}}});
+    EXPECT_EQ("PB: 100,124  DTOS:", Hacer(objeto, "clsClientes_Cadenas_ConvArt::Dev_Descuentos", texto));
+    biblioteca.masAlRedondear = C(70);
+    Esperar({{false, {{0, 7}, {1, 1}, {2, 4, 3}}}});
+    EXPECT_EQ("PB: 170,124  DTOS: p77,00% Ep71,000 M74,73", texto());
 }
 
 TEST_F(Cadenas, TextoDelNodo_ConSusBlancosYSuRareza) {
-    DiezNiveles();
-    empresa->decPrecios = 3;
+    Situar(kDiez);
     const std::string cabeza =
         "SELECT p.*, a.TipoImpuesto FROM Clientes_Cadenas_ConvArt p INNER JOIN Articulos a ON"
         " (a.codigo = p.Cod_Articulo AND a.Cod_Empresa = 2) WHERE p.Cod_Empresa = 1 AND p.Cod_Articulo = 1042"
-        " AND p.Cod_Nivel1 = 1 AND p.Cod_Nivel2 = 2 AND p.Cod_Nivel3= 3 AND p.Cod_Nivel4= 4 AND p.Cod_Nivel5= 5"
-        " AND p.Cod_Nivel6= 6 AND p.Cod_Nivel7= 7 AND p.Cod_Nivel8= 8 AND p.Cod_Nivel9= 9 AND p.Cod_Nivel10 = 10"
-        " AND p.FechaEntrada <='05/03/2026' AND p.FechaSalida >='05/03/2026'";
+        " AND p.Cod_Nivel1 = 11 AND p.Cod_Nivel2 = 12 AND p.Cod_Nivel3= 13 AND p.Cod_Nivel4= 14 AND p.Cod_Nivel5= 15"
+        " AND p.Cod_Nivel6= 16 AND p.Cod_Nivel7= 17 AND p.Cod_Nivel8= 18 AND p.Cod_Nivel9= 19 AND p.Cod_Nivel10 = 20"
+        " AND p.FechaEntrada <='d05/03/2026' AND p.FechaSalida >='d05/03/2026'";
     const std::string conFinal = cabeza + " AND p.FechaSalida < '31/12/2050' ORDER BY p.FechaEntrada DESC";
     const std::string sinFinal = cabeza + " ORDER BY p.FechaEntrada DESC";
     guion->EsperaConsulta(conFinal);
@@ -217,11 +252,14 @@ TEST_F(Cadenas, TextoDelNodo_ConSusBlancosYSuRareza) {
     EXPECT_EQ("", Hacer(objeto, "clsClientes_Cadenas_ConvArt::Dev_CadenaConvenio_Nivel", texto));
     EXPECT_EQ(Fecha(), objeto.FechaSalida);
     guion->EsperaConsulta(conFinal);
-    guion->EsperaConsulta(sinFinal, kColumnas, {Fila({false, {{0, 7.5}, {1, 1.25}, {2, 2, 1}}})});
-    EXPECT_EQ("DTOS: 7,50% E1,25 M2,1  NADS", texto());
+    guion->EsperaConsulta(sinFinal, kColumnas, {Fila({false, {{0, 7.125}, {1, 1.25}, {2, 1.5, 0.5}}}, kDiez)});
+    EXPECT_EQ("DTOS: p7,13% Ep1,3 M2,1  NADS", texto());
+    EXPECT_EQ(Fecha::DeAmd(2025, 1, 1) + 12, objeto.FechaEntrada);
     EXPECT_EQ(kSiempre, objeto.FechaSalida);
-    guion->EsperaConsulta(conFinal, kColumnas, {Fila({Nulo{}, {{9, 1}, {0, 2}}})});
-    EXPECT_EQ("2,00%", texto());
+    guion->EsperaConsulta(conFinal, kColumnas, {Fila({Nulo{}, {{9, 1}, {0, 2}}}, kDiez)});
+    EXPECT_EQ("p2,00%", texto());
+    guion->EsperaConsulta(conFinal, kColumnas, {Fila({true, {{0, 0}, {1, 2}, {0, 3}}}, kDiez)});
+    EXPECT_EQ("DTOS: Ep2,0 p3,00%", texto());
 }
 
 // Says one decimal more each time.
@@ -238,30 +276,35 @@ TEST_F(Cadenas, TextoTotal_PideLosDecimalesCadaVez) {
 
 // What is loaded is inserted; what is then set is updated.
 TEST_F(Cadenas, Mantenimiento_CadaNivelYCasillaEnSuSitio) {
-    DiezNiveles();
-    guion->EsperaConsulta(Texto(kDiez, true), kColumnas, {Fila({false, {{1, 1}}})});
+    Situar(kDiez);
+    guion->EsperaConsulta(Texto(kDiez, true), kColumnas, {Fila({false, {{1, 1}}}, kDiez)});
     EXPECT_EQ(C(99),
               Hacer(objeto, "clsClientes_Cadenas_ConvArt::Dev_Descuentos", [&] { return objeto.Dev_Neto(dia); }));
     const std::string clave = " WHERE Cod_Empresa =1" + Condicion(kDiez) + " AND Cod_Articulo =1042";
-    const std::string cargar = "SELECT * FROM Clientes_Cadenas_ConvArt" + clave + " AND FechaEntrada ='05/03/2026'";
+    const std::string cargar = "SELECT * FROM Clientes_Cadenas_ConvArt" + clave + " AND FechaEntrada ='d05/03/2026'";
     const auto leer = [&](std::vector<ConexionGuion::Fila> filas) {
         objeto.FechaEntrada = dia;
         guion->EsperaConsulta(cargar, kColumnas, std::move(filas));
         EXPECT_FALSE(Hacer(objeto, "KVDatosArt", [&] { return objeto.Cargar(); }));
     };
-    Nodo nodo = {true};
+    Nodo nodo = {true, {}, 9.5, Hay::ConFinal, dia + 90};
     for (int i = 0; i < 5; ++i) nodo.dtos.push_back({20 + i, 30.5 + i, 40.5 + i, i % 3 == 1, dia + i, dia + 10 + i});
-    leer({Fila(nodo)});
+    leer({Fila(nodo, kDiez)});
+    EXPECT_EQ(Fecha::DeAmd(2025, 1, 1) + 12, objeto.FechaEntrada);
+    EXPECT_EQ(dia + 90, objeto.FechaSalida);
+    EXPECT_EQ(C(100), objeto.PrecioBase) << "el precio del acuerdo no se lee";
     leer({});
-    objeto.Nivel = 2;
+    EXPECT_EQ(dia, objeto.FechaEntrada);
+    objeto.Nivel = 6;
     guion->EsperaEjecucion(
         "INSERT INTO Clientes_Cadenas_ConvArt (Cod_Empresa, Cod_Articulo, Cod_Nivel1, Cod_Nivel2, Cod_Nivel3,"
         " Cod_Nivel4, Cod_Nivel5, Cod_Nivel6, Cod_Nivel7, Cod_Nivel8, Cod_Nivel9, Cod_Nivel10,"
         " TDto1, ImporteDto1, CantidadDto1, Aplicar_Cascada1, TDto2, ImporteDto2, CantidadDto2, Aplicar_Cascada2,"
         " TDto3, ImporteDto3, CantidadDto3, Aplicar_Cascada3, TDto4, ImporteDto4, CantidadDto4, Aplicar_Cascada4,"
-        " TDto5, ImporteDto5, CantidadDto5, Aplicar_Cascada5, Dto_Padre, Nivel, Enviado) VALUES (1, 1042, 1, 2, 3, 4,"
-        " 5, 6, 7, 8, 9, 10, 20, 30.5, 40, 0, 21, 31.5, 42, -1, 22, 32.5, 42, 0, 23, 33.5, 44, 0, 24, 34.5, 44, -1,"
-        " -1, 2, 0)");
+        " TDto5, ImporteDto5, CantidadDto5, Aplicar_Cascada5, Dto_Padre, Nivel, Enviado) VALUES (1, 1042, 11, 12, 13,"
+        " 14, 15, 16, 17, 18, 19, 20, 20, 30.5, 40, 0, 21, 31.5, 42, -1, 22, 32.5, 42, 0, 23, 33.5, 44, 0, 24, 34.5, "
+        "44, -1,"
+        " -1, 6, 0)");
     Hacer(objeto, "clsClientes_Cadenas_ConvArt::Insertar", [&] { objeto.Insertar(); });
     for (std::int16_t i = 0; i < 5; ++i) {
         EXPECT_EQ(dia + i, objeto.FechaDtoI(i));
@@ -282,7 +325,7 @@ TEST_F(Cadenas, Mantenimiento_CadaNivelYCasillaEnSuSitio) {
     guion->EsperaEjecucion("DELETE FROM Clientes_Cadenas_ConvArt" + clave);
     Hacer(objeto, "clsClientes_Cadenas_ConvArt::Eliminar", [&] { objeto.Eliminar(); });
     nodo.dtos[0].cantidad = 40000;
-    EsperarError(kErrDesbordamiento, "", [&] { leer({Fila(nodo)}); });
+    EsperarError(kErrDesbordamiento, "", [&] { leer({Fila(nodo, kDiez)}); });
     for (const std::int16_t mala : {std::int16_t{-1}, std::int16_t{5}}) {
         EsperarError(kErrSubindice, "", [&] { (void)objeto.TipoDto(mala); });
         EsperarError(kErrSubindice, "", [&] { objeto.ImporteDto(mala, Currency()); });

@@ -16,7 +16,7 @@ class Descuentos : public ConGuion<clsCliente_Grp_Dtos> {
         familia.Conexion(guion);
         familia.cEmpresa(empresa);
         familia.Cliente = 77;
-        familia.Tipo_Descuento = 1;
+        familia.Tipo_Descuento = 8;
         Rellenar(familia);
         objeto.Cod_Grupo = 9;
         objeto.Unidades_Min = Currency::DeDouble(1.5);
@@ -37,16 +37,16 @@ class Descuentos : public ConGuion<clsCliente_Grp_Dtos> {
     void Listar(Clase& o, const std::string& todos, const std::string& origen, const std::string& clase,
                 const std::string& y) {
         auto& paso = guion->EsperaConsulta(todos);
-        paso.cursor = CursorType::adOpenKeyset;
-        paso.bloqueo = LockType::adLockPessimistic;
-        Hacer(o, origen + "::Cargar_Todos", [&] { o.Cargar_Todos(); });
+        paso.cursor = 1;   // keyset
+        paso.bloqueo = 2;  // pessimistic
+        Hacer(o, origen + "::Cargar_Todos", [&] { o.Cargar_Todos()->Close(); });
         const std::string articulos = " SELECT Codigo, Descripcion From Articulos Where  Familia_1 = 5";
         guion->EsperaConsulta(articulos + " And Cod_Empresa = 1");
-        o.Cargar_Articulos(5, 0, 0);
+        o.Cargar_Articulos(5, 0, 0)->Close();
         guion->EsperaConsulta(articulos + y + "Familia_2 = 6 And Cod_Empresa = 1");
-        o.Cargar_Articulos(5, 6, 0);
+        o.Cargar_Articulos(5, 6, 0)->Close();
         guion->EsperaConsulta(articulos + y + "Familia_3 = 7 And Cod_Empresa = 1");
-        Hacer(o, clase + "::Cargar_Articulos", [&] { o.Cargar_Articulos(5, 0, 7); });
+        Hacer(o, clase + "::Cargar_Articulos", [&] { o.Cargar_Articulos(5, 0, 7)->Close(); });
     }
 
     clsCliente_DtosFamilias familia;
@@ -57,8 +57,16 @@ const std::string kClave = " and Cod_Empresa = 1 and Familia_1 =5 and Familia_2 
 const std::string kClaveCambio = " AND Cod_Empresa = 1 AND Familia_1 =5 AND Familia_2 =6 AND Familia_3 =7 AND Cod_";
 
 TEST_F(Descuentos, Escrituras_DeFamiliaYDeArticulo) {
-    const auto marca = [&](const std::string& grupo) {
+    // What a group writes marks its header, unless it fails.
+    const auto escribir = [&](const std::string& metodo, const std::string& sql, auto accion,
+                              const std::string& grupo) {
+        const std::string origen = "clsCliente_Grp_Dtos::" + metodo;
+        guion->EsperaEjecucion(sql);
+        guion->YFalla(547, "referencia");
+        EsperarError(547, origen, accion);
+        guion->EsperaEjecucion(sql);
         guion->EsperaEjecucion("UPDATE Clientes_Grp_Descuentos SET Act = 0 WHERE Cod_Empresa =1 AND Codigo =" + grupo);
+        Hacer(objeto, origen, accion);
     };
     for (const bool articulo : {false, true}) {
         familia.Nivel = objeto.Nivel = articulo ? 4 : 3;
@@ -66,37 +74,37 @@ TEST_F(Descuentos, Escrituras_DeFamiliaYDeArticulo) {
         const std::string nivel = articulo ? "Cod_Articulo = 1042 AND Nivel = 4" : "Nivel = 3";
         const std::string borrado = articulo ? "(Cod_Articulo = 1042 " : "( ";
         const std::string codigo = articulo ? ",1042" : ",0";
-        const std::string dto = articulo ? "0" : "2.5";
+        const std::string dto = articulo ? "n0" : "n2.5";
         guion->EsperaEjecucion(
             " INSERT INTO Descuentos_Familias (Codigo,Nivel,Cod_Empresa,Cod_Cliente, Descuento, Tipo_Descuento,"
             " Cod_Articulo, Familia_1, Familia_2, Familia_3)  VALUES (0," +
-            std::string(articulo ? "4" : "3") + ",1,77," + dto + ",1" + codigo + ",5,6,7)");
+            std::string(articulo ? "4" : "3") + ",1,77," + dto + ",8" + codigo + ",5,6,7)");
         Hacer(familia, "clsDescuentos_Familia::Insertar", [&] { familia.Insertar(); });
         guion->EsperaEjecucion(" DELETE FROM Descuentos_Familias WHERE " + borrado +
                                (articulo ? "and Nivel = 4" : "Nivel = 3") + kClave + "Cliente = 77)");
         Hacer(familia, "clsDescuentos_Familia::Borrar", [&] { familia.Eliminar(); });
-        guion->EsperaEjecucion(" UPDATE Descuentos_Familias SET Descuento = " + dto + ", Tipo_Descuento = 1 WHERE (" +
+        guion->EsperaEjecucion(" UPDATE Descuentos_Familias SET Descuento = " + dto + ", Tipo_Descuento = 8 WHERE (" +
                                nivel + kClaveCambio + "Cliente = 77)");
         Hacer(familia, "clsDescuentos_Familia::Borrar", [&] { familia.Modificar(); });
-        guion->EsperaEjecucion(
+        escribir(
+            "Insertar",
             std::string(" INSERT INTO Clientes_Grp_Descuentos_Fam (Nivel,Cod_Empresa,Cod_Grupo,") +
-            (articulo ? "" : " ") +
-            " Descuento, Cod_Articulo, Familia_1, Familia_2, Familia_3, Unidades_Min, Unidades_Max)  VALUES (" +
-            (articulo ? "4" : "3") + ",1,9," + dto + codigo + ",5,6,7,1.5,10)");
-        marca(" 9");
-        Hacer(objeto, "clsCliente_Grp_Dtos::Insertar", [&] { objeto.Insertar(); });
-        guion->EsperaEjecucion(
+                (articulo ? "" : " ") +
+                " Descuento, Cod_Articulo, Familia_1, Familia_2, Familia_3, Unidades_Min, Unidades_Max)  VALUES (" +
+                (articulo ? "4" : "3") + ",1,9," + dto + codigo + ",5,6,7,n1.5,n10)",
+            [&] { objeto.Insertar(); }, " 9");
+        escribir(
+            "Borrar",
             " DELETE FROM Clientes_Grp_Descuentos_Fam WHERE " + borrado + (articulo ? "AND Nivel = 4" : "Nivel = 3") +
-            " and Cod_Empresa = 1 AND Familia_1 =5 and Familia_2 =6 AND Familia_3 =7 AND Cod_Grupo = 9"
-            " AND Unidades_Min = 1.5 AND Unidades_Max = 10)");
-        marca(" 9");
-        Hacer(objeto, "clsCliente_Grp_Dtos::Borrar", [&] { objeto.Eliminar(); });
-        guion->EsperaEjecucion(" UPDATE Clientes_Grp_Descuentos_Fam SET Descuento = " + dto + " WHERE " + nivel +
-                               kClaveCambio +
-                               (articulo ? "Grupo = 9 AND Unidades_Min = 1.5 AND Unidades_Max = 10"
-                                         : "Grupo = 9 AND Unidades_Min =1.5 AND Unidades_Max =10"));
-        marca("9");
-        Hacer(objeto, "clsCliente_Grp_Dtos::Borrar", [&] { objeto.Modificar(); });
+                " and Cod_Empresa = 1 AND Familia_1 =5 and Familia_2 =6 AND Familia_3 =7 AND Cod_Grupo = 9"
+                " AND Unidades_Min = n1.5 AND Unidades_Max = n10)",
+            [&] { objeto.Eliminar(); }, " 9");
+        escribir(
+            "Borrar",
+            " UPDATE Clientes_Grp_Descuentos_Fam SET Descuento = " + dto + " WHERE " + nivel + kClaveCambio +
+                (articulo ? "Grupo = 9 AND Unidades_Min = n1.5 AND Unidades_Max = n10"
+                          : "Grupo = 9 AND Unidades_Min =n1.5 AND Unidades_Max =n10"),
+            [&] { objeto.Modificar(); }, "9");
     }
     familia.NumNiveles = 32767;
     EsperarError(kErrDesbordamiento, "", [&] { familia.Insertar(); });
@@ -128,14 +136,24 @@ TEST_F(Descuentos, Consultas) {
     guion->EsperaConsulta(buscarGrupo + "Nivel = 3" + kClave +
                           "Grupo = 9 AND Unidades_Min=0 AND Unidades_Max=0) ORDER BY Unidades_Min DESC");
     EXPECT_EQ(0, Hacer(objeto, "clsCliente_Grp_Dtos::Dev_Descuento", [&] { return objeto.Dev_Descuento({}); }));
+    // The article's level is no byte.
+    familia.NumNiveles = 258;
+    guion->EsperaConsulta(buscar + "Nivel = 3" + kClave + "Cliente = 77)", {"Descuento"}, {{Nulo{}}});
+    EsperarError(kErrNulo, "clsDescuentos_Familia::Dev_Descuento", [&] { familia.Dev_Descuento(); });
+    familia.NumNiveles = 3;
     familia.Nivel = objeto.Nivel = 4;
     guion->EsperaConsulta(buscar + "Cod_Articulo =1042 and Nivel = 4" + kClave + "Cliente = 77)");
     EXPECT_EQ(0, familia.Dev_Descuento());
-    guion->EsperaConsulta(buscarGrupo + "Cod_Articulo =1042 and Nivel = 4" + kClave +
-                              "Grupo = 9 AND ((Unidades_Min<=0.5 AND Unidades_Max>=0.5) OR (Unidades_Min=0 AND"
-                              " Unidades_Max=0))) ORDER BY Unidades_Min DESC",
-                          {"Descuento"}, {{9.0}, {7.0}});
-    EXPECT_EQ(9, objeto.Dev_Descuento(Currency::DeDouble(0.5)));
+    const auto deGrupo = [&](const std::string& n, Valor primero) {
+        guion->EsperaConsulta(buscarGrupo + "Cod_Articulo =1042 and Nivel = 4" + kClave +
+                                  "Grupo = 9 AND ((Unidades_Min<=n" + n + " AND Unidades_Max>=n" + n +
+                                  ") OR (Unidades_Min=0 AND Unidades_Max=0))) ORDER BY Unidades_Min DESC",
+                              {"Descuento"}, {{std::move(primero)}, {7.0}});
+        return objeto.Dev_Descuento(Currency::DeDouble(std::stod(n)));
+    };
+    EXPECT_EQ(9, deGrupo("0.5", 9.0));
+    EXPECT_EQ(8, deGrupo("-0.5", 8.0));
+    EsperarError(kErrNulo, "clsCliente_Grp_Dtos::Dev_Descuento", [&] { deGrupo("2", Nulo{}); });
 }
 
 TEST_F(Descuentos, Encajados_EscribeLaComaRegionalYDevuelveLosLimites) {
@@ -149,40 +167,53 @@ TEST_F(Descuentos, Encajados_EscribeLaComaRegionalYDevuelveLosLimites) {
     guion->EsperaConsulta(kSql);
     EXPECT_FALSE(Hacer(objeto, "KVDatosArt", [&] { return objeto.Comprobar_Encajados(minimo, maximo); }));
     EXPECT_EQ(Currency(), maximo);
-    guion->EsperaConsulta(kSql, {"Unidades_Min", "Unidades_Max"}, {{std::int32_t{10}, std::int32_t{20}}});
+    guion->EsperaConsulta(kSql, {"Unidades_Min", "Unidades_Max"}, {{10, 20}});
     EXPECT_TRUE(objeto.Comprobar_Encajados(minimo, maximo));
     EXPECT_EQ(Currency::DeEntero(10), minimo);
     EXPECT_EQ(Currency::DeEntero(20), maximo);
 }
 
+// A parameter by ADO's own numbers.
+Parameter P(const char* nombre, int tipo, int direccion, Valor valor) {
+    return {nombre, static_cast<DataType>(tipo), static_cast<ParameterDirection>(direccion), 0, std::move(valor)};
+}
+
 TEST_F(Descuentos, Activo_ParametrosEnOrdenYNivelesSegunLosTitulos) {
-    using T = DataType;
-    using D = ParameterDirection;
-    empresa->captions = {"Sección", "", "Subfamilia"};
-    const std::tuple<const char*, T, Valor> kEntradas[] = {{"@Empresa", T::adTinyInt, std::int16_t{1}},
-                                                           {"@Cliente", T::adInteger, 77},
-                                                           {"@Articulo", T::adInteger, 1042},
-                                                           {"@Familia1", T::adSmallInt, std::int16_t{5}},
-                                                           {"@Familia2", T::adSmallInt, std::int16_t{6}},
-                                                           {"@Familia3", T::adSmallInt, std::int16_t{7}},
-                                                           {"@Nivel", T::adTinyInt, std::uint8_t{4}},
-                                                           {"@Niveles", T::adTinyInt, std::uint8_t{3}},
-                                                           {"@EmpFamilia1", T::adBoolean, true},
-                                                           {"@EmpFamilia2", T::adBoolean, false},
-                                                           {"@EmpFamilia3", T::adBoolean, true}};
-    std::vector<Parameter> parametros = {{"Return", T::adInteger, D::adParamReturnValue, 0, Nulo{}}};
-    for (const auto& [nombre, tipo, valor] : kEntradas) parametros.push_back({nombre, tipo, D::adParamInput, 0, valor});
-    const std::vector<Parameter> salida = {{"@Dto", T::adCurrency, D::adParamOutput, 0, Currency::DeDouble(8.25)}};
-    parametros.push_back({"@Dto", T::adCurrency, D::adParamOutput, 0, Nulo{}});
-    guion->EsperaProcedimiento("KVP_DevDtoDescuentosFamilias", parametros, salida);
-    guion->YFalla(2812, "no existe");
-    familia.Dev_Descuento_Activo();
-    guion->EsperaProcedimiento("KVP_DevDtoDescuentosFamilias", parametros, salida);
-    EXPECT_EQ(8.25, familia.Dev_Descuento_Activo());
-    EXPECT_EQ(std::nullopt, familia.Fallo()) << "el de la vez anterior se olvida";
-    parametros.insert(parametros.end() - 1, {"@Unidades", T::adCurrency, D::adParamInput, 0, Currency::DeDouble(2.5)});
-    guion->EsperaProcedimiento("KVP_DevDtoClientesGrupos", parametros, salida);
-    EXPECT_EQ(Currency::DeDouble(8.25), objeto.Dev_Descuento_Activo(77, Currency::DeDouble(2.5)));
+    struct Caso {
+        std::array<std::string, 3> titulos;
+        std::uint8_t nivel, niveles;
+    };
+    for (const Caso& caso : {Caso{{"Sección", "", ""}, 2, 1},
+                             {{"Sección", "Familia", ""}, 3, 2},
+                             {{"", "Familia", "Subfamilia"}, 4, 3},
+                             {{"Sección", "", "Subfamilia"}, 4, 3}}) {
+        SCOPED_TRACE(caso.titulos[1] + caso.titulos[2]);
+        empresa->captions = caso.titulos;
+        const auto hay = [&](std::size_t i) { return !caso.titulos[i].empty(); };
+        std::vector<Parameter> parametros = {P("Return", 3, 4, Nulo{}),
+                                             P("@Empresa", 16, 1, std::int16_t{1}),
+                                             P("@Cliente", 3, 1, 77),
+                                             P("@Articulo", 3, 1, 1042),
+                                             P("@Familia1", 2, 1, std::int16_t{5}),
+                                             P("@Familia2", 2, 1, std::int16_t{6}),
+                                             P("@Familia3", 2, 1, std::int16_t{7}),
+                                             P("@Nivel", 16, 1, caso.nivel),
+                                             P("@Niveles", 16, 1, caso.niveles),
+                                             P("@EmpFamilia1", 11, 1, hay(0)),
+                                             P("@EmpFamilia2", 11, 1, hay(1)),
+                                             P("@EmpFamilia3", 11, 1, hay(2)),
+                                             P("@Dto", 6, 2, Nulo{})};
+        const std::vector<Parameter> salida = {P("@Dto", 6, 2, Currency::DeDouble(8.25))};
+        guion->EsperaProcedimiento("KVP_DevDtoDescuentosFamilias", parametros, salida);
+        guion->YFalla(2812, "no existe");
+        familia.Dev_Descuento_Activo();
+        guion->EsperaProcedimiento("KVP_DevDtoDescuentosFamilias", parametros, salida);
+        EXPECT_EQ(8.25, familia.Dev_Descuento_Activo());
+        EXPECT_EQ(std::nullopt, familia.Fallo()) << "el de la vez anterior se olvida";
+        parametros.insert(parametros.end() - 1, P("@Unidades", 6, 1, Currency::DeDouble(2.5)));
+        guion->EsperaProcedimiento("KVP_DevDtoClientesGrupos", parametros, salida);
+        EXPECT_EQ(Currency::DeDouble(8.25), objeto.Dev_Descuento_Activo(77, Currency::DeDouble(2.5)));
+    }
 }
 
 // A context of the host's own, whose failures are none of the component's.

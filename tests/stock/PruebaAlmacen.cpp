@@ -20,19 +20,23 @@ const std::string kPesa = ", Stock_Peso = Stock_Peso + 0.5";
 const std::string kQuita = ", Stock_Peso = Stock_Peso + -0.5";
 const std::string kEmpieza = ", FIni_Existencias ='05/03/2026', FFin_Existencias =''";
 const std::string kVendido = ", FUlt_Venta ='05/03/2026'";
-const std::vector<double> kNada;
+
+std::vector<double> V(auto... valores) {
+    return {static_cast<double>(valores)...};
+}
 
 /// A movement that weighs 0.5, and what it writes.
 struct Apunte {
     const char* nombre;
     int op;
     double unidades, neto;
-    std::vector<double> antes;      // stock, average and purchase price of the row; empty: there is none yet
-    std::string cambios;            // of the row, from what is added to its stock on
-    const char* precio = nullptr;   // what a purchase sets besides its dates; none: no purchase
-    std::string nueva = {};         // the values of the row that is made
-    int tipo = 0;                   // of the article; -1: there is no article
-    const char* compraC = nullptr;  // what a purchase sets in the variant's row
+    std::vector<double> antes = {};  // stock, average and purchase price of the row; empty: there is none yet
+    std::vector<double> deja = {};   // the same three that the call gives back
+    std::string cambios = {};        // of the row, from what is added to its stock on
+    const char* precio = nullptr;    // what a purchase sets besides its dates; none: no purchase
+    std::string nueva = {};          // the values of the row that is made
+    int tipo = 0;                    // of the article; -1: there is no article
+    const char* compraC = nullptr;   // what a purchase sets in the variant's row
 };
 
 class Almacen : public ConGuion<clsAlmacen_Articulo> {
@@ -41,7 +45,6 @@ class Almacen : public ConGuion<clsAlmacen_Articulo> {
         empresa->decCostes = 3;
         objeto.Almacen = 6;
         objeto.Articulo = 1042;
-        objeto.Desglosa_Pack = true;
     }
     void Leer(bool variante, int tipo, Filas filas) {
         if (!variante)
@@ -98,8 +101,7 @@ class Almacen : public ConGuion<clsAlmacen_Articulo> {
             }
             guion->Terminar();
         }
-        EXPECT_EQ(a.antes.empty() ? puc : a.antes[2], puc);
-        EXPECT_EQ(a.tipo > 0 ? stock : (a.antes.empty() ? 0 : a.antes[0]) + std::stod(a.cambios), stock);
+        EXPECT_EQ(a.deja, (std::vector{stock, medio, puc}));
     }
 
     double puc = 0, medio = 0, stock = 0;
@@ -108,60 +110,70 @@ class Almacen : public ConGuion<clsAlmacen_Articulo> {
 TEST_F(Almacen, Act_Stock_ClasesMediasPeriodosYMaestros) {
     const std::string acaba = ", FIni_Existencias ='', FFin_Existencias ='05/03/2026'";
     const Apunte kCasos[] = {
-        {"compra", 3, 10, 2, {10, 1, 0.9}, "10" + kPesa + ", P_Medio =1.5", ", PU_Compra =2"},
-        {"compra sin precio", 3, 2, 0, {10, 1, 0}, "2" + kPesa + ", P_Medio =1", ""},
-        {"compra de precio negativo", 3, 2, -1, {10, 1, 0}, "2" + kPesa + ", P_Medio =1"},
-        {"compra de 0 unidades", 3, 0, 2, {10, 1, 0}, "0" + kPesa + ", P_Medio =1"},
-        {"compra devuelta", 3, -3, 9, {10, 1, 0}, "-3" + kPesa + ", P_Medio =1"},
-        {"venta", 5, 3, 9, {10, 1, 0}, "-3" + kQuita + kVendido},
-        {"venta devuelta", 5, -3, 9, {10, 1, 0}, "3" + kQuita},
-        {"venta de 0 unidades", 5, 0, 9, {10, 1, 0}, "0" + kQuita},
-        {"otra salida", 8, 3, 9, {10, 1, 0}, "-3" + kQuita},
-        {"otra salida que agota", 13, 3, 9, {3, 1, 0}, "-3" + kQuita + acaba},
-        {"otra clase desde 0", 1, 3, 9, {0, 1, 0}, "3" + kPesa + kEmpieza},
-        {"entrada sin precio", 7, 5, 0, {10, 1.25, 0}, "5" + kPesa + ", P_Medio =1.25"},
-        {"entrada devuelta", 7, -3, 2, {10, 1.25, 0}, "-3" + kPesa + ", P_Medio =1.25, PU_Compra =2"},
-        {"stock negativo no pesa", 7, 10, 2, {-5, 1, 0}, "10" + kPesa + ", P_Medio =2, PU_Compra =2" + kEmpieza},
-        {"media 0 no pesa", 7, 10, 2, {10, 0, 0}, "10" + kPesa + ", P_Medio =2, PU_Compra =2"},
-        {"tres decimales", 7, 4, 2, {3, 1, 0}, "4" + kPesa + ", P_Medio =1.571, PU_Compra =2"},
-        {"medio decimal se aleja de 0", 7, 1, 1.001, {1, 1, 0}, "1" + kPesa + ", P_Medio =1.001, PU_Compra =1.001"},
-        {"primera compra", 3, 1, 2, kNada, "1" + kPesa + ", P_Medio =2" + kEmpieza, ", PU_Compra =2",
+        {"compra", 3, 10, 2, V(10, 1, 0.9), V(20, 1.5, 0.9), "10" + kPesa + ", P_Medio =1.5", ", PU_Compra =2"},
+        {"compra sin precio", 3, 2, 0, V(10, 1, 0), V(12, 1, 0), "2" + kPesa + ", P_Medio =1", ""},
+        {"compra de precio negativo", 3, 2, -1, V(10, 1, 0), V(12, 1, 0), "2" + kPesa + ", P_Medio =1"},
+        {"compra de 0 unidades", 3, 0, 2, V(10, 1, 0), V(10, 1, 0), "0" + kPesa + ", P_Medio =1"},
+        {"compra devuelta", 3, -3, 9, V(10, 1, 0), V(7, 1, 0), "-3" + kPesa + ", P_Medio =1"},
+        {"venta", 5, 3, 9, V(10, 1, 0.9), V(7, 1, 0.9), "-3" + kQuita + kVendido},
+        {"venta devuelta", 5, -3, 9, V(10, 1, 0), V(13, 1, 0), "3" + kQuita},
+        {"venta de 0 unidades", 5, 0, 9, V(10, 1, 0), V(10, 1, 0), "0" + kQuita},
+        {"otra salida", 8, 3, 9, V(10, -1, 0), V(7, -1, 0), "-3" + kQuita},
+        {"otra salida que agota", 13, 3, 9, V(3, 1, 0), V(0, 1, 0), "-3" + kQuita + acaba},
+        {"otra clase desde 0", 1, 3, 9, V(0, 1, 0), V(3, 1, 0), "3" + kPesa + kEmpieza},
+        {"entrada sin precio", 7, 5, 0, V(10, 1.25, 0), V(15, 1.25, 0), "5" + kPesa + ", P_Medio =1.25"},
+        {"entrada devuelta", 7, -3, 2, V(10, 1.25, 0), V(7, 1.25, 0), "-3" + kPesa + ", P_Medio =1.25, PU_Compra =2"},
+        {"stock negativo no pesa", 7, 10, 2, V(-5, 1, 0), V(5, 2, 0),
+         "10" + kPesa + ", P_Medio =2, PU_Compra =2" + kEmpieza},
+        {"stock 0 no pesa ni redondea", 7, 4, 2.0004, V(0, 1, 0), V(4, 2.0004, 0),
+         "4" + kPesa + ", P_Medio =2.0004, PU_Compra =2.0004" + kEmpieza},
+        {"media 0 no pesa", 7, 10, 2, V(10, 0, 0), V(20, 2, 0), "10" + kPesa + ", P_Medio =2, PU_Compra =2"},
+        {"tres decimales", 7, 4, 2, V(3, 1, 0), V(7, 1.571, 0), "4" + kPesa + ", P_Medio =1.571, PU_Compra =2"},
+        {"medio decimal se aleja de 0", 7, 1, 1.001, V(1, 1, 0), V(2, 1.001, 0),
+         "1" + kPesa + ", P_Medio =1.001, PU_Compra =1.001"},
+        {"primera compra", 3, 1, 2, V(), V(1, 2, 2), "1" + kPesa + ", P_Medio =2" + kEmpieza, ", PU_Compra =2",
          "1, 0.5, 2, 2, '05/03/2026', '', '05/03/2026', '')"},
-        {"primera compra sin precio", 3, 1, 0, kNada, "1" + kPesa + ", P_Medio =-1" + kEmpieza, "",
+        {"primera compra sin precio", 3, 1, 0, V(), V(1, 0, 0), "1" + kPesa + ", P_Medio =-1" + kEmpieza, "",
          "1, 0.5, 0, 0, '', '', '05/03/2026', '')"},
-        {"primera venta", 5, 3, 9, kNada, "-3" + kQuita + kVendido, nullptr,
+        {"primera venta", 5, 3, 9, V(), V(-3, 0, 0), "-3" + kQuita + kVendido, nullptr,
          "-3, -0.5, 0, 0, '', '05/03/2026', '', '05/03/2026')"},
-        {"primera entrada de 0 unidades", 7, 0, 2.5, kNada, "0" + kPesa + ", P_Medio =-1, PU_Compra =2.5", nullptr,
-         "0, 0.5, 2.5, 2.5, '', '', '', '05/03/2026')"},
-        {"primera entrada de precio negativo", 7, 4, -2, kNada, "4" + kPesa + ", P_Medio =-1" + kEmpieza, nullptr,
-         "4, 0.5, 0, 0, '', '', '05/03/2026', '')"},
-        {"sin artículo", 1, 3, 9, {10, 1, 0}, "3" + kPesa, nullptr, "", -1},
-        {"compra sin existencias", 3, 3, 9, {10, 1, 0}, "0", "", "", 1},
-        {"primera compra sin existencias", 3, 3, 9, kNada, "0", "", "'05/03/2026', '')", 1},
-        {"primera venta sin existencias", 5, 3, 9, kNada, "0" + kVendido, nullptr, "'', '05/03/2026')", 2},
+        {"primera entrada de 0 unidades", 7, 0, 2.5, V(), V(0, 2.5, 2.5), "0" + kPesa + ", P_Medio =-1, PU_Compra =2.5",
+         nullptr, "0, 0.5, 2.5, 2.5, '', '', '', '05/03/2026')"},
+        {"primera entrada de precio negativo", 7, 4, -2, V(), V(4, 0, 0), "4" + kPesa + ", P_Medio =-1" + kEmpieza,
+         nullptr, "4, 0.5, 0, 0, '', '', '05/03/2026', '')"},
+        {"sin artículo", 1, 3, 9, V(10, 1, 0), V(13, 1, 0), "3" + kPesa, nullptr, "", -1},
+        {"compra sin existencias", 3, 3, 9, V(10, 1, 0), V(13, 2.846, 0), "0", "", "", 1},
+        {"primera compra sin existencias", 3, 3, 9, V(), V(3, 9, 9), "0", "", "'05/03/2026', '')", 1},
+        {"primera venta sin existencias", 5, 3, 9, V(), V(-3, 0, 0), "0" + kVendido, nullptr, "'', '05/03/2026')", 2},
     };
     for (const Apunte& caso : kCasos)
         for (const bool fichas : {true, false}) Probar(caso, false, fichas);
 }
 
 TEST_F(Almacen, Act_Stock_Cualidades_ConSusPropiasGuardas) {
-    const std::vector<double> diez = {10, 1, 0.9};
     const Apunte kCasos[] = {
-        {"stock negativo pesa", 7, 10, 2, {-5, 1, 0}, "10" + kPesa + ", P_Medio =3" + kEmpieza},
-        {"-0.0005 se aleja de 0 y cede", 7, 10, 1, {-5, 2.0005, 0}, "10" + kPesa + ", P_Medio =1" + kEmpieza},
-        {"media que baja a 0", 7, 10, 1, {-5, 2, 0}, "10" + kPesa + ", P_Medio =0" + kEmpieza},
-        {"media 0 pesa", 7, 10, 2, {10, 0, 0}, "10" + kPesa + ", P_Medio =1"},
-        {"media negativa cede", 7, 5, 2, {10, -1, 0}, "5" + kPesa + ", P_Medio =2"},
-        {"no queda stock", 7, 5, 2, {-10, 1, 0}, "5" + kPesa + ", P_Medio =1"},
-        {"entrada sin precio", 7, 5, 0, {10, 1.5, 0}, "5" + kPesa + ", P_Medio =1.5"},
-        {"compra", 3, 10, 2, diez, "10" + kPesa + ", P_Medio =1.5", ", PU_Compra =2", "", 0,
+        {"stock negativo pesa", 7, 10, 2, V(-5, 1, 0.9), V(5, 3, 0.9), "10" + kPesa + ", P_Medio =3" + kEmpieza},
+        {"-0.0005 se aleja de 0 y cede", 7, 10, 1, V(-5, 2.0005, 0), V(5, 1, 0),
+         "10" + kPesa + ", P_Medio =1" + kEmpieza},
+        {"media que baja a 0", 7, 10, 1, V(-5, 2, 0), V(5, 0, 0), "10" + kPesa + ", P_Medio =0" + kEmpieza},
+        {"media 0 pesa", 7, 10, 2, V(10, 0, 0), V(20, 1, 0), "10" + kPesa + ", P_Medio =1"},
+        {"stock 0 redondea", 7, 4, 2.0004, V(0, 1, 0), V(4, 2, 0), "4" + kPesa + ", P_Medio =2" + kEmpieza},
+        {"media negativa cede", 7, 5, 2.0004, V(10, -1, 0), V(15, 2.0004, 0), "5" + kPesa + ", P_Medio =2.0004"},
+        {"y en una compra sin precio", 3, 5, 0, V(10, -1, 0), V(15, 0, 0), "5" + kPesa + ", P_Medio =0", ""},
+        {"y en una venta", 5, 3, 9, V(10, -1, 0), V(7, 9, 0), "-3" + kQuita + kVendido},
+        {"y en otra clase", 1, 3, 9, V(10, -1, 0), V(13, 9, 0), "3" + kPesa},
+        {"no queda stock", 7, 5, 2, V(-10, 1, 0), V(-5, 1, 0), "5" + kPesa + ", P_Medio =1"},
+        {"llega a 0", 7, 5, 2, V(-5, 1, 0), V(0, 1, 0), "5" + kPesa + ", P_Medio =1"},
+        {"entrada sin precio", 7, 5, 0, V(10, 1.5, 0), V(15, 1.5, 0), "5" + kPesa + ", P_Medio =1.5"},
+        {"compra", 3, 10, 2, V(10, 1, 0.9), V(20, 1.5, 0.9), "10" + kPesa + ", P_Medio =1.5", ", PU_Compra =2", "", 0,
          " PU_Compra=2,P_Medio=1.5,FUlt_Compra='05/03/2026'"},
-        {"compra sin precio", 3, 4, 0, {1, 1, 0}, "4" + kPesa + ", P_Medio =1", ""},
-        {"venta", 5, 4, 9, {9, 1, 0}, "-4" + kQuita + kVendido},
-        {"primera compra", 3, 4, 2.5, kNada, "4" + kPesa + ", P_Medio =2.5" + kEmpieza, ", PU_Compra =2.5",
-         "4, 0.5, 2.5, 2.5, '05/03/2026', '', '05/03/2026', '')", 0,
+        {"compra sin precio", 3, 4, 0, V(1, 1, 0), V(5, 1, 0), "4" + kPesa + ", P_Medio =1", ""},
+        {"venta", 5, 4, 9, V(9, 1, 0), V(5, 1, 0), "-4" + kQuita + kVendido},
+        {"primera compra", 3, 4, 2.5, V(), V(4, 2.5, 2.5), "4" + kPesa + ", P_Medio =2.5" + kEmpieza,
+         ", PU_Compra =2.5", "4, 0.5, 2.5, 2.5, '05/03/2026', '', '05/03/2026', '')", 0,
          " PU_Compra=2.5,P_Medio=2.5,FUlt_Compra='05/03/2026'"},
-        {"primera salida", 8, 4, 9, kNada, "-4" + kQuita, nullptr, "-4, -0.5, 0, 0, '', '', '', '05/03/2026')"},
+        {"primera salida", 8, 4, 9, V(), V(-4, 0, 0), "-4" + kQuita, nullptr,
+         "-4, -0.5, 0, 0, '', '', '', '05/03/2026')"},
     };
     for (const Apunte& caso : kCasos)
         for (const bool fichas : {true, false}) Probar(caso, true, fichas);
@@ -171,9 +183,9 @@ TEST_F(Almacen, FilaQueNoSirve_NadaSeEscribe) {
     EsperarError(kErrObjetoNoEstablecido, "KVDatosArt",
                  [] { clsAlmacen_Articulo().Act_Costo_DF(1, 1, Currency(), 1); });
     Leer(false, 0, {{1e18, 1e18, 0.0, 0.0}});
-    EsperarError(kErrDesbordamiento, "KVDatosArt", [&] { Mover({"", 7, 1, 1, {}, ""}, false, false); });
+    EsperarError(kErrDesbordamiento, "KVDatosArt", [&] { Mover({"", 7, 1, 1}, false, false); });
     Leer(true, 0, {{Nulo{}, 1.0, 0.0, 0.0}});
-    EsperarError(kErrNulo, "KVDatosArt", [&] { Mover({"", 7, 1, 1, {}, ""}, true, false); });
+    EsperarError(kErrNulo, "KVDatosArt", [&] { Mover({"", 7, 1, 1}, true, false); });
 }
 
 TEST_F(Almacen, Cantidades_ActualizaOInserta) {
@@ -192,32 +204,38 @@ TEST_F(Almacen, Cantidades_ActualizaOInserta) {
         objeto.Bloqueado = bloqueado;
         objeto.Act_Bloqueo();
     };
+    const auto desglosar = [&](bool desglosa) {
+        objeto.Desglosa_Pack = desglosa;
+        objeto.Act_Desglosa_Pack();
+    };
     const Caso kCasos[] = {
-        {" " + poner + "Pend_Recibir = Pend_Recibir + -2.5" + donde,
-         kInsertar + "Pend_Recibir) VALUES (1, 6, 1042, -2.5)", [&] { objeto.Act_PendRecibir(menos); }},
-        {" " + poner + "Pend_Servir = Pend_Servir + -2.5" + donde, kInsertar + "Pend_Servir) VALUES (1, 6, 1042, -2.5)",
-         [&] { objeto.Act_PendServir(menos); }},
-        {" UPDATE Almacen_Articulos_C SET Pend_Recibir = Pend_Recibir + -2.5" + dondeC,
-         kInsertarC + "Pend_Recibir) VALUES (1, 6, 1042, 38, 2, -2.5)",
+        {" " + poner + "Pend_Recibir = Pend_Recibir + n-2.5" + donde,
+         kInsertar + "Pend_Recibir) VALUES (1, 6, 1042, n-2.5)", [&] { objeto.Act_PendRecibir(menos); }},
+        {" " + poner + "Pend_Servir = Pend_Servir + n-2.5" + donde,
+         kInsertar + "Pend_Servir) VALUES (1, 6, 1042, n-2.5)", [&] { objeto.Act_PendServir(menos); }},
+        {" UPDATE Almacen_Articulos_C SET Pend_Recibir = Pend_Recibir + n-2.5" + dondeC,
+         kInsertarC + "Pend_Recibir) VALUES (1, 6, 1042, 38, 2, n-2.5)",
          [&] { objeto.Act_PendRecibir_Cualidades(38, 2, menos); }},
-        {" UPDATE Almacen_Articulos_C SET Pend_Servir = Pend_Servir + -2.5" + dondeC,
-         kInsertarC + "Pend_Servir) VALUES (1, 6, 1042, 38, 2, -2.5)",
+        {" UPDATE Almacen_Articulos_C SET Pend_Servir = Pend_Servir + n-2.5" + dondeC,
+         kInsertarC + "Pend_Servir) VALUES (1, 6, 1042, 38, 2, n-2.5)",
          [&] { objeto.Act_PendServir_Cualidades(38, 2, menos); }},
-        {" " + poner + "Stock_MiniCompra = Stock_MiniCompra + -2.5" + donde,
-         kInsertar + "Stock_MiniCompra) VALUES (1, 6, 1042, -2.5)", [&] { objeto.Act_StockMiniCompras(menos); }},
-        {"UPDATE Almacen_Articulos_Ubic SET Stock_Actual=Stock_Actual+-2.5 WHERE Cod_Empresa=1 AND Cod_Almacen=7"
+        {" " + poner + "Stock_MiniCompra = Stock_MiniCompra + n-2.5" + donde,
+         kInsertar + "Stock_MiniCompra) VALUES (1, 6, 1042, n-2.5)", [&] { objeto.Act_StockMiniCompras(menos); }},
+        {"UPDATE Almacen_Articulos_Ubic SET Stock_Actual=Stock_Actual+n-2.5 WHERE Cod_Empresa=1 AND Cod_Almacen=7"
          " AND Cod_Articulo=9 AND Ubic1='A' AND Ubic2='B' AND Ubic3='C' AND Ubic4='' AND Ubic5='E'",
          "INSERT INTO Almacen_Articulos_Ubic  (Cod_Empresa, Cod_Almacen, Cod_Articulo, Ubic1, Ubic2, Ubic3, Ubic4,"
-         " Ubic5, Stock_Actual) VALUES (1, 7, 9, 'A', 'B', 'C', '', 'E', -2.5)",
+         " Ubic5, Stock_Actual) VALUES (1, 7, 9, 'A', 'B', 'C', '', 'E', n-2.5)",
          [&] { objeto.Act_Stock_Ubicaciones(7, 9, "A", "B", "C", "", "E", menos); }},
-        {poner + "PU_Compra =-2.5, P_Medio =-2.5" + donde,
-         kInsertar + "PU_Compra, P_Medio) VALUES (1, 6, 1042, -2.5, -2.5)", [&] { objeto.Act_Costo(menos); }},
-        {poner + "Bloqueo =1, F_Dormido ='05/03/2026'" + donde,
-         kInsertar + "Bloqueo, F_Dormido) VALUES (1, 6, 1042, 1, '05/03/2026')", [&] { bloquear(true); }, true},
+        {poner + "PU_Compra =n-2.5, P_Medio =n-2.5" + donde,
+         kInsertar + "PU_Compra, P_Medio) VALUES (1, 6, 1042, n-2.5, n-2.5)", [&] { objeto.Act_Costo(menos); }},
+        {poner + "Bloqueo =1, F_Dormido ='17/04/2026'" + donde,
+         kInsertar + "Bloqueo, F_Dormido) VALUES (1, 6, 1042, 1, '17/04/2026')", [&] { bloquear(true); }, true},
         {poner + "Bloqueo =0, F_Dormido ='01/01/1900'" + donde,
          kInsertar + "Bloqueo, F_Dormido) VALUES (1, 6, 1042, 0, '01/01/1900')", [&] { bloquear(false); }, true},
         {poner + "Desglosa_Pack =1" + donde, kInsertar + "Desglosa_Pack) VALUES (1, 6, 1042, 1)",
-         [&] { objeto.Act_Desglosa_Pack(); }, true},
+         [&] { desglosar(true); }, true},
+        {poner + "Desglosa_Pack =0" + donde, kInsertar + "Desglosa_Pack) VALUES (1, 6, 1042, 0)",
+         [&] { desglosar(false); }, true},
     };
     for (const Caso& caso : kCasos)
         for (const int afectados : {1, 0}) {
@@ -248,8 +266,13 @@ TEST_F(Almacen, Act_Costo_DF_MediaYMaestro) {
     comprar(10, {{-10.0, 1.0}}, " DF_P_Medio =2,");
     comprar(10, {{-5.0, 1.0}}, " DF_P_Medio =3,");
     comprar(10, {{10.0, 0.0}}, " DF_P_Medio =2,");
+    comprar(10, {{10.0, -1.0}}, " DF_P_Medio =2,");
+    comprar(4, {{3.0, 1.0}}, " DF_P_Medio =1.571,");
     comprar(10, {}, " DF_P_Medio =2,");
     comprar(0, {}, "");
+    comprar(-3, {}, "");
+    biblioteca.masAlRedondear = Currency::DeEntero(10);
+    comprar(10, {{10.0, 1.0}}, " DF_P_Medio =11.5,");
 }
 
 TEST_F(Almacen, Dev_Costo_PorEleccionYVariante) {
@@ -261,7 +284,7 @@ TEST_F(Almacen, Dev_Costo_PorEleccionYVariante) {
     lee("P_Medio", false, {});
     EXPECT_EQ(Currency(), objeto.Dev_Costo(6, 1042, 38, 0));
     lee("P_Medio", false, {{1.25}});
-    lee("P_Medio", true, {{0.0}});
+    lee("P_Medio", true, {{-0.5}});
     EXPECT_EQ(Currency::DeDouble(1.25), objeto.Dev_Costo(6, 1042, 38, 2));
     lee("DF_P_Medio", false, {{1.25}});
     lee("DF_P_Medio", true, {{2.5}});
