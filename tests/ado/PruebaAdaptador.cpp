@@ -141,7 +141,9 @@ TEST(EmpresaDispatch, CadaMiembroSePidePorSuNombre) {
         e.CodEmpresa(),    e.CodEmpresaArticulos(), e.CodEmpresaClientes(), e.CodEmpresaExtra(),
         e.TarifaEmpresa(), e.DecPrecios(),          e.DecImportes(),        e.DecCostes()};
     for (std::int16_t i = 0; const char* nombre : nombres) EXPECT_EQ(i, leidos[i]) << nombre, ++i;
-    EXPECT_TRUE(e.VenderSinStock() && !e.CosteUltimaCompra());
+    EXPECT_EQ(DISPATCH_METHOD | DISPATCH_PROPERTYGET, falsa->clases) << "una variable o una función de su host";
+    EXPECT_TRUE(e.VenderSinStock());
+    EXPECT_FALSE(e.CosteUltimaCompra());
 }
 
 }  // namespace

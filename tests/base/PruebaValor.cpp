@@ -67,7 +67,7 @@ TEST(Valor, LoQueNoCabeONoEs_Falla) {
 TEST(Valor, BooleanosTextosYFechas) {
     for (const Valor& cierto : {Valor(true), Valor(-1), Valor(0.1), Valor(Dinero(0.0001)), Valor(S("Verdadero"))})
         EXPECT_TRUE(ABoolean(cierto)) << AString(cierto, '.');
-    EXPECT_FALSE(ABoolean(S("0")) || ABoolean(S("False")));
+    for (const char* falso : {"0", "False", "Falso"}) EXPECT_FALSE(ABoolean(S(falso))) << falso;
     EXPECT_EQ("0,1", AString(0.1F, ','));
     EXPECT_EQ("12,5", AString(12.5, ','));
     EXPECT_EQ("12,5", AString(Dinero(12.5), ','));

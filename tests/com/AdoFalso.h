@@ -175,14 +175,16 @@ struct FilasPendientes : RecordsetFalso {
 struct ComandoFalso : Falso<ado::Command> {
     using Falso::Falso;
     STDMETHODIMP putref_ActiveConnection(ado::Connection* conexion) override {
-        return Contestar([&] { orden_ = static_cast<ConexionFalsa*>(conexion)->real->CrearCommand(); });
+        return Preparar("conexión", [&] { orden_ = static_cast<ConexionFalsa*>(conexion)->real->CrearCommand(); });
     }
-    STDMETHODIMP put_CommandText(BSTR texto) override { return Dar(orden_->CommandText, Utf8(texto)); }
-    STDMETHODIMP put_CommandTimeout(long segundos) override { return Dar(orden_->CommandTimeout, segundos); }
-    STDMETHODIMP put_CommandType(int tipo) override { return Dar(orden_->CommandType, static_cast<CommandType>(tipo)); }
-    STDMETHODIMP get_Parameters(ado::Parameters** parametros) override {
-        parametros_->AddRef();
-        return Dar(*parametros, parametros_.Get());
+    STDMETHODIMP put_CommandType(int tipo) override {
+        return Preparar(" tipo", [&] { orden_->CommandType = static_cast<CommandType>(tipo); });
+    }
+    STDMETHODIMP put_CommandTimeout(long segundos) override {
+        return Preparar(" espera", [&] { orden_->CommandTimeout = segundos; });
+    }
+    STDMETHODIMP put_CommandText(BSTR texto) override {
+        return Preparar(" texto", [&] { orden_->CommandText = Utf8(texto); });
     }
     STDMETHODIMP CreateParameter(BSTR nombre, int tipo, int direccion, LONG_PTR tamano, VARIANT valor,
                                  ado::Parameter** parametro) override {
@@ -199,6 +201,7 @@ struct ComandoFalso : Falso<ado::Command> {
     STDMETHODIMP Execute(VARIANT*, VARIANT*, long opciones, ado::Recordset** rs) override {
         *rs = nullptr;
         return Contestar([&] {
+            if (preparado_ != "conexión tipo espera texto") throw RuntimeError(-1, "", "otro orden: " + preparado_);
             const auto& lista = parametros_->lista;
             for (const auto& dado : lista) orden_->Parameters.Append(dado->parametro);
             orden_->Execute(static_cast<CommandType>(opciones));
@@ -208,6 +211,12 @@ struct ComandoFalso : Falso<ado::Command> {
             });
         });
     }
+    template <class F>
+    HRESULT Preparar(const char* que, F f) {
+        preparado_ += que;
+        return Contestar(f);
+    }
+    std::string preparado_;
     std::unique_ptr<kv::Command> orden_;
     const PunteroCom<ParametrosFalsos> parametros_ = Nuevo<ParametrosFalsos>();
 };

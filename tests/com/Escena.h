@@ -19,9 +19,10 @@ struct PorNombreFalso : Falso<IDispatch> {
         *ids = static_cast<DISPID>(nombres_.size());
         return nombres_.back() == falta ? DISP_E_UNKNOWNNAME : S_OK;
     }
-    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* dados, VARIANT* resultado, EXCEPINFO*,
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD clase, DISPPARAMS* dados, VARIANT* resultado, EXCEPINFO*,
                         UINT*) override {
         ++llamadas;
+        clases |= clase;
         Variante dado;
         if (dados->cArgs > 0) VariantCopyInd(&dado.Get(), &dados->rgvarg[0]);
         Variante leido = Leer(nombres_[static_cast<std::size_t>(id) - 1], dado.AValor());
@@ -33,6 +34,7 @@ struct PorNombreFalso : Falso<IDispatch> {
 
     std::vector<std::string> nombres_;
     std::map<std::string, int> preguntas;
+    int clases = 0;  // of the calls: method, property
     std::string falta;
 };
 

@@ -86,9 +86,7 @@ inline std::vector<Caso> LeerGrabacion(const char* ruta) {
                 fila.push_back(Decodificar(c[i + 1]));
             }
         }
-        if (clase == 'P')
-            pasos.push_back(
-                {.operacion = "Command", .texto = c[1], .opciones = -1, .espera = 500});
+        if (clase == 'P') pasos.push_back({.operacion = "Command", .texto = c[1], .opciones = -1, .espera = 500});
         if (clase == 'p') {
             pasos.back().parametros.push_back(LeerParametro(c, 5));
             pasos.back().salidas.push_back(LeerParametro(c, 6));

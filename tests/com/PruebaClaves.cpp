@@ -35,9 +35,11 @@ TEST(SinRegistrar, ClavesDelUsuario) {
     EXPECT_EQ(L"Apartment", Leido(kClase + L"\\InprocServer32", L"ThreadingModel"));
     EXPECT_EQ(L"KVDatosArt.clsDatosArt", Leido(kClase + L"\\ProgID", L""));
     EXPECT_EQ(L"{002EEF61-6083-45A8-A783-8E77D15E2010}", Leido(kClase + L"\\TypeLib", L""));
-    EXPECT_FALSE(Hay(HKEY_LOCAL_MACHINE, kClase) || Hay(HKEY_LOCAL_MACHINE, kPrograma)) << "nada de la máquina";
+    EXPECT_FALSE(Hay(HKEY_LOCAL_MACHINE, kClase));
+    EXPECT_FALSE(Hay(HKEY_LOCAL_MACHINE, kPrograma));
     EXPECT_EQ(S_OK, QuitarRegistro());
-    EXPECT_FALSE(Hay(HKEY_CURRENT_USER, kClase) || Hay(HKEY_CURRENT_USER, kPrograma)) << "retirada";
+    EXPECT_FALSE(Hay(HKEY_CURRENT_USER, kClase));
+    EXPECT_FALSE(Hay(HKEY_CURRENT_USER, kPrograma));
     EXPECT_EQ(S_OK, QuitarRegistro()) << "retirada de lo que no está";
 }
 
@@ -48,10 +50,12 @@ TEST(SinRegistrar, ClavesDeLaMaquinaConLasDeOtrosBits) {
     RegCreateKeyExW(HKEY_LOCAL_MACHINE, kClase.c_str(), 0, nullptr, 0, KEY_WRITE | KEY_WOW64_32KEY, nullptr, &otra,
                     nullptr);
     RegCloseKey(otra);
-    EXPECT_TRUE(QuitarRegistro() == S_OK && !Hay(HKEY_LOCAL_MACHINE, kClase)) << "retirada con la otra";
+    EXPECT_EQ(S_OK, QuitarRegistro());
+    EXPECT_FALSE(Hay(HKEY_LOCAL_MACHINE, kClase)) << "retirada con la otra";
     EXPECT_TRUE(Hay(HKEY_LOCAL_MACHINE, kPrograma)) << "el ProgID queda para la otra";
     RegDeleteKeyExW(HKEY_LOCAL_MACHINE, kClase.c_str(), KEY_WOW64_32KEY, 0);
-    EXPECT_TRUE(QuitarRegistro() == S_OK && !Hay(HKEY_LOCAL_MACHINE, kPrograma)) << "sin la otra se va";
+    EXPECT_EQ(S_OK, QuitarRegistro());
+    EXPECT_FALSE(Hay(HKEY_LOCAL_MACHINE, kPrograma)) << "sin la otra se va";
 }
 
 // Who may do what with a key of the machine, as the system writes it down.
@@ -83,7 +87,8 @@ TEST(SinRegistrar, UsoPorElManifiesto) {
     peticion.lpSource = manifiesto.Get();
     const HANDLE contexto = CreateActCtxW(&peticion);
     ULONG_PTR marca = 0;
-    EXPECT_TRUE(contexto != INVALID_HANDLE_VALUE && ActivateActCtx(contexto, &marca)) << "contexto del manifiesto";
+    EXPECT_NE(INVALID_HANDLE_VALUE, contexto);
+    EXPECT_TRUE(ActivateActCtx(contexto, &marca)) << "contexto del manifiesto";
     {
         const auto o = Crear();
         EXPECT_EQ(S_OK, Poner(*o.Get(), "Codigo", 118));

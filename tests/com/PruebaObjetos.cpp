@@ -26,9 +26,12 @@ TEST_F(Registrada, ReferenciasQueTomaYSuelta) {
     EXPECT_EQ(S_OK, CargarPorRanura(*o.Get(), casos[24]).hr);
     EXPECT_EQ(conexion + 1, Referencias(*escena.conexion.Get()));
     EXPECT_EQ(2U, Referencias(*escena.empresa.Get()));
-    EXPECT_TRUE(o->putref_Conexion(otra.Get()) == S_OK && Referencias(*escena.conexion.Get()) == conexion);
-    EXPECT_TRUE(o->putref_Conexion(escena.empresa.Get()) != S_OK && Referencias(*otra.Get()) == 2) << "no sustituye";
-    EXPECT_TRUE(o->putref_Conexion(nullptr) == S_OK && Referencias(*otra.Get()) == 1) << "Nothing suelta";
+    EXPECT_EQ(S_OK, o->putref_Conexion(otra.Get()));
+    EXPECT_EQ(conexion, Referencias(*escena.conexion.Get()));
+    EXPECT_NE(S_OK, o->putref_Conexion(escena.empresa.Get()));
+    EXPECT_EQ(2U, Referencias(*otra.Get())) << "no sustituye";
+    EXPECT_EQ(S_OK, o->putref_Conexion(nullptr));
+    EXPECT_EQ(1U, Referencias(*otra.Get())) << "Nothing suelta";
     EXPECT_EQ(kSinObjeto, CargarPorRanura(*o.Get(), casos[24]).hr) << "Nothing no es una conexión";
 }
 
@@ -57,6 +60,10 @@ PunteroCom<IClassFactory> Fabrica() {
 }
 
 TEST_F(Registrada, BloqueadaNoSeDescarga) {
+    {
+        const auto fabrica = Fabrica();
+        EXPECT_EQ(S_FALSE, SePuedeDescargar()) << "con una fábrica";
+    }
     Fabrica()->LockServer(TRUE);
     EXPECT_EQ(S_FALSE, SePuedeDescargar()) << "bloqueada, no se descarga";
     Fabrica()->LockServer(FALSE);
@@ -73,9 +80,11 @@ TEST_F(Registrada, ElPadreEsUnoSobreviveYNoTieneConexion) {
         CargarPorRanura(*o.Get(), *caso);
         escena.Poner(caso->partes[2]);
         o->get_padre(antes.Recibir());
-        EXPECT_TRUE(o->get_padre(padre.Recibir()) == S_OK && padre.Get() == antes.Get()) << "el padre es uno";
+        EXPECT_EQ(S_OK, o->get_padre(padre.Recibir()));
+        EXPECT_EQ(antes.Get(), padre.Get()) << "el padre es uno";
     }
-    EXPECT_TRUE(Referencias(*padre.Get()) == 1 && SePuedeDescargar() == S_FALSE) << "el padre queda sólo nuestro";
+    EXPECT_EQ(1U, Referencias(*padre.Get())) << "el padre queda sólo nuestro";
+    EXPECT_EQ(S_FALSE, SePuedeDescargar());
     EXPECT_EQ(kSinObjeto, CargarPorRanura(*padre.Get(), *caso).hr) << "el padre no hereda la conexión";
 }
 
@@ -92,8 +101,15 @@ TEST_F(Registrada, ObjetosPuestosComoValores) {
         EXPECT_TRUE(o->Invoke(id, IID_NULL, 0, DISPATCH_PROPERTYPUT, &dados, nullptr, nullptr, nullptr) == S_OK)
             << "sin Set " + std::to_string(id);
     }
-    PunteroCom<::_clsDatosArt> padre;
-    EXPECT_TRUE(o->get_padre(padre.Recibir()) == S_OK && padre.Get() == otro.Get()) << "el padre puesto";
+    {
+        PunteroCom<::_clsDatosArt> padre;
+        EXPECT_EQ(S_OK, o->get_padre(padre.Recibir()));
+        EXPECT_EQ(otro.Get(), padre.Get()) << "el padre puesto";
+    }
+    EXPECT_EQ(2U, Referencias(*otro.Get()));
+    escena.Poner(casos[24].partes[0]);
+    EXPECT_EQ(S_OK, CargarPorRanura(*o.Get(), casos[24]).hr);
+    EXPECT_EQ(1U, Referencias(*otro.Get())) << "una carga suelta el padre anterior";
 }
 
 /// Source and text of the thread's error object, which is taken from it.
@@ -135,10 +151,12 @@ TEST_F(Registrada, ElErrorDelHiloYElDeLaLlamadaPorNombreDicenLoMismo) {
         o->putref_cEmpresa(c.empresa);
         const Llamada ranura = CargarPorRanura(*o.Get(), caso);
         const std::string error = ErrorDelHilo();
-        EXPECT_TRUE(static_cast<std::uint32_t>(ranura.hr) == c.numero && ranura.valor == "3:0") << c.error;
+        EXPECT_EQ(c.numero, static_cast<std::uint32_t>(ranura.hr)) << c.error;
+        EXPECT_EQ("3:0", ranura.valor) << c.error;
         EXPECT_EQ(std::string("clsCliente::Cargar|") + c.error, error);
         const Llamada ll = PorNombre(*o.Get(), "Cargar", DISPATCH_METHOD, {1, 1, 46000, 1, 1, 2});
-        EXPECT_TRUE(ll.Fallo() == ranura.hr && ll.error == error) << ll.error;
+        EXPECT_EQ(ranura.hr, ll.Fallo()) << c.error;
+        EXPECT_EQ(error, ll.error);
     }
 }
 
@@ -183,7 +201,8 @@ TEST_F(Registrada, LlamadasQueNadieHaceAdrede) {
     o->GetTypeInfo(0, 0, otra.Recibir());
     EXPECT_EQ(antes + 1, Referencias(*info.Get())) << "cada descripción dada lleva su referencia";
     for (const void* nada : nadas) EXPECT_EQ(nullptr, nada) << "nada que no se da";
-    EXPECT_TRUE(o->put_Descripcion(nullptr) == S_OK && Leer(*o.Get(), "Descripcion") == "10:") << "texto nulo, vacío";
+    EXPECT_EQ(S_OK, o->put_Descripcion(nullptr));
+    EXPECT_EQ("10:", Leer(*o.Get(), "Descripcion")) << "texto nulo, vacío";
 }
 
 // Wine fills in what is missing and does not tell which argument is wrong, so the class itself is asked.
@@ -197,9 +216,11 @@ TEST(ArgumentosCompletos, OptativoQueNoEstaOMarcadoComoAusente) {
     DISPPARAMS siete{dados, nullptr, 7, 0};
     ArgumentosCompletos sin(seis, 6, importe);
     ArgumentosCompletos marcado(siete, 6, importe);
-    EXPECT_TRUE(sin.Get()->cArgs == 7 && sin.Get()->rgvarg[0].vt == VT_CY && sin.Situar(6) == 5)
-        << "optativo que no está";
-    EXPECT_TRUE(marcado.Get()->rgvarg[0].vt == VT_CY && marcado.Situar(6) == 6) << "optativo marcado como ausente";
+    EXPECT_EQ(7U, sin.Get()->cArgs);
+    EXPECT_EQ(VT_CY, sin.Get()->rgvarg[0].vt);
+    EXPECT_EQ(5U, sin.Situar(6)) << "optativo que no está";
+    EXPECT_EQ(VT_CY, marcado.Get()->rgvarg[0].vt);
+    EXPECT_EQ(6U, marcado.Situar(6)) << "optativo marcado como ausente";
 }
 
 TEST_F(Registrada, LosTextosLlevanElSeparadorDelUsuario) {

@@ -87,10 +87,10 @@ void ProbarPropiedad(::_clsDatosArt& o, const Miembro& m) {
 void ProbarFuncion(ITypeInfo& info, UINT ranura, const Miembro& m, int clase) {
     FUNCDESC* f = nullptr;
     ASSERT_EQ(S_OK, info.GetFuncDesc(ranura, &f)) << m.nombre;
-    EXPECT_TRUE(f->memid == &m - kMiembros + 1 && f->invkind == clase &&
-                f->oVft == static_cast<SHORT>((kHeredadas + ranura) * sizeof(void*)) &&
-                Firma(info, *f).starts_with(std::string(m.nombre) + m.firma))
-        << m.nombre << ": " << Firma(info, *f);
+    EXPECT_EQ(&m - kMiembros + 1, f->memid) << m.nombre;
+    EXPECT_EQ(clase, f->invkind) << m.nombre;
+    EXPECT_EQ(static_cast<SHORT>((kHeredadas + ranura) * sizeof(void*)), f->oVft) << m.nombre;
+    EXPECT_TRUE(Firma(info, *f).starts_with(std::string(m.nombre) + m.firma)) << Firma(info, *f);
     info.ReleaseFuncDesc(f);
 }
 

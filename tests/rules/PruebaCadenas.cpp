@@ -207,19 +207,17 @@ class Oyente : public ObservadorCadena {
 TEST_F(Cadenas, Oyente_LosDiasDelAcuerdoHalladoYCadaDescuento) {
     Oyente oyente;
     objeto.Observador(&oyente);
-    guion->EsperaConsulta(Texto({1, 2}, true));
-    guion->EsperaConsulta(Texto({1, 2}, false));
-    guion->EsperaConsulta(Texto({1}, true), kColumnas, {Fila({false, {}, 9.5})});
+    Esperar({{false, {}, 8, Hay::Nada}, {false, {}, 9.5}});
     std::string camino;
     Fecha entrada;
     Valor salida;
     objeto.Devuelve_PBase(camino, entrada, salida, dia);
-    EXPECT_EQ("base 1.2 0|base 1.0 01/01/2025-31/12/2050 9.5|", oyente.oido);
+    EXPECT_EQ("base 11.12 0|base 11.0 01/01/2025-31/12/2050 9.5|", oyente.oido);
     oyente.oido.clear();
     Esperar({{true, {{7, 30}, {2, 2, 1}}}, {true, {{1, 5}}}});
     objeto.Dev_Neto(dia);
     EXPECT_EQ(
-        "dtos 1.2 01/01/2025-31/12/2050 2|dtos 1.0 01/01/2025-31/12/2050 1|dto 1 100 95|dto 7 95 95|dto 2 95 63.33|",
+        "dtos 11.12 13/01/2025-31/12/2050 2|dtos 11.0 01/01/2025-31/12/2050 1|dto 1 100 95|dto 7 95 95|dto 2 95 63.33|",
         oyente.oido);
 }
 
@@ -302,9 +300,8 @@ TEST_F(Cadenas, Mantenimiento_CadaNivelYCasillaEnSuSitio) {
         " TDto1, ImporteDto1, CantidadDto1, Aplicar_Cascada1, TDto2, ImporteDto2, CantidadDto2, Aplicar_Cascada2,"
         " TDto3, ImporteDto3, CantidadDto3, Aplicar_Cascada3, TDto4, ImporteDto4, CantidadDto4, Aplicar_Cascada4,"
         " TDto5, ImporteDto5, CantidadDto5, Aplicar_Cascada5, Dto_Padre, Nivel, Enviado) VALUES (1, 1042, 11, 12, 13,"
-        " 14, 15, 16, 17, 18, 19, 20, 20, 30.5, 40, 0, 21, 31.5, 42, -1, 22, 32.5, 42, 0, 23, 33.5, 44, 0, 24, 34.5, "
-        "44, -1,"
-        " -1, 6, 0)");
+        " 14, 15, 16, 17, 18, 19, 20, 20, 30.5, 40, 0, 21, 31.5, 42, -1, 22, 32.5, 42, 0, 23, 33.5, 44, 0, 24, 34.5,"
+        " 44, -1, -1, 6, 0)");
     Hacer(objeto, "clsClientes_Cadenas_ConvArt::Insertar", [&] { objeto.Insertar(); });
     for (std::int16_t i = 0; i < 5; ++i) {
         EXPECT_EQ(dia + i, objeto.FechaDtoI(i));

@@ -1,29 +1,45 @@
 #include <gtest/gtest.h>
 
+#include "db/Transaccion.h"
 #include "rules/clsCliente_DtosFamilias.h"
 #include "rules/clsCliente_Grp_Dtos.h"
 #include "schema/Escritor.h"
 #include "tests/comun/BaseDemo.h"
 #include "tests/comun/EmpresaFija.h"
+#include "tests/servidor/Escenarios.h"
 
 namespace kv::prueba {
 namespace {
 
-// A discount row of article 50, of families 3, 4 and 5, unless it says otherwise.
+// Families of a row, and the range of units that it is for.
+struct De {
+    int f1 = 3, f2 = 4, f3 = 5;
+};
+struct Tramo {
+    int minimo = 0, maximo = 0;
+};
+
+// A discount row of a level; of an article, of the customer or of their neighbours.
 struct FilaDto {
-    int nivel, f1, f2, f3, articulo, descuento;
-    int minimo = 0, maximo = 0, deOtro = 0;
+    int nivel, descuento, articulo = 0;
+    De familias = {};
+    Tramo unidades = {};
+    int deOtro = 0;
 };
 using Filas = std::vector<FilaDto>;
 using Captions = std::array<std::string, 3>;
 
-constexpr FilaDto kSeccion{1, 3, 0, 0, 0, 2};
-constexpr FilaDto kFamilia{2, 3, 4, 0, 0, 4};
-constexpr FilaDto kSubfamilia{3, 3, 4, 5, 0, 6};
-constexpr FilaDto kArticulo{4, 3, 4, 5, 50, 8};
-constexpr FilaDto kFamiliaPorTramo{3, 3, 4, 5, 0, 6, 1, 50};
-const Filas kTramos = {{4, 3, 4, 5, 50, 5},          {4, 3, 4, 5, 50, 7, 1, 10}, {4, 3, 4, 5, 50, 9, 11, 100},
-                       {4, 3, 4, 5, 50, 10, 5, 100}, {4, 3, 4, 5, 50, 3, 0, 2},  {4, 3, 4, 5, 50, 4, 1, 3}};
+constexpr FilaDto kSeccion{1, 2, 0, {3, 0, 0}};
+constexpr FilaDto kFamilia{2, 4, 0, {3, 4, 0}};
+constexpr FilaDto kSubfamilia{3, 6};
+constexpr FilaDto kArticulo{4, 8, 50};
+constexpr FilaDto kFamiliaPorTramo{3, 6, 0, {}, {1, 50}};
+const Filas kTramos = {{4, 5, 50},
+                       {4, 7, 50, {}, {1, 10}},
+                       {4, 9, 50, {}, {11, 100}},
+                       {4, 10, 50, {}, {5, 100}},
+                       {4, 3, 50, {}, {0, 2}},
+                       {4, 4, 50, {}, {1, 3}}};
 const Captions kTres = {"Sección", "Familia", "Subfamilia"};
 const Captions kDos = {"Sección", "Familia", ""};
 const Captions kSinSegunda = {"Sección", "", "Subfamilia"};
@@ -31,13 +47,16 @@ const Captions kSinSegunda = {"Sección", "", "Subfamilia"};
 constexpr int kGrupo = 7;
 constexpr int kCliente = 20;
 
+constexpr int kEmpresa = 31, kDeClientes = 33;
+
 void Insertar(demo::Escritor& escritor, const FilaDto& f) {
     const std::string clave = "Cod_Empresa, Nivel, Familia_1, Familia_2, Familia_3, Cod_Articulo, Descuento, ";
-    if (f.minimo == 0 && f.maximo == 0)
-        escritor.Fila("Descuentos_Familias", clave + "Cod_Cliente", 1, f.nivel, f.f1, f.f2, f.f3, f.articulo,
+    const auto& [f1, f2, f3] = f.familias;
+    if (f.unidades.maximo == 0)
+        escritor.Fila("Descuentos_Familias", clave + "Cod_Cliente", kEmpresa, f.nivel, f1, f2, f3, f.articulo,
                       f.descuento, kCliente + f.deOtro);
-    escritor.Fila("Clientes_Grp_Descuentos_Fam", clave + "Cod_Grupo, Unidades_Min, Unidades_Max", 1, f.nivel, f.f1,
-                  f.f2, f.f3, f.articulo, f.descuento, kGrupo + f.deOtro, f.minimo, f.maximo);
+    escritor.Fila("Clientes_Grp_Descuentos_Fam", clave + "Cod_Grupo, Unidades_Min, Unidades_Max", kEmpresa, f.nivel, f1,
+                  f2, f3, f.articulo, f.descuento, kGrupo + f.deOtro, f.unidades.minimo, f.unidades.maximo);
 }
 
 // Asks about article 50.
@@ -52,9 +71,11 @@ void Preparar(Descuentos& descuentos, const std::shared_ptr<Connection>& conexio
     descuentos.Familia_3 = 5;
 }
 
+}  // namespace
+
 // The article's row wins over its families', and a deeper family over a shallower one. Within a level, the range of
 // units with the highest lower bound wins, the narrower one among those, and the row for any quantity is the last.
-TEST(Procedimientos, GanaLaFilaMasCercana) {
+void ProbarProcedimientos(const std::shared_ptr<Connection>& conexion) {
     struct Caso {
         const char* nombre;
         Filas filas;
@@ -69,21 +90,21 @@ TEST(Procedimientos, GanaLaFilaMasCercana) {
         {"familia", {kSeccion, kFamilia}, 4},
         {"subfamilia", {kFamilia, kSubfamilia, kSeccion}, 6},
         {"artículo", {kArticulo, kSubfamilia, kFamilia, kSeccion}, 8},
-        {"artículo con 0", {{4, 3, 4, 5, 50, 0}, kSubfamilia}, 0},
-        {"artículo que cambió de familia", {{4, 9, 9, 9, 50, 8}, kSubfamilia}, 8},
-        {"artículo bajo dos familias", {{4, 9, 9, 9, 50, 8}, {4, 2, 9, 9, 50, 7}}, 7},
-        {"otro artículo", {{4, 3, 4, 5, 51, 8}, kSeccion}, 2},
-        {"otro artículo, de cuando había dos niveles", {{3, 3, 4, 5, 51, 8}, kSeccion}, 2},
-        {"otras familias", {{1, 4, 0, 0, 0, 2}, {2, 3, 5, 0, 0, 4}, {3, 3, 4, 6, 0, 6}}, 0},
-        {"de otro cliente o grupo", {{1, 3, 0, 0, 0, 2, 0, 0, 1}}, 0},
-        {"dos niveles: el artículo es el tercero", {{3, 3, 4, 5, 50, 8}, kFamilia}, 8, kDos},
+        {"artículo con 0", {{4, 0, 50}, kSubfamilia}, 0},
+        {"artículo que cambió de familia", {{4, 8, 50, {9, 9, 9}}, kSubfamilia}, 8},
+        {"artículo bajo dos familias", {{4, 8, 50, {9, 9, 9}}, {4, 7, 50, {2, 9, 9}}}, 7},
+        {"otro artículo", {{4, 8, 51}, kSeccion}, 2},
+        {"otro artículo, de cuando había dos niveles", {{3, 8, 51}, kSeccion}, 2},
+        {"otras familias", {{1, 2, 0, {4, 0, 0}}, {2, 4, 0, {3, 5, 0}}, {3, 6, 0, {3, 4, 6}}}, 0},
+        {"de otro cliente o grupo", {{1, 2, 0, {3, 0, 0}, {}, 1}}, 0},
+        {"dos niveles: el artículo es el tercero", {{3, 8, 50}, kFamilia}, 8, kDos},
         {"dos niveles: la subfamilia no cuenta", {kSubfamilia, kFamilia}, 4, kDos},
-        {"un nivel: el artículo es el segundo", {{2, 3, 4, 5, 50, 8}, kSeccion}, 8, {"Sección", "", ""}},
+        {"un nivel: el artículo es el segundo", {{2, 8, 50}, kSeccion}, 8, {"Sección", "", ""}},
         {"un nivel: la familia no cuenta", {kFamilia, kSeccion}, 2, {"Sección", "", ""}},
         {"sin el segundo: el artículo es el cuarto", {kArticulo, kFamilia}, 8, kSinSegunda},
         {"sin el segundo: la familia no cuenta", {kFamilia, kSeccion}, 2, kSinSegunda},
         {"sin unidades, sólo el de cualquiera", kTramos, 5, kTres, 0, true},
-        {"sin unidades ni el de cualquiera", {{4, 3, 4, 5, 50, 3, 0, 2}, kSeccion}, 2, kTres, 0, true},
+        {"sin unidades ni el de cualquiera", {{4, 3, 50, {}, {0, 2}}, kSeccion}, 2, kTres, 0, true},
         {"el que empieza en 0 gana al de cualquiera", kTramos, 3, kTres, 0.5, true},
         {"dos con el mismo mínimo: el más estrecho", kTramos, 4, kTres, 1, true},
         {"primera unidad del siguiente", kTramos, 10, kTres, 5, true},
@@ -93,27 +114,26 @@ TEST(Procedimientos, GanaLaFilaMasCercana) {
         {"tramo de familia", {kFamiliaPorTramo, kSeccion}, 6, kTres, 50, true},
         {"fuera del tramo de familia", {kFamiliaPorTramo, kSeccion}, 2, kTres, 50.0001, true},
         {"el artículo gana al tramo de la familia", {kArticulo, kFamiliaPorTramo}, 8, kTres, 5, true},
-        {"sección con códigos de más", {{1, 3, 9, 8, 0, 2}}, 2},
-        {"familia con un código de más", {{2, 3, 4, 9, 0, 4}, kSeccion}, 4},
-        {"entre códigos de más, los menores", {{1, 3, 9, 1, 0, 3}, {1, 3, 2, 7, 0, 4}, {1, 3, 2, 6, 0, 5}}, 5},
-        {"entre códigos de más de la familia, el menor", {{2, 3, 4, 9, 0, 3}, {2, 3, 4, 7, 0, 4}}, 4},
+        {"sección con códigos de más", {{1, 2, 0, {3, 9, 8}}}, 2},
+        {"familia con un código de más", {{2, 4, 0, {3, 4, 9}}, kSeccion}, 4},
+        {"entre códigos de más, los menores", {{1, 3, 0, {3, 9, 1}}, {1, 4, 0, {3, 2, 7}}, {1, 5, 0, {3, 2, 6}}}, 5},
+        {"entre códigos de más de la familia, el menor", {{2, 3, 0, {3, 4, 9}}, {2, 4, 0, {3, 4, 7}}}, 4},
         {"el tramo cuenta antes que los códigos de más",
-         {{1, 3, 2, 0, 0, 5}, {1, 3, 9, 0, 0, 6, 1, 9}, {1, 3, 8, 0, 0, 7, 2, 9}},
+         {{1, 5, 0, {3, 2, 0}}, {1, 6, 0, {3, 9, 0}, {1, 9}}, {1, 7, 0, {3, 8, 0}, {2, 9}}},
          7,
          kTres,
          5,
          true},
-        {"fuera del tramo del artículo", {{4, 3, 4, 5, 50, 9, 10, 20}, kFamiliaPorTramo}, 6, kTres, 9, true},
+        {"fuera del tramo del artículo", {{4, 9, 50, {}, {10, 20}}, kFamiliaPorTramo}, 6, kTres, 9, true},
     };
-    const Fecha hoy = Fecha::DeAmd(2027, 2, 10);
-    const BaseDePrueba base(BaseDePrueba::Datos::Ninguno, hoy);
-    const std::shared_ptr<Connection> conexion = base.Abrir();
     const auto empresa = std::make_shared<EmpresaFija>();
-    demo::Escritor escritor(*conexion, hoy);
+    empresa->codEmpresa = kEmpresa;
+    demo::Escritor escritor(*conexion, Fecha());
     // The company keeps its customers under another code, where the group is found.
-    escritor.Fila("Empresas", "Codigo, Cod_EmpresaClientes", 1, 3);
-    escritor.Fila("Clientes", "Cod_Empresa, Codigo, Grupo_Dto", 3, kCliente, kGrupo);
-    escritor.Fila("Clientes", "Cod_Empresa, Codigo, Grupo_Dto", 1, kCliente, kGrupo + 1);
+    const Transaccion nuncaConfirmada(*conexion);
+    escritor.Fila("Empresas", "Codigo, Cod_EmpresaClientes", kEmpresa, kDeClientes);
+    escritor.Fila("Clientes", "Cod_Empresa, Codigo, Grupo_Dto", kDeClientes, kCliente, kGrupo);
+    escritor.Fila("Clientes", "Cod_Empresa, Codigo, Grupo_Dto", kEmpresa, kCliente, kGrupo + 1);
     clsCliente_Grp_Dtos grupos;
     clsCliente_DtosFamilias familias;
     familias.Cliente = kCliente;
@@ -122,48 +142,29 @@ TEST(Procedimientos, GanaLaFilaMasCercana) {
     for (const Caso& caso : kCasos) {
         SCOPED_TRACE(caso.nombre);
         empresa->captions = caso.niveles;
-        conexion->BeginTrans();
         for (const FilaDto& fila : caso.filas) Insertar(escritor, fila);
         EXPECT_EQ(Currency::DeDouble(caso.esperado),
                   grupos.Dev_Descuento_Activo(kCliente, Currency::DeDouble(caso.unidades)));
         if (!caso.porTramos) {
             EXPECT_DOUBLE_EQ(caso.esperado, familias.Dev_Descuento_Activo());
         }
-        conexion->RollbackTrans();
+        conexion->Ejecutar("DELETE FROM Descuentos_Familias WHERE Cod_Empresa =31");
+        conexion->Ejecutar("DELETE FROM Clientes_Grp_Descuentos_Fam WHERE Cod_Empresa =31");
     }
-}
-
-// The rows of group 0, which no screen makes, are nobody's.
-TEST(Procedimientos, GrupoCero_NoEsGrupo) {
-    const Fecha hoy = Fecha::DeAmd(2027, 2, 10);
-    const BaseDePrueba base(BaseDePrueba::Datos::Ninguno, hoy);
-    const std::shared_ptr<Connection> conexion = base.Abrir();
-    demo::Escritor escritor(*conexion, hoy);
-    escritor.Fila("Empresas", "Codigo, Cod_EmpresaClientes", 1, 3);
-    escritor.Fila("Clientes", "Cod_Empresa, Codigo, Grupo_Dto", 3, kCliente, 0);
-    FilaDto deNadie = kArticulo;
+    // More decimals come back as money. The rows of group 0, which no screen makes, are nobody's.
+    Insertar(escritor, kSeccion);
+    conexion->Ejecutar("UPDATE Descuentos_Familias SET Descuento =7.123456 WHERE Cod_Empresa =31");
+    EXPECT_EQ(7.1235, familias.Dev_Descuento_Activo());
+    FilaDto deNadie = kSeccion;
     deNadie.deOtro = -kGrupo;
     Insertar(escritor, deNadie);
-    clsCliente_Grp_Dtos grupos;
-    Preparar(grupos, conexion, std::make_shared<EmpresaFija>());
+    conexion->Ejecutar("UPDATE Clientes SET Grupo_Dto =0 WHERE Cod_Empresa =33");
     EXPECT_EQ(Currency(), grupos.Dev_Descuento_Activo(kCliente, Currency::DeEntero(1)));
-    conexion->Ejecutar("UPDATE Clientes_Grp_Descuentos_Fam SET Cod_Grupo =7");
-    conexion->Ejecutar("UPDATE Clientes SET Grupo_Dto =7");
-    EXPECT_EQ(Currency::DeEntero(8), grupos.Dev_Descuento_Activo(kCliente, Currency::DeEntero(1)));
 }
 
-TEST(Procedimientos, DescuentoConMasDecimales_VieneComoDinero) {
-    const Fecha hoy = Fecha::DeAmd(2027, 2, 10);
-    const BaseDePrueba base(BaseDePrueba::Datos::Ninguno, hoy);
-    const std::shared_ptr<Connection> conexion = base.Abrir();
-    demo::Escritor escritor(*conexion, hoy);
-    Insertar(escritor, kSeccion);
-    conexion->Ejecutar("UPDATE Descuentos_Familias SET Descuento =7.123456");
-    clsCliente_DtosFamilias familias;
-    Preparar(familias, conexion, std::make_shared<EmpresaFija>());
-    familias.Cliente = kCliente;
-    EXPECT_EQ(7.1235, familias.Dev_Descuento_Activo());
+TEST(Procedimientos, EnLaBaseEmbebida) {
+    const BaseDePrueba base(BaseDePrueba::Datos::Ninguno, Fecha());
+    ProbarProcedimientos(base.Abrir());
 }
 
-}  // namespace
 }  // namespace kv::prueba

@@ -45,13 +45,19 @@ void CompararCargas(Pareja& pareja, Azar& azar, int veces) {
             Anotar(r, "", a);
             if (const auto padre = a.padre()) Anotar(r, "padre.", *padre);
         });
+        // Most questions have an answer: a future day finds one where a change is in force on it.
         pareja.Probar("DevPvp", azar, [](Lado& lado, Azar& suerte, Respuestas& r) {
             clsDatosArt a;
             lado.Inyectar(a, suerte.Entre<std::int16_t>(1, 2));
-            a.Codigo = Articulo(suerte);
+            const bool futura = suerte.Una(3);
+            const bool cualquiera = suerte.Una(6);
+            a.Codigo = cualquiera ? Articulo(suerte)
+                       : futura   ? suerte.De({102, 103, 1026, 1035, 1044})
+                                  : suerte.Entre(1001, 1324);
             a.CualidadX = Talla(suerte, a.Codigo);
-            const auto tarifa = suerte.Entre<std::int16_t>(-1, 6);
-            const Fecha fecha = suerte.Dia(-500, 130);
+            const auto tarifa =
+                cualquiera ? suerte.Entre<std::int16_t>(-1, 6) : suerte.De<std::int16_t>({1, 1, 2, 3, 5});
+            const Fecha fecha = futura ? suerte.Dia(1, 130) : suerte.Dia(-500, 0);
             r("precio", a.DevPvp(tarifa, fecha, suerte.Una(3)));
             r("TarifaPVP", a.TarifaPVP);
         });

@@ -16,7 +16,10 @@ void CompararReglas(Pareja& pareja, Azar& azar, int veces);
 /// Customers: browsing, writing, telephones, dates, queries and deletions, some of which fail midway.
 void CompararClientes(Pareja& pareja, Azar& azar, int veces);
 
-/// All of the above, loads again on what it leaves, and in the end every table.
+/// Which row of several wins, asked of both procedures of one database; what it writes for that is rolled back.
+void ProbarProcedimientos(const std::shared_ptr<Connection>& conexion);
+
+/// All of the comparisons above, loads again on what it leaves, and in the end every table.
 void CompararTodo(Pareja& pareja, Azar& azar);
 
 }  // namespace kv::prueba

@@ -155,6 +155,7 @@ void Comparar(const std::shared_ptr<ConexionOdbc>& servidor, Fecha hoy) {
     for (const std::string_view texto : LotesDe(EsquemaSqlServer())) lote(texto);
     EsperarError(kErrLlamadaInvalida, "KVDatosArt", [&] { CrearDemostracionServidor(*servidor, lote, hoy); });
     LlamarProcedimientos(*servidor);
+    ProbarProcedimientos(servidor);
     PerderUnaTransaccion(*servidor);
 
     const BaseDePrueba embebida(BaseDePrueba::Datos::Demostracion, hoy);
