@@ -20,7 +20,7 @@ TEST(Valor, AEnteros_RedondeanAlPar) {
         {2, {2.5, 2.5F, Dinero(2.5), Dinero(1.5)}},
         {3, {2.51}},
         {4, {3.5, S(" 3.5 ")}},
-        {200, {std::uint8_t{200}, std::int64_t{200}}},
+        {200, {std::uint8_t{200}, std::int64_t{200}, Fecha::DeOle(200)}},
         {32767, {32767.4}},
         {-32768, {-32768}},
     };
@@ -30,6 +30,7 @@ TEST(Valor, AEnteros_RedondeanAlPar) {
             EXPECT_EQ(entero, AInteger(valor)) << "de la clase " << valor.index();
         }
     EXPECT_EQ(255, AByte(true));
+    EXPECT_EQ(0, AByte(false));
     EXPECT_EQ(255, AByte(std::int64_t{255}));
     EXPECT_EQ(2, AByte(2.5));
     EXPECT_EQ(2147483647, ALong(Dinero(2147483647.4)));
@@ -65,10 +66,12 @@ TEST(Valor, LoQueNoCabeONoEs_Falla) {
 }
 
 TEST(Valor, BooleanosTextosYFechas) {
-    for (const Valor& cierto : {Valor(true), Valor(-1), Valor(0.1), Valor(Dinero(0.0001)), Valor(S("Verdadero"))})
+    for (const Valor& cierto : {Valor(true), Valor(-1), Valor(0.1), Valor(Dinero(0.0001)), Valor(S("Verdadero")),
+                                Valor(S("True")), Valor(Fecha::DeOle(1))})
         EXPECT_TRUE(ABoolean(cierto)) << AString(cierto, '.');
     for (const char* falso : {"0", "False", "Falso"}) EXPECT_FALSE(ABoolean(S(falso))) << falso;
-    EXPECT_EQ("0,1", AString(0.1F, ','));
+    EXPECT_EQ("0,3", AString(0.3F, ','));
+    EXPECT_EQ("1,234567E+07", AString(12345670.0F, ','));
     EXPECT_EQ("12,5", AString(12.5, ','));
     EXPECT_EQ("12,5", AString(Dinero(12.5), ','));
     EXPECT_EQ("05/03/2026", AString(Fecha::DeAmd(2026, 3, 5), ','));
@@ -77,7 +80,11 @@ TEST(Valor, BooleanosTextosYFechas) {
     EXPECT_EQ(Fecha::DeAmd(2026, 1, 1), ADate(46023.0));
     EXPECT_EQ(Fecha::DeAmd(2026, 3, 5), ADate(S("05/03/2026")));
     EXPECT_EQ(Dinero(-1), ACurrency(true));
+    EXPECT_EQ(Dinero(0), ACurrency(false));
+    EXPECT_EQ(Dinero(2.5), ACurrency(2.5F));
+    EXPECT_EQ(Dinero(46023), ACurrency(Fecha::DeAmd(2026, 1, 1)));
     EXPECT_EQ(-1, ADouble(true));
+    EXPECT_EQ(0, ADouble(false));
     EXPECT_EQ(0.5, ADouble(S("0,5")));
 }
 

@@ -54,12 +54,15 @@ TEST(ConexionTrazada, InformaDeCadaOperacionYDejaPasarTodo) {
     std::vector<std::string> visto;
     ConexionTrazada trazada(guion, [&](const OperacionTrazada& o) {
         visto.push_back(std::string(o.clase) + "|" + std::string(o.texto) + "|" + (o.hayFila ? "fila" : "") +
-                        std::to_string(o.afectados) + o.error);
+                        std::to_string(o.afectados) + o.error + (o.tiempo.count() > 0 ? "" : " en ningún tiempo"));
     });
     trazada.BeginTrans();
     std::unique_ptr<Recordset> rs;
     AbrirLectura(rs, trazada, "A");
     EXPECT_EQ(1, ALong(rs->Fields("uno").Value()));
+    EXPECT_EQ(ObjectState::adStateOpen, rs->State());
+    EXPECT_EQ(1, rs->NumeroCampos());
+    EXPECT_EQ("Uno", rs->NombreCampo(0));
     EsperarError(kErrElementoNoEncontrado, "", [&] { rs->Fields("Dos"); });
     rs->MoveNext();
     EXPECT_TRUE(rs->Eof());

@@ -97,6 +97,7 @@ TEST(MismoNombre, SoloIgualaLetras) {
     EXPECT_FALSE(MismoNombre("A@", "a`"));
     EXPECT_FALSE(MismoNombre("A[", "A{"));
     EXPECT_FALSE(MismoNombre("AB", "A"));
+    EXPECT_EQ("azñ@[", Minusculas("AZñ@["));
 }
 
 TEST(ExigirUnaSentencia, RechazaLaSegundaYNoLoQueSoloLoParece) {

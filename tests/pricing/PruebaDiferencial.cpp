@@ -33,7 +33,20 @@ struct Mundo {
 struct Respuesta {
     long pvp = 0, base = 0;
     int tarifa = 0, descuento = 0;
+    std::string oido;  // by who listens
 };
+
+Currency Centimos(long centimos) {
+    return Currency::DeDiezmilesimas(centimos * 100);
+}
+
+// A source that was asked, in the words of the listener below: a tariff, or whether it was found and set the price.
+std::string DeTarifa(int tarifa, const std::string& pvp) {
+    return "tarifa " + std::to_string(tarifa) + " " + pvp + "|";
+}
+std::string DePaso(FuentePrecio fuente, bool hallada, bool aplicada) {
+    return std::to_string(static_cast<int>(fuente)) + (hallada ? " hallada" : "") + (aplicada ? " aplicada|" : "|");
+}
 
 bool Hay(const Quiza& fuente) {
     return fuente.value_or(0) != 0;
@@ -44,42 +57,47 @@ Respuesta Resolver(const Mundo& m) {
     constexpr int kCoste = 333;
     constexpr int kBaseConvenio = 1000;
     Respuesta r;
-    if (m.aCoste || m.tipoCliente != 0) {
-        r.pvp = kCoste;
-    } else {
-        for (const int tarifa : {kPedida, kPromocion, kDelCliente, kDeEmpresa})
-            if (r.tarifa == 0 && m.tarifas.contains(tarifa) && m.tarifas.at(tarifa) != 0) {
-                r.pvp = m.tarifas.at(tarifa);
-                r.tarifa = tarifa;
-            }
+    const auto paso = [&](FuentePrecio fuente, bool hallada, bool aplicada, long pvp) {
+        r.oido += DePaso(fuente, hallada, aplicada);
+        if (!aplicada) return;
+        r.pvp = pvp;
+        if (fuente != FuentePrecio::Tarifa && fuente != FuentePrecio::PrecioBaseCadena) r.tarifa = 0;
+    };
+    for (const int tarifa : {kPedida, kPromocion, kDelCliente, kDeEmpresa}) {
+        if (m.aCoste || r.tarifa != 0 || (tarifa == kPedida && !m.tarifas.contains(tarifa))) continue;
+        const int pvp = m.tarifas.contains(tarifa) ? m.tarifas.at(tarifa) : 0;
+        if (pvp != 0) r.tarifa = tarifa;
+        if (pvp != 0) r.pvp = pvp;
+        r.oido += DeTarifa(tarifa, pvp == 0 ? "no" : Centimos(pvp).ATexto('.').Cadena());
     }
-    if (m.tipoCliente != 0) return r;
-    if (m.propio && m.diasPropio >= 0) {
-        r.pvp = *m.propio;
-        r.tarifa = 0;
+    if (m.aCoste)
+        paso(FuentePrecio::Coste, true, true, kCoste);
+    else
+        paso(FuentePrecio::Tarifa, r.pvp != 0, true, r.pvp);
+    if (m.tipoCliente != 0) {
+        paso(FuentePrecio::CosteTipoCliente, true, true, kCoste);
+        return r;
     }
-    if (m.conCadena && Hay(m.baseNodo))
-        r.pvp = *m.baseNodo;
-    else if (m.conCadena && Hay(m.basePadre))
-        r.pvp = *m.basePadre;
+    const bool propio = m.propio && m.diasPropio >= 0;
+    paso(FuentePrecio::PrecioCliente, propio, propio, m.propio.value_or(0));
+    const int base = !m.conCadena ? 0 : Hay(m.baseNodo) ? *m.baseNodo : m.basePadre.value_or(0);
+    paso(FuentePrecio::PrecioBaseCadena, base != 0, base != 0, base);
     r.base = r.pvp;
-    if (Hay(m.convenioMenos) && kBaseConvenio - *m.convenioMenos > 0) {
-        r.pvp = kBaseConvenio - *m.convenioMenos;
-        r.tarifa = 0;
-    }
+    const int convenio = Hay(m.convenioMenos) ? kBaseConvenio - *m.convenioMenos : 0;
+    paso(FuentePrecio::ConvenioPvp, m.convenioMenos.has_value(), convenio > 0, convenio);
     r.descuento = Hay(m.grupo) ? *m.grupo : m.familia.value_or(0);
+    r.oido += "grupo " + Centimos(m.grupo.value_or(0)).ATexto('.').Cadena() + "|";
+    if (!Hay(m.grupo)) r.oido += "familia " + Centimos(r.descuento).ATexto('.').Cadena() + "|";
+    const long antes = r.pvp;
+    paso(FuentePrecio::NetoCadena, m.conCadena, m.conCadena, r.pvp);
+    r.oido += DePaso(FuentePrecio::Redondeo, true, true);
     if (!m.conCadena) return r;
-    r.base = r.pvp;
-    r.tarifa = 0;
+    r.base = antes;
     const bool hayNodo = m.baseNodo || m.porcentajeNodo;
     if ((!hayNodo || m.dtoPadre) && m.importePadre) r.pvp -= *m.importePadre;
     if (m.porcentajeNodo)
         r.pvp -= std::lround(static_cast<double>((m.cascadaNodo ? r.pvp : r.base) * *m.porcentajeNodo) / 100);
     return r;
-}
-
-Currency Centimos(long centimos) {
-    return Currency::DeDiezmilesimas(centimos * 100);
 }
 
 void Construir(demo::Escritor& e, const Mundo& m) {
@@ -126,14 +144,24 @@ void Construir(demo::Escritor& e, const Mundo& m) {
                kPropia, 20);
 }
 
-// Only listens, and so must change nothing.
-class Callado : public ObservadorCarga {
+// Only listens, and so must change nothing. Each source begins with the price that the one before it left.
+class Oyente : public ObservadorCarga {
   public:
     int nodos = 0;
-    void Tarifa(const TarifaProbada&) override {}
-    void Paso(const PasoPrecio&) override {}
-    void DescuentoLinea(FuenteDescuento, Currency) override {}
-    void DescuentoFallido(FuenteDescuento, std::string_view, std::string_view) override {}
+    double pvp = 0;
+    std::string oido;
+    void Tarifa(const TarifaProbada& t) override {
+        oido += DeTarifa(t.tarifa, t.hallada ? t.pvp.ATexto('.').Cadena() : "no");
+        if (t.porCualidad || t.programada) oido += "de una variante o por venir|";
+    }
+    void Paso(const PasoPrecio& p) override {
+        oido += p.antes == pvp ? DePaso(p.fuente, p.hallada, p.aplicada) : "empieza en otro precio|";
+        pvp = p.despues;
+    }
+    void DescuentoLinea(FuenteDescuento fuente, Currency dto) override {
+        oido += (fuente == FuenteDescuento::Grupo ? "grupo " : "familia ") + dto.ATexto('.').Cadena() + "|";
+    }
+    void DescuentoFallido(FuenteDescuento, std::string_view, std::string_view) override { oido += "un fallo|"; }
     void NodoBase(const NivelesCadena&, const DiasAcuerdo*, Currency) override {}
     void NodoDescuentos(const NivelesCadena&, const DiasAcuerdo*, int) override { ++nodos; }
     void DescuentoCadena(const DescuentoAplicado&) override {}
@@ -172,7 +200,7 @@ std::string Falta(const Mundo& mundo) {
     const Transaccion nuncaConfirmada(*conexion);
     demo::Escritor escritor(*conexion, kHoy);
     Construir(escritor, mundo);
-    Callado observador;
+    Oyente observador;
     const Carga oida = Cargar(conexion, mundo, &observador);
     if (oida != Cargar(conexion, mundo, nullptr)) return "el observador la cambia";
     // The agreement's text walks the chain once more, and unheard.
@@ -188,6 +216,8 @@ std::string Falta(const Mundo& mundo) {
     comparar("tarifa", Currency::DeEntero(esperada.tarifa), Currency::DeEntero(oida.tarifa));
     comparar("base", Centimos(esperada.base), oida.base);
     comparar("descuento", Centimos(esperada.descuento), oida.descuento);
+    comparar("precio oído", oida.precio, Currency::DeDouble(observador.pvp));
+    if (observador.oido != esperada.oido) falta += "se oye " + observador.oido + " en vez de " + esperada.oido;
     return falta;
 }
 

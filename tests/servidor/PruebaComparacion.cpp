@@ -9,7 +9,6 @@
 #include "db/EmpresaTabla.h"
 #include "db/Nombres.h"
 #include "db/odbc/ConexionOdbc.h"
-#include "rules/NivelesFamilia.h"
 #include "schema/DemostracionServidor.h"
 #include "schema/Lotes.h"
 #include "tests/comun/BaseDemo.h"
@@ -112,21 +111,6 @@ TEST(BasePrestada, SoloSeVaciaLaVaciaOLaDeOtraVez) {
     }
 }
 
-// The component sells without a discount that fails; here the server's own words are wanted.
-void LlamarProcedimientos(ConexionOdbc& servidor) {
-    const auto empresa = EmpresaTabla::Leer(servidor, 1);
-    for (const char* nombre : {"KVP_DevDtoDescuentosFamilias", "KVP_DevDtoClientesGrupos"}) {
-        const auto comando = servidor.CrearCommand();
-        PrepararDescuento(*comando, nombre, *empresa, {1, 101, 1, 1, 1});
-        if (comando->CommandText == "KVP_DevDtoClientesGrupos")
-            comando->Parameters.Append("@Unidades", DataType::adCurrency, ParameterDirection::adParamInput, 0,
-                                       Currency::DeEntero(1));
-        comando->Parameters.Append("@Dto", DataType::adCurrency, ParameterDirection::adParamOutput, 0, Nulo{});
-        comando->Execute(CommandType::adOptionUnspecified);
-        EXPECT_TRUE(std::holds_alternative<Currency>(comando->Parameters.Item("@Dto").Value)) << nombre;
-    }
-}
-
 // A server may end a transaction by itself, in a deadlock for one: it can be rolled back still, and the next one is
 // one.
 void PerderUnaTransaccion(ConexionOdbc& servidor) {
@@ -154,7 +138,6 @@ void Comparar(const std::shared_ptr<ConexionOdbc>& servidor, Fecha hoy) {
     // The script changes nothing when it runs again, and the demonstration is not written over.
     for (const std::string_view texto : LotesDe(EsquemaSqlServer())) lote(texto);
     EsperarError(kErrLlamadaInvalida, "KVDatosArt", [&] { CrearDemostracionServidor(*servidor, lote, hoy); });
-    LlamarProcedimientos(*servidor);
     ProbarProcedimientos(servidor);
     PerderUnaTransaccion(*servidor);
 
