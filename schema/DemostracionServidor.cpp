@@ -26,15 +26,18 @@ void ExigirIntercalacion(Connection& conexion) {
     if (rs->Fields("Texto").Value() != Valor(std::string("ñ€")))
         Rechazar(
             "La intercalación de la base de datos no guarda la ñ y el €: hace falta otra, como Modern_Spanish_CI_AS");
+    rs->Close();
 }
 
 void ExigirSinEmpresas(Connection& conexion) {
     std::unique_ptr<Recordset> rs;
     AbrirLectura(rs, conexion, "SELECT OBJECT_ID('Empresas', 'U') AS Tabla");
-    if (EsNulo(rs->Fields("Tabla").Value())) return;
+    const bool vacia = EsNulo(rs->Fields("Tabla").Value());
     rs->Close();
+    if (vacia) return;
     AbrirLectura(rs, conexion, "SELECT TOP 1 Codigo FROM Empresas");
     if (!rs->Eof()) Rechazar("La base de datos ya tiene empresas y no se toca");
+    rs->Close();
 }
 
 }  // namespace

@@ -84,6 +84,7 @@ void VaciarBasePrestada(Connection& conexion) {
         else
             LanzarError(kErrLlamadaInvalida, "la base de datos tiene una tabla ajena, «" + tabla + "», y no se toca");
     }
+    rs->Close();
     if (!marcada && !tablas.empty())
         LanzarError(kErrLlamadaInvalida, "la base de datos no está vacía ni la hicieron las pruebas, y no se toca");
     if (!marcada) conexion.Ejecutar("CREATE TABLE KV_BaseDePruebas (Codigo int NOT NULL)");
