@@ -34,6 +34,9 @@ TEST(ValoresSql, ConComaRegional_SoloElCurrencyPorOmisionLaLleva) {
                        SqlBooleanoAbsoluto(true), std::string(" b")));
     EXPECT_LT(dia, Biblioteca().Hoy());
     EXPECT_EQ(Currency::DeDouble(2.35), Biblioteca().Redondear(Currency::DeDouble(2.345), 2));
+    testing::internal::CaptureStderr();
+    Biblioteca().MensajeCritico("hay dependencias", "¡Atención!");
+    EXPECT_EQ("¡Atención! hay dependencias\n", testing::internal::GetCapturedStderr());
 }
 
 TEST(BibliotecaComun, HoyEsElDiaDeLaZonaLocal) {

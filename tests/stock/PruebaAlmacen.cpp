@@ -184,8 +184,12 @@ TEST_F(Almacen, FilaQueNoSirve_NadaSeEscribe) {
                  [] { clsAlmacen_Articulo().Act_Costo_DF(1, 1, Currency(), 1); });
     Leer(false, 0, {{1e18, 1e18, 0.0, 0.0}});
     EsperarError(kErrDesbordamiento, "KVDatosArt", [&] { Mover({"", 7, 1, 1}, false, false); });
-    Leer(true, 0, {{Nulo{}, 1.0, 0.0, 0.0}});
-    EsperarError(kErrNulo, "KVDatosArt", [&] { Mover({"", 7, 1, 1}, true, false); });
+    for (std::size_t columna = 0; columna < 4; ++columna) {
+        ConexionGuion::Fila fila = {1, 1, 1, 1};
+        fila[columna] = Nulo{};
+        Leer(true, 0, {fila});
+        EsperarError(kErrNulo, "KVDatosArt", [&] { Mover({"", 7, 1, 1}, true, false); });
+    }
 }
 
 TEST_F(Almacen, Cantidades_ActualizaOInserta) {
