@@ -243,7 +243,7 @@ TEST_F(Cliente, ConsultasSinFila_CuentanCero) {
         {"SELECT ISNULL(MAX(Codigo), 0) AS Codigo FROM Clientes WHERE Cod_Empresa =3 AND Codigo >= 1000",
          [](clsCliente& c) -> double { return c.Dev_Codigo_Nuevo(1000); }, 1},
         {" SELECT COUNT(*) AS Cant FROM Clientes_Notas WHERE Cod_Empresa =3 AND Pendiente = 1"
-         " AND Vencimiento <= '05/03/2026'",
+         " AND Vencimiento <= '17/04/2026'",
          [](clsCliente& c) -> double { return c.Verif_Notas(); }, 0},
         {"SELECT ISNULL(SUM(Total), 0) AS Total FROM Albaranes_F WHERE Cod_Empresa =1 AND Cliente =77"
          " AND Factura_Codigo = 0",

@@ -269,7 +269,7 @@ struct EmpresaQueCambia : EmpresaFija {
 TEST_F(Cadenas, TextoTotal_PideLosDecimalesCadaVez) {
     objeto.cEmpresa(std::make_shared<EmpresaQueCambia>());
     Esperar({{false, {{1, 1.2345}}}});
-    EXPECT_EQ("PB: 100  DTOS: E1,20", objeto.Dev_CadenaConvenio_Total(dia));
+    EXPECT_EQ("PB: 100  DTOS: Ep1,20", objeto.Dev_CadenaConvenio_Total(dia));
 }
 
 // What is loaded is inserted; what is then set is updated.
