@@ -48,7 +48,7 @@ bool clsCliente::Verif_Notas() try {
     return LeerUno(Cnx(), TextoSql(
         " SELECT COUNT(*) AS Cant FROM Clientes_Notas",
         " WHERE Cod_Empresa =", SqlEntero(Emp().CodEmpresaClientes()),
-        " AND Pendiente = 1 AND Vencimiento <= '", SqlFecha(Biblioteca().Hoy()), "'"), "cant", ALong) > 0;
+        " AND Pendiente = 1 AND Vencimiento <= '", SqlFecha(Hoy()), "'"), "cant", ALong) > 0;
 } catch (...) {
     Relanzar("clsCliente::Verif_Notas");
 }

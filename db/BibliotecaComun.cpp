@@ -16,6 +16,8 @@ std::shared_ptr<BibliotecaComun>& Sustituta() {
     return sustituta;
 }
 
+thread_local std::optional<Fecha> hoyDelHilo;
+
 }  // namespace
 
 TextoNumero BibliotecaComun::LiteralFecha(Fecha fecha) const {
@@ -58,6 +60,18 @@ BibliotecaComun& Biblioteca() {
 std::shared_ptr<BibliotecaComun> CambiarBiblioteca(std::shared_ptr<BibliotecaComun> nueva) {
     std::swap(Sustituta(), nueva);
     return nueva;
+}
+
+Fecha Hoy() {
+    return hoyDelHilo ? *hoyDelHilo : Biblioteca().Hoy();
+}
+
+HoyFijado::HoyFijado(Fecha hoy) : anterior_(hoyDelHilo) {
+    hoyDelHilo = hoy;
+}
+
+HoyFijado::~HoyFijado() {
+    hoyDelHilo = anterior_;
 }
 
 void FijarSeparadorDecimal(char separador) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -39,6 +40,22 @@ BibliotecaComun& Biblioteca();
 
 /// Replaces the library in use (nothing brings the default back) and returns the former replacement, if any.
 std::shared_ptr<BibliotecaComun> CambiarBiblioteca(std::shared_ptr<BibliotecaComun> nueva);
+
+/// Today as the component takes it: the day that this thread has fixed, else that of the library in use.
+Fecha Hoy();
+
+/// Fixes today for the thread that makes it, for as long as it lives; the innermost one counts. A list that runs over
+/// midnight keeps its rules, and what other threads ask meanwhile is not touched.
+class HoyFijado {
+  public:
+    explicit HoyFijado(Fecha hoy);
+    ~HoyFijado();
+    HoyFijado(const HoyFijado&) = delete;
+    HoyFijado& operator=(const HoyFijado&) = delete;
+
+  private:
+    const std::optional<Fecha> anterior_;
+};
 
 /// The decimal separator of the default library: '.' or ','. Error 5 for any other character.
 void FijarSeparadorDecimal(char separador);

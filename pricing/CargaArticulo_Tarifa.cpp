@@ -29,7 +29,7 @@ Currency CargaArticulo::PrecioTarifa(Consulta& consulta, DatosArticulo& objPadre
 // Only a date after today is priced by the scheduled changes, and then because the caller forces it or because the
 // company has them on.
 bool CargaArticulo::UsarCambiosProgramados(Consulta& consulta, Fecha dteFecha, bool blnForzarAnterior) {
-    if (Biblioteca().Hoy() >= dteFecha) return false;
+    if (Hoy() >= dteFecha) return false;
     if (blnForzarAnterior) return true;
     Recordset& rs =
         consulta.Abrir(Cnx(), "SELECT TarifasxFechas FROM Empresas WHERE Codigo=", SqlEntero(Emp().CodEmpresa()));

@@ -109,7 +109,7 @@ void clsAlmacen_Articulo::Act_Costo(Currency curCosto) {
 
 void clsAlmacen_Articulo::Act_Bloqueo() {
     const TextoNumero bloqueo = SqlBooleanoAbsoluto(Bloqueado);
-    const TextoNumero dormido = Bloqueado ? SqlFecha(Biblioteca().Hoy()) : TextoNumero("01/01/1900");
+    const TextoNumero dormido = Bloqueado ? SqlFecha(Hoy()) : TextoNumero("01/01/1900");
     PonerEnFila(
         TextoSql("UPDATE Almacen_Articulos SET Bloqueo =", bloqueo, ", F_Dormido ='", dormido, "'"),
         "INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo, Bloqueo, F_Dormido) VALUES (",

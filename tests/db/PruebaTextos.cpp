@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <ctime>
+#include <thread>
 
 #include "db/Ado.h"
 #include "db/BibliotecaComun.h"
@@ -14,6 +15,26 @@
 
 namespace kv::prueba {
 namespace {
+
+TEST(HoyFijado, ValeParaSuHiloYMientrasVive) {
+    const Fecha uno = Fecha::DeAmd(2026, 3, 5);
+    const Fecha otro = Fecha::DeAmd(2027, 4, 6);
+    {
+        const HoyFijado fijado(uno);
+        {
+            const HoyFijado dentro(otro);
+            EXPECT_EQ(otro, Hoy());
+        }
+        EXPECT_EQ(uno, Hoy());
+        std::thread([&] {
+            EXPECT_NE(uno, Hoy());
+            const HoyFijado suyo(otro);
+            EXPECT_EQ(otro, Hoy());
+        }).join();
+        EXPECT_EQ(uno, Hoy());
+    }
+    EXPECT_EQ(Biblioteca().Hoy(), Hoy());
+}
 
 TEST(ValoresSql, ConComaRegional_SoloElCurrencyPorOmisionLaLleva) {
     const Currency importe = Currency::DeDouble(-12.5);
