@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "db/Connection.h"
 
@@ -42,6 +43,25 @@ class ConexionSqlite : public Connection {
     /// done, when it has that version already. Error that names the file when it is no such database, when it is newer,
     /// and when a text or a column of it does not fit in the new tables: it says which, and nothing changes.
     static bool Actualizar(const std::string& ruta, const IdentidadBase& identidad, const std::string& guion);
+
+    /// Opens the file `cuantas` times, for reading only, all of them on one state of the base: each connection holds a
+    /// transaction that began while nobody could write, and what others commit afterwards none of them sees. One alone
+    /// comes back when the base cannot be written, since nothing then holds writers off. The write-ahead log grows
+    /// while they live: close them soon. Waits for a writer as every statement does; errors as in `Abrir`.
+    static std::vector<std::shared_ptr<ConexionSqlite>> AbrirMismoEstado(const std::string& ruta,
+                                                                         const IdentidadBase& identidad,
+                                                                         std::size_t cuantas);
+
+    /// Copies the base in `origen`, as it stands at this moment and while others go on writing, to the new file
+    /// `destino`, which only its owner may read. Error when that exists or when the disk has no room for it, before
+    /// anything is written. `sigue` is asked now and then; when it says no the copy ends with error 9. The file gets
+    /// its name when it is whole and on disk, and nothing remains of a failed attempt.
+    static void Copiar(const std::string& origen, const IdentidadBase& identidad, const std::string& destino,
+                       const std::function<bool()>& sigue);
+
+    /// An empty database of its own, without a name, gone with its connection. What does not fit into a small cache
+    /// lies in a file that nobody else sees.
+    static std::shared_ptr<ConexionSqlite> Temporal();
 
     ~ConexionSqlite() override;
 
