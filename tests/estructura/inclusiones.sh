@@ -15,6 +15,7 @@ declare -A permitidas=(
     [rules]="base db stock"
     [pricing]="base db stock customers rules"
     [component]="base db stock customers rules pricing"
+    [catalog]="base db stock customers rules pricing component"
     [component/com]="base db db/ado stock customers rules pricing component"
     [schema]="base db"
     [application]="base db db/sqlite db/odbc stock customers rules pricing component schema"
