@@ -24,30 +24,50 @@ std::string Donde(const ClaveComparada& clave) {
                     " AND Unidades =", SqlCurrencyConPunto(clave.unidades));
 }
 
+TextoNumero Importe(const PrecioComparado& precio, Currency PrecioComparado::*importe) {
+    return precio.conPrecio ? SqlCurrencyConPunto(precio.*importe) : TextoNumero("NULL");
+}
+
 void Insertar(Connection& mesa, const ClaveComparada& clave, const PrecioComparado& precio, std::string_view columnas) {
     mesa.Ejecutar(TextoSql("INSERT INTO Comparada (Articulo, Cliente, Unidades, ", columnas, ") VALUES (",
                            SqlEntero(clave.articulo), ", ", SqlEntero(clave.cliente), ", ",
-                           SqlCurrencyConPunto(clave.unidades), ", ", SqlCurrencyConPunto(precio.pvp), ", ",
-                           SqlCurrencyConPunto(precio.descuento), ", ", SqlCurrencyConPunto(precio.neto), ", ",
-                           Texto(precio.situacion), ", ", Texto(precio.motivo), ", ", Texto(precio.descripcion), ")"));
+                           SqlCurrencyConPunto(clave.unidades), ", ", Importe(precio, &PrecioComparado::pvp), ", ",
+                           Importe(precio, &PrecioComparado::descuento), ", ", Importe(precio, &PrecioComparado::neto),
+                           ", ", Texto(precio.situacion), ", ", Texto(precio.motivo), ", ", Texto(precio.descripcion),
+                           ")"));
 }
 
-// The columns of a side end in nothing or in 2.
+// The columns of a side end in nothing or in 2; one that is not there has no situation either.
 std::optional<PrecioComparado> Leer(Recordset& rs, const std::string& lado) {
     const auto campo = [&](const std::string& nombre) -> const Valor& { return rs.Fields(nombre + lado).Value(); };
     if (EsNulo(campo("Situacion"))) return {};
-    return PrecioComparado{ACurrency(campo("Pvp")),       ACurrency(campo("Descuento")),
-                           ACurrency(campo("Neto")),      AString(campo("Situacion"), '.'),
-                           AString(campo("Motivo"), '.'), AString(campo("Descripcion"), '.')};
+    PrecioComparado precio;
+    precio.conPrecio = !EsNulo(campo("Neto"));
+    if (precio.conPrecio) {
+        precio.pvp = ACurrency(campo("Pvp"));
+        precio.descuento = ACurrency(campo("Descuento"));
+        precio.neto = ACurrency(campo("Neto"));
+    }
+    precio.situacion = AString(campo("Situacion"), '.');
+    precio.motivo = AString(campo("Motivo"), '.');
+    precio.descripcion = AString(campo("Descripcion"), '.');
+    return precio;
 }
 
 bool Iguales(const PrecioComparado& a, const PrecioComparado& b) {
-    return a.situacion == b.situacion && a.pvp == b.pvp && a.descuento == b.descuento && a.neto == b.neto;
+    if (a.situacion != b.situacion || a.conPrecio != b.conPrecio) return false;
+    return !a.conPrecio || (a.pvp == b.pvp && a.descuento == b.descuento && a.neto == b.neto);
+}
+
+std::optional<Currency> Diferencia(const PrecioComparado& antes, const PrecioComparado& despues) {
+    if (!antes.conPrecio || !despues.conPrecio) return {};
+    return despues.neto - antes.neto;
 }
 
 std::optional<double> Porcentaje(const PrecioComparado& antes, const PrecioComparado& despues) {
-    if (!antes.situacion.empty() || !despues.situacion.empty() || antes.neto == Currency()) return {};
-    return (despues.neto - antes.neto).ADouble() * 100.0 / std::abs(antes.neto.ADouble());
+    const std::optional<Currency> diferencia = Diferencia(antes, despues);
+    if (!diferencia || antes.neto == Currency()) return {};
+    return diferencia->ADouble() * 100.0 / std::abs(antes.neto.ADouble());
 }
 
 }  // namespace
@@ -86,9 +106,9 @@ void Comparacion::Despues(const ClaveComparada& clave, const PrecioComparado& pr
         return;
     }
     ++recuento_.distintas;
-    mesa_.Ejecutar(TextoSql("UPDATE Comparada SET Pvp2 =", SqlCurrencyConPunto(precio.pvp),
-                            ", Descuento2 =", SqlCurrencyConPunto(precio.descuento),
-                            ", Neto2 =", SqlCurrencyConPunto(precio.neto), ", Situacion2 =", Texto(precio.situacion),
+    mesa_.Ejecutar(TextoSql("UPDATE Comparada SET Pvp2 =", Importe(precio, &PrecioComparado::pvp),
+                            ", Descuento2 =", Importe(precio, &PrecioComparado::descuento), ", Neto2 =",
+                            Importe(precio, &PrecioComparado::neto), ", Situacion2 =", Texto(precio.situacion),
                             ", Motivo2 =", Texto(precio.motivo), ", Descripcion2 =", Texto(precio.descripcion),
                             ", Porcentaje =", porcentaje ? SqlDoble(*porcentaje) : TextoNumero("NULL"), Donde(clave)));
 }
@@ -103,9 +123,8 @@ RecuentoComparacion Comparacion::Recorrer(const std::function<void(const LineaCo
                            ACurrency(rs->Fields("Unidades").Value())};
         comparada.antes = Leer(*rs, "");
         comparada.despues = Leer(*rs, "2");
-        if (comparada.antes && comparada.despues && comparada.antes->situacion.empty() &&
-            comparada.despues->situacion.empty()) {
-            comparada.diferencia = comparada.despues->neto - comparada.antes->neto;
+        if (comparada.antes && comparada.despues) {
+            comparada.diferencia = Diferencia(*comparada.antes, *comparada.despues);
             comparada.porcentaje = Porcentaje(*comparada.antes, *comparada.despues);
         }
         linea(comparada);

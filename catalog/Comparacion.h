@@ -22,7 +22,9 @@ struct PrecioComparado {
     Currency pvp;
     Currency descuento;
     Currency neto;
-    /// Why there is no price, for people; empty when there is one.
+    /// Without one, the amounts mean nothing.
+    bool conPrecio = true;
+    /// What else is to be the same on both sides, for people: why there is no price, or the line's state.
     std::string situacion;
     /// What set the price. It does not count as a difference.
     std::string motivo;
@@ -34,7 +36,7 @@ struct LineaComparada {
     ClaveComparada clave;
     std::optional<PrecioComparado> antes;
     std::optional<PrecioComparado> despues;
-    /// Of the net prices; none unless both sides have one, the percentage not on a net of 0 either.
+    /// Of the net prices; none unless both sides have a price, the percentage not on a net of 0 either.
     std::optional<Currency> diferencia;
     std::optional<double> porcentaje;
 };

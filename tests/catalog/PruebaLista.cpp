@@ -49,7 +49,7 @@ PeticionLista PeticionAlAzar(Azar& azar) {
     if (azar.Una(2))
         for (int i = 0; i < 40; ++i) peticion.articulos.codigos.push_back(azar.Entre(101, 125));
     for (int i = azar.Entre(1, 12); i > 0; --i) peticion.clientes.codigos.push_back(azar.Entre(1, 60));
-    peticion.orden = azar.De({OrdenLista::Articulo, OrdenLista::Cliente, OrdenLista::Familia});
+    peticion.orden = static_cast<OrdenLista>(azar.Entre(0, 2));
     peticion.terminos.fecha = azar.Dia(-40, 80);
     peticion.terminos.tarifa = azar.De<std::int16_t>({1, 2, 3, 9});
     peticion.terminos.almacen = azar.Entre<std::int16_t>(1, 2);

@@ -11,11 +11,6 @@ while read -r cabecera; do
     echo "$cabecera no compila sola:"
     head -n 5 "$errores"
     mal=1
-<<<<<<< HEAD
 done < <(find . -name '*.h' -not -path './build/*' -not -path './tests/*' -not -path './bench/*' \
              -not -path './db/ado/*' -not -path './component/com/*' | sort)
-=======
-done < <(find base db stock customers rules pricing component catalog schema host -name '*.h' \
-             -not -path 'db/ado/*' -not -path 'component/com/*' | sort)
->>>>>>> 0bf3887 (The library catalog: price lists by several workers, the history of a price, and two lists compared)
 exit "$mal"
