@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds with the sanitizers and runs every test.
-# Usage: scripts/test.sh [--windows]   with the COM server too: builds it and tests it under Wine, as CI does (CI=true)
+# Usage: scripts/test.sh [--windows]   with the COM server too: builds it and tests it under Wine, as CI does (CI=true),
+# and with the threads of lists under the thread sanitizer
 # KV_ODBC_PRUEBAS='connection string' scripts/test.sh also runs the scenarios on that SQL Server database, which must be
 # empty or one of an earlier run and is emptied, and compares every result with the embedded one. KV_SEMILLA=n repeats
 # the random cases of a run.
@@ -18,6 +19,7 @@ scripts/instalar.sh nativo odbc
 construir dev
 ctest --preset dev -j "$(nproc)"
 if [ "$windows" = true ]; then
+    scripts/test-hilos.sh
     scripts/build-windows.sh
     scripts/test-windows.sh
 else

@@ -62,7 +62,7 @@ TEST(Comparacion, LoQueDifiereYLoQueTieneUnSoloLado_PorPorcentaje) {
                                        {-9, 7, 1, Precio(-1)}, {6, 7, 1, Precio(3, 9)}};
     const std::string comun = "-9/7/1 nada -1\n3/7/1 5 nada\n4/7/1 sin precio 8\n5/7/1 0 1 1\n";
     EXPECT_EQ(
-        "1/8/1 10 11 1 10%\n2/7/10 18 18.0001 0.0001 0.000555555555553902%\n6/7/1 3 3 0 0%\n"
+        "1/8/1 10 11 1 10%\n2/7/10 18 18.0001 0.0001 0.000555555555555556%\n6/7/1 3 3 0 0%\n"
         "2/7/1 20 15 -5 -25%\n" +
             comun + "1 6 0 1 1 distintas",
         Comparar(0, antes, despues));

@@ -66,12 +66,12 @@ void EscribirMundo(demo::Escritor& e, Azar& azar) {
                    azar.Una(5) ? 0 : 1, azar.Una(5) ? 1 : 0);
     }
     for (int i = azar.Entre(0, 3); i > 0; --i) {
-        const Fecha desde = azar.Dia(-30, 50);
+        const Fecha desde = kHoy + (azar.Entre(-10, 16) * 3 + i);
         e.Fila("Clientes_Art_PVP", "Cod_Empresa, Cod_Cliente, Cod_Articulo, Fecha_Inicial, Fecha_Final, PVP", 1, 20, 10,
                desde, desde + azar.Entre(i, 25 + i), azar.Importe(0, 90, 2));
     }
     for (int i = azar.Entre(0, 3); i > 0; --i) {
-        const Fecha desde = azar.Dia(-30, 50);
+        const Fecha desde = kHoy + (azar.Entre(-10, 16) * 3 + i);
         const Fecha entrada = azar.Dia(-20, 40);
         e.Fila("Clientes_Cadenas_ConvArt",
                "Cod_Empresa, Cod_Articulo, Cod_Nivel1, Cod_Nivel2, Cod_Nivel3, Cod_Nivel4, Cod_Nivel5, Cod_Nivel6,"

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <set>
 #include <thread>
 
@@ -32,6 +33,7 @@ class Escritor {
                   conexion->Ejecutar("UPDATE Clientes_Grp_Descuentos_Fam SET Descuento =" + std::to_string(i % 30));
                   conexion->Ejecutar("UPDATE Almacen_Articulos SET Stock_Actual =" + std::to_string(i));
                   conexion->CommitTrans();
+                  std::this_thread::sleep_for(std::chrono::milliseconds(2));
               }
           }) {}
     ~Escritor() {
@@ -191,8 +193,8 @@ TEST(Lista, FiltrosYLineasQueFallan_SeCuentan) {
     e.Ejecutar("UPDATE Articulos_Tarifas SET Pvp =9300000000000 WHERE Cod_Articulo =105");
     e.Ejecutar(
         "INSERT INTO Clientes_Cadenas_ConvArt (Cod_Empresa, Cod_Articulo, Cod_Nivel1, Cod_Nivel2, Cod_Nivel3,"
-        " Cod_Nivel4, Cod_Nivel5, Cod_Nivel6, Cod_Nivel7, Cod_Nivel8, Cod_Nivel9, Cod_Nivel10, TDto1, ImporteDto1,"
-        " CantidadDto1) VALUES (1, 106, 2, 2, 0, 0, 0, 0, 0, 0, 0, 0, 2, 5, -5)");
+        " Cod_Nivel4, Cod_Nivel5, Cod_Nivel6, Cod_Nivel7, Cod_Nivel8, Cod_Nivel9, Cod_Nivel10, FechaEntrada,"
+        " TDto1, ImporteDto1, CantidadDto1) VALUES (1, 106, 2, 2, 0, 0, 0, 0, 0, 0, 0, 0, '01/01/2020', 2, 5, -5)");
     const auto puestos = mundo.Puestos(3);
     const auto recuento = [&](const PeticionLista& peticion) {
         DestinoTextos destino;
@@ -215,8 +217,8 @@ TEST(Lista, FiltrosYLineasQueFallan_SeCuentan) {
     EXPECT_EQ("1 0 0 11 0 0 ", recuento(p));
     DestinoTextos destino;
     HacerLista(puestos, Peticion({105, 106}, {17}), destino);
-    EXPECT_EQ("105/17 | fallo: Desbordamiento", destino.lineas.at(0).substr(0, 29));
-    EXPECT_EQ("106/17 | fallo: División por cero", destino.lineas.at(1).substr(0, 34));
+    EXPECT_TRUE(destino.lineas.at(0).starts_with("105/17 | fallo: Desbordamiento")) << destino.lineas[0];
+    EXPECT_TRUE(destino.lineas.at(1).starts_with("106/17 | fallo: División por cero")) << destino.lineas[1];
 }
 
 TEST(Lista, UnaConexionQueFalla_AcabaLaListaConSuError) {

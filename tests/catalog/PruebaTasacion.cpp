@@ -34,7 +34,7 @@ TEST(Tasar, CadaLineaEsDeUnObjetoNuevo_YDiceQuePusoElPrecio) {
         const char* precios;
         const char* motivo;
     } casos[] = {
-        {112, 5, 0, "6.9 12 6.07", "tarifa 1, descuento de familia"},
+        {112, 5, 0, "4.85 12 4.27", "tarifa 1, descuento de familia"},
         {112, 49, 0, "", "cliente a coste"},
         {5555, 5, 1, "0 0 0", "sin precio"},
         {112, 49, 0, "", "cliente a coste"},

@@ -1,6 +1,7 @@
 // Prices a line with the installed headers and libraries only.
 #include <cstdio>
 
+#include "catalog/Historia.h"
 #include "component/clsDatosArt.h"
 #include "db/EmpresaTabla.h"
 #include "db/sqlite/ConexionSqlite.h"
@@ -14,9 +15,12 @@ int main(int argc, char** argv) {
     kv::ConexionSqlite::Crear(argv[1], identidad, kv::EsquemaSqlite(),
                               [&](kv::Connection& conexion) { kv::CargarDemostracion(conexion, hoy); });
     const auto conexion = kv::ConexionSqlite::Abrir(argv[1], identidad, kv::ConexionSqlite::Modo::SoloLectura);
+    const auto empresa = kv::EmpresaTabla::Leer(*conexion, 1);
     kv::clsDatosArt articulo;
     articulo.Conexion(conexion);
-    articulo.cEmpresa(kv::EmpresaTabla::Leer(*conexion, 1));
+    articulo.cEmpresa(empresa);
     const int estado = articulo.Cargar(113, 11, hoy, 1, 1, 2);
     std::printf("%d %s %.2f\n", estado, articulo.Descripcion.c_str(), articulo.Pvp);
+    const auto tramos = kv::HacerHistoria({conexion, empresa}, {{113, 11, hoy, 1}, hoy, hoy + 1, hoy});
+    return tramos.size() == 1 && tramos[0].tasacion.neto.ADouble() == articulo.Pvp ? 0 : 1;
 }

@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -53,6 +54,7 @@ class Escritor {
                       conexion->Ejecutar("UPDATE Par SET Valor =" + std::to_string(i) + " WHERE Codigo =" + codigo);
                   conexion->CommitTrans();
                   escritas_ = i;
+                  std::this_thread::sleep_for(std::chrono::milliseconds(1));
               }
           }) {}
     ~Escritor() {
@@ -61,7 +63,7 @@ class Escritor {
     }
     /// Waits for a commit that begins after now.
     void EsperarOtra() const {
-        for (const int ya = escritas_; escritas_ < ya + 2;) std::this_thread::yield();
+        for (const int ya = escritas_; escritas_ < ya + 2;) std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
 
   private:
