@@ -18,9 +18,9 @@ declare -A permitidas=(
     [catalog]="base db stock customers rules pricing component"
     [component/com]="base db db/ado stock customers rules pricing component"
     [schema]="base db"
-    [application]="base db db/sqlite db/odbc stock customers rules pricing component schema"
-    [host]="base db stock customers rules pricing component application"
-    [host/cli]="base db application host"
+    [application]="base db db/sqlite db/odbc stock customers rules pricing component catalog schema"
+    [host]="base db stock customers rules pricing component catalog application"
+    [host/cli]="base db catalog application host"
 )
 
 carpeta_de() {
