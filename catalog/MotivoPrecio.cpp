@@ -74,6 +74,11 @@ void OyenteMotivo::DescuentoLinea(FuenteDescuento fuente, Currency porcentaje) {
     motivo_.descuentoFamilia = fuente == FuenteDescuento::Familia;
 }
 
+void OyenteMotivo::DescuentoFallido(FuenteDescuento /*fuente*/, std::string_view procedimiento,
+                                    std::string_view fallo) {
+    falloDescuento_ = "el procedimiento " + std::string(procedimiento) + " ha fallado: " + std::string(fallo);
+}
+
 void OyenteMotivo::Paso(const PasoPrecio& paso) {
     if (!paso.aplicada) return;
     const auto poner = [&](ProcedenciaPrecio procedencia) {

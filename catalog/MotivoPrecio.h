@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "pricing/ObservadorCarga.h"
 
@@ -43,10 +44,13 @@ struct MotivoPrecio {
 class OyenteMotivo : public ObservadorCarga {
   public:
     const MotivoPrecio& Motivo() const { return motivo_; }
+    /// Why a discount could not be asked for, which the load itself takes for none; empty when it could.
+    const std::string& FalloDescuento() const { return falloDescuento_; }
 
     void Tarifa(const TarifaProbada& tarifa) override;
     void Paso(const PasoPrecio& paso) override;
     void DescuentoLinea(FuenteDescuento fuente, Currency porcentaje) override;
+    void DescuentoFallido(FuenteDescuento fuente, std::string_view procedimiento, std::string_view fallo) override;
     void NodoBase(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, Currency base) override;
     void NodoDescuentos(const NivelesCadena&, const DiasAcuerdo*, int) override {}
     void DescuentoCadena(const DescuentoAplicado&) override {}
@@ -55,6 +59,7 @@ class OyenteMotivo : public ObservadorCarga {
     MotivoPrecio motivo_;
     TarifaProbada tarifa_{};
     NivelesCadena nodo_{};
+    std::string falloDescuento_;
 };
 
 }  // namespace kv

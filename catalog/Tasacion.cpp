@@ -38,7 +38,8 @@ Tasacion Tasar(const Puesto& puesto, const Pregunta& pregunta) {
     try {
         tasacion.estado = articulo.Cargar(pregunta.articulo, pregunta.cliente, pregunta.fecha, pregunta.tarifa,
                                           pregunta.almacen, pregunta.decimales, pregunta.unidades);
-        PonerPrecio(tasacion, articulo, pregunta.decimales);
+        tasacion.fallo = oyente.FalloDescuento();
+        if (tasacion.fallo.empty()) PonerPrecio(tasacion, articulo, pregunta.decimales);
         tasacion.motivo = oyente.Motivo();
     } catch (const RuntimeError& error) {
         tasacion.fallo = error.descripcion;

@@ -64,7 +64,8 @@ struct Tasacion {
 };
 
 /// Prices a line with an object of its own: a load leaves what it does not read as it finds it. Whatever the load
-/// raises becomes the line's `fallo`; a database that fails otherwise is for the caller to find out.
+/// raises becomes the line's `fallo`, and so does a discount procedure that fails; a database that fails otherwise is
+/// for the caller to find out.
 Tasacion Tasar(const Puesto& puesto, const Pregunta& pregunta);
 
 }  // namespace kv

@@ -95,6 +95,14 @@ TEST(Tasar, LoQuePusoElPrecio) {
     }
 }
 
+TEST(Tasar, UnDescuentoQueNoSePuedePreguntar_NoEsNingunPrecio) {
+    const MundoCatalogo mundo;
+    mundo.escritura->Ejecutar("DELETE FROM Procedimientos WHERE Nombre ='KVP_DevDtoClientesGrupos'");
+    const Tasacion t = Tasar(mundo.Puestos(1)[0], Terminos(112, 5));
+    EXPECT_TRUE(t.fallo.starts_with("el procedimiento KVP_DevDtoClientesGrupos ha fallado: ")) << t.fallo;
+    EXPECT_EQ(Currency(), t.pvp);
+}
+
 TEST(Busqueda, SinMayusculasNiAcentos_YTodasLasPalabras) {
     const auto contiene = [](const char* texto, const char* busca) {
         return ContienePalabras(texto, PalabrasBuscadas(busca));
