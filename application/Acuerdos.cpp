@@ -1,5 +1,7 @@
 #include "application/Acuerdos.h"
 
+#include "application/AcuerdosListados.h"
+#include "application/Comprobaciones.h"
 #include "application/Rechazo.h"
 #include "db/Transaccion.h"
 #include "db/ValoresSql.h"
@@ -10,109 +12,136 @@ namespace kv::aplicacion {
 namespace {
 
 using Clase = clsClientes_Cadenas_ConvArt;
+using Tipo = DescuentoAcuerdo::Tipo;
 
-constexpr ColumnaTabla kAcuerdos[] = {
-    {"", "nodo", "Nodo"},
-    {"", "desde", "Desde", ClaseDato::Fecha},
-    {"", "hasta", "Hasta", ClaseDato::Fecha},
-    {"", "precioBase", "Precio base", ClaseDato::Importe},
-    {"", "dto1", "Dto. 1"},
-    {"", "dto2", "Dto. 2"},
-    {"", "dto3", "Dto. 3"},
-    {"", "dto4", "Dto. 4"},
-    {"", "dto5", "Dto. 5"},
-    {"", "sumaPadre", "Suma los de encima", ClaseDato::Logico},
-};
+const Fecha kSinFin = Fecha::DeAmd(2050, 12, 31);
 
-constexpr std::size_t kNiveles = std::tuple_size_v<NivelesCadena>;
-
-NivelesCadena LeerNodo(Recordset& rs) {
-    NivelesCadena nodo{};
-    for (std::size_t i = 0; i < kNiveles; ++i)
-        nodo[i] = AInteger(rs.Fields("Cod_Nivel" + std::to_string(i + 1)).Value());
-    return nodo;
-}
-
-std::string TextoDescuento(Recordset& rs, const ColumnasDescuento& columnas, Currency importe) {
-    using Tipo = DescuentoAcuerdo::Tipo;
-    const std::int16_t clase = AInteger(rs.Fields(columnas.tipo).Value());
-    switch (clase) {
-        case kDtoPorcentaje:
-            return TextoDe({ABoolean(rs.Fields(columnas.cascada).Value()) ? Tipo::Cascada : Tipo::Porcentaje, importe});
-        case kDtoImporte:
-            return TextoDe({Tipo::Importe, importe});
-        case kDtoOferta:
-            return TextoDe({Tipo::Oferta, importe, AInteger(rs.Fields(columnas.cantidad).Value())});
-        default:
-            return "clase " + std::to_string(clase) + ": " + importe.ATexto('.').Cadena();
-    }
-}
-
-// The discount of a slot, NULL when it is unused; with its own days when it does not last as long as the agreement.
-Valor LeerDescuento(Recordset& rs, const ColumnasDescuento& columnas) {
-    const Currency importe = ACurrency(rs.Fields(columnas.importe).Value());
-    if (importe == Currency()) return Nulo{};
-    std::string texto = TextoDescuento(rs, columnas, importe);
-    const Fecha desde = ADate(rs.Fields(columnas.entrada).Value());
-    const Fecha hasta = ADate(rs.Fields(columnas.salida).Value());
-    if (desde > ADate(rs.Fields("FechaEntrada").Value()) || hasta < ADate(rs.Fields("FechaSalida").Value()))
-        Agregar(texto, " (", SqlFecha(desde), "-", SqlFecha(hasta), ")");
-    return texto;
-}
-
-Tabla LeerAcuerdos(const Sesion& sesion, std::int32_t articulo) {
-    std::string sql =
-        TextoSql("SELECT * FROM Clientes_Cadenas_ConvArt WHERE Cod_Empresa =", SqlEntero(sesion.Emp().CodEmpresa()),
-                 " AND Cod_Articulo =", SqlEntero(articulo), " ORDER BY ");
-    for (std::size_t i = 1; i <= kNiveles; ++i) Agregar(sql, "Cod_Nivel", SqlEntero(static_cast<int>(i)), ", ");
-    sql += "FechaEntrada";
-    Tabla tabla{"acuerdos", kAcuerdos};
-    std::unique_ptr<Recordset> rs;
-    AbrirLectura(rs, sesion.Cnx(), sql);
-    for (; !rs->Eof(); rs->MoveNext()) {
-        FilaTabla fila = {TextoDe(LeerNodo(*rs)), rs->Fields("FechaEntrada").Value(), rs->Fields("FechaSalida").Value(),
-                          rs->Fields("PBase").Value()};
-        for (const ColumnasDescuento& columnas : kDescuentosAcuerdo) fila.push_back(LeerDescuento(*rs, columnas));
-        fila.push_back(rs->Fields("Dto_Padre").Value());
-        tabla.filas.push_back(std::move(fila));
-    }
-    return tabla;
-}
-
-void PonerDescuentos(Clase& acuerdo, const std::vector<DescuentoAcuerdo>& descuentos) {
-    if (descuentos.size() > kDescuentosAcuerdo.size()) RechazarImposible("dto", "caben cinco descuentos");
-    for (std::size_t i = 0; i < descuentos.size(); ++i) {
-        const auto casilla = static_cast<std::int16_t>(i);
-        const DescuentoAcuerdo& d = descuentos[i];
-        const bool oferta = d.tipo == DescuentoAcuerdo::Tipo::Oferta;
-        acuerdo.TipoDto(casilla, oferta                                      ? kDtoOferta
-                                 : d.tipo == DescuentoAcuerdo::Tipo::Importe ? kDtoImporte
-                                                                             : kDtoPorcentaje);
-        acuerdo.ImporteDto(casilla, d.importe);
-        acuerdo.UnidadesDto(casilla, oferta ? d.gratis : std::int16_t(0));
-        acuerdo.AplicarCascada(casilla, d.tipo == DescuentoAcuerdo::Tipo::Cascada);
-    }
-}
-
-void Abrir(Clase& acuerdo, const Sesion& sesion, std::int32_t articulo, const NivelesCadena& nodo) {
+void Abrir(Clase& acuerdo, const Sesion& sesion, const ClaveAcuerdo& clave) {
     sesion.Inyectar(acuerdo);
-    acuerdo.Cod_Articulo = articulo;
+    acuerdo.Cod_Articulo = clave.articulo;
     std::int16_t* const niveles[] = {&acuerdo.Cod_Nivel1, &acuerdo.Cod_Nivel2, &acuerdo.Cod_Nivel3, &acuerdo.Cod_Nivel4,
                                      &acuerdo.Cod_Nivel5, &acuerdo.Cod_Nivel6, &acuerdo.Cod_Nivel7, &acuerdo.Cod_Nivel8,
                                      &acuerdo.Cod_Nivel9, &acuerdo.Cod_Nivel10};
-    for (std::size_t i = 0; i < kNiveles; ++i) {
-        *niveles[i] = nodo[i];
-        if (nodo[i] != 0) acuerdo.Nivel = static_cast<std::int16_t>(i + 1);
+    for (std::size_t i = 0; i < clave.nodo.size(); ++i) {
+        *niveles[i] = clave.nodo[i];
+        if (clave.nodo[i] != 0) acuerdo.Nivel = static_cast<std::int16_t>(i + 1);
     }
 }
 
+void Exigir(const DescuentoAcuerdo& descuento) {
+    ExigirNoNegativo("dto", descuento.importe);
+    if (descuento.tipo == Tipo::Porcentaje || descuento.tipo == Tipo::Cascada)
+        ExigirPorcentaje("dto", descuento.importe);
+    // Nothing paid is a slot that is not in use.
+    if (descuento.tipo == Tipo::Oferta && (descuento.importe == Currency() || descuento.gratis < 0))
+        RechazarImposible("dto", "«" + TextoDe(descuento) + "» no vale; se espera alguna unidad pagada");
+}
+
+void Exigir(const TerminosAcuerdo& terminos) {
+    if (terminos.precioBase) ExigirNoNegativo("precioBase", *terminos.precioBase);
+    if (terminos.descuentos.size() > kDescuentosAcuerdo.size()) RechazarImposible("dto", "caben cinco descuentos");
+    if (terminos.sinPadre && terminos.conPadre) RechazarImposible("", "{sinPadre} y {conPadre} se contradicen");
+    for (const DescuentoAcuerdo& descuento : terminos.descuentos) Exigir(descuento);
+}
+
+void Aplicar(Clase& acuerdo, const TerminosAcuerdo& terminos) {
+    if (terminos.sinPadre || terminos.conPadre) acuerdo.DtoPadre = terminos.conPadre;
+    if (terminos.descuentos.empty()) return;
+    for (std::size_t i = 0; i < kDescuentosAcuerdo.size(); ++i) {
+        const auto casilla = static_cast<std::int16_t>(i);
+        const DescuentoAcuerdo d = i < terminos.descuentos.size() ? terminos.descuentos[i] : DescuentoAcuerdo();
+        acuerdo.TipoDto(casilla, d.tipo == Tipo::Oferta    ? kDtoOferta
+                                 : d.tipo == Tipo::Importe ? kDtoImporte
+                                                           : kDtoPorcentaje);
+        acuerdo.ImporteDto(casilla, d.importe);
+        acuerdo.UnidadesDto(casilla, d.gratis);
+        acuerdo.AplicarCascada(casilla, d.tipo == Tipo::Cascada);
+    }
+}
+
+std::string Condicion(const Sesion& sesion, const ClaveAcuerdo& clave) {
+    return TextoSql(" WHERE Cod_Empresa =", SqlEntero(sesion.Emp().CodEmpresa()),
+                    " AND Cod_Articulo =", SqlEntero(clave.articulo), CondicionNodo("Cod_Nivel", clave.nodo));
+}
+
+// The class writes the day on which it runs and goes for every dated agreement of its key. So the one that is meant is
+// worked on under the article's code with a minus, which no article has, and nobody sees it until the commit.
+ClaveAcuerdo Apartada(const ClaveAcuerdo& clave) {
+    return {-clave.articulo, clave.nodo};
+}
+
+void Mover(const Sesion& sesion, const ClaveAcuerdo& desde, const ClaveAcuerdo& hasta, const std::string& ademas,
+           const std::string& condicion) {
+    sesion.Cnx().Ejecutar(TextoSql("UPDATE Clientes_Cadenas_ConvArt SET Cod_Articulo =", SqlEntero(hasta.articulo),
+                                   ademas, Condicion(sesion, desde), condicion));
+}
+
+std::string CondicionDia(Fecha desde) {
+    return TextoSql(" AND FechaEntrada ='", SqlFecha(desde), "'");
+}
+
+std::string Dias(Fecha desde, const TerminosAcuerdo& terminos) {
+    std::string sql = TextoSql(", FechaEntrada ='", SqlFecha(desde), "'");
+    if (terminos.hasta) Agregar(sql, ", FechaSalida ='", SqlFecha(*terminos.hasta), "'");
+    if (terminos.precioBase) Agregar(sql, ", PBase =", SqlCurrencyConPunto(*terminos.precioBase));
+    return sql;
+}
+
+struct Plazo {
+    Fecha desde;
+    Fecha hasta;
+};
+
+std::vector<Plazo> LeerPlazos(const Sesion& sesion, const ClaveAcuerdo& clave) {
+    std::vector<Plazo> plazos;
+    std::unique_ptr<Recordset> rs;
+    AbrirLectura(rs, sesion.Cnx(),
+                 TextoSql("SELECT FechaEntrada, FechaSalida FROM Clientes_Cadenas_ConvArt", Condicion(sesion, clave),
+                          " ORDER BY FechaEntrada"));
+    for (; !rs->Eof(); rs->MoveNext())
+        plazos.push_back({ADate(rs->Fields("FechaEntrada").Value()), ADate(rs->Fields("FechaSalida").Value())});
+    return plazos;
+}
+
+void ExigirSitio(const Sesion& sesion, const PeticionPonerAcuerdo& peticion, const Plazo& nuevo) {
+    for (const Plazo& plazo : LeerPlazos(sesion, peticion)) {
+        if (plazo.desde == nuevo.desde)
+            RechazarNegativa("desde", TextoSql("ya hay un acuerdo de ese nodo y artículo desde el ",
+                                               SqlFecha(plazo.desde), "; se cambia o se quita"));
+        if (!peticion.forzar && plazo.desde <= nuevo.hasta && plazo.hasta >= nuevo.desde)
+            RechazarNegativa("desde",
+                             TextoSql("ya hay un acuerdo del ", SqlFecha(plazo.desde), " al ", SqlFecha(plazo.hasta),
+                                      ", que comparte días; con {forzar} se pone igual"));
+    }
+}
+
+std::vector<Plazo> Elegir(const Sesion& sesion, const SeleccionAcuerdos& seleccion) {
+    std::vector<Plazo> plazos = LeerPlazos(sesion, seleccion);
+    if (seleccion.desde) {
+        if (seleccion.todos) RechazarImposible("", "{desde} y {todos} se contradicen");
+        std::erase_if(plazos, [&](const Plazo& plazo) { return plazo.desde != *seleccion.desde; });
+    }
+    if (plazos.empty()) RechazarNegativa("nodo", "no hay ningún acuerdo de ese nodo y artículo que sea ese");
+    if (plazos.size() > 1 && !seleccion.todos)
+        RechazarImposible("", "hay " + std::to_string(plazos.size()) + " acuerdos: se espera {desde} FECHA o {todos}");
+    return plazos;
+}
+
+// Works on each chosen agreement, set aside, and puts back what remains of it.
 template <class Accion>
-Tabla Escribir(const Sesion& sesion, std::int32_t articulo, Accion accion) {
+RespuestaEscritura EnCadaUno(const Sesion& sesion, const SeleccionAcuerdos& seleccion, Accion accion) {
     Transaccion transaccion(sesion.Cnx());
-    accion();
-    Tabla quedan = LeerAcuerdos(sesion, articulo);
+    const std::vector<Plazo> plazos = Elegir(sesion, seleccion);
+    for (const Plazo& plazo : plazos) {
+        Mover(sesion, seleccion, Apartada(seleccion), "", CondicionDia(plazo.desde));
+        Clase acuerdo;
+        Abrir(acuerdo, sesion, Apartada(seleccion));
+        acuerdo.FechaEntrada = plazo.desde;
+        accion(acuerdo, plazo);
+    }
+    RespuestaEscritura respuesta{plazos.size(), ListarAcuerdos(sesion, seleccion.articulo)};
     transaccion.Confirmar();
-    return quedan;
+    return respuesta;
 }
 
 }  // namespace
@@ -135,36 +164,51 @@ std::string TextoDe(const DescuentoAcuerdo& descuento) {
 }
 
 RespuestaAcuerdos VerAcuerdos(const Sesion& sesion, const PeticionAcuerdos& peticion) {
-    RespuestaAcuerdos respuesta{peticion.nodo, "", LeerAcuerdos(sesion, peticion.articulo)};
-    if (respuesta.acuerdos.filas.empty()) RechazarNegativa("articulo", "el artículo no tiene acuerdos");
+    RespuestaAcuerdos respuesta{ListarAcuerdos(sesion, peticion.articulo, peticion.nodo, peticion.fecha), peticion.nodo,
+                                ""};
+    if (respuesta.acuerdos.filas.empty())
+        RechazarNegativa("articulo", peticion.nodo || peticion.fecha ? "el artículo no tiene acuerdos así"
+                                                                     : "el artículo no tiene acuerdos");
     if (peticion.nodo) {
         Clase acuerdo;
-        Abrir(acuerdo, sesion, peticion.articulo, *peticion.nodo);
+        Abrir(acuerdo, sesion, {peticion.articulo, *peticion.nodo});
         respuesta.texto = acuerdo.Dev_CadenaConvenio_Nivel(peticion.fecha.value_or(sesion.Hoy()));
     }
     return respuesta;
 }
 
-Tabla PonerAcuerdo(const Sesion& sesion, const PeticionAcuerdo& peticion) {
+RespuestaEscritura PonerAcuerdo(const Sesion& sesion, const PeticionPonerAcuerdo& peticion) {
+    Exigir(peticion);
+    const Plazo plazo{peticion.desde.value_or(sesion.Hoy()), peticion.hasta.value_or(kSinFin)};
+    ExigirPlazo(plazo.desde, plazo.hasta);
+    ExigirArticulo(sesion, peticion.articulo);
+    ExigirNodo(sesion, peticion.nodo);
     Clase acuerdo;
-    Abrir(acuerdo, sesion, peticion.articulo, peticion.nodo);
-    PonerDescuentos(acuerdo, peticion.descuentos);
-    acuerdo.DtoPadre = !peticion.sinPadre;
-    return Escribir(sesion, peticion.articulo, [&] { acuerdo.Insertar(); });
+    Abrir(acuerdo, sesion, Apartada(peticion));
+    acuerdo.DtoPadre = true;
+    Aplicar(acuerdo, peticion);
+    Transaccion transaccion(sesion.Cnx());
+    ExigirSitio(sesion, peticion, plazo);
+    acuerdo.Insertar();
+    Mover(sesion, Apartada(peticion), peticion, Dias(plazo.desde, peticion), "");
+    RespuestaEscritura respuesta{1, ListarAcuerdos(sesion, peticion.articulo)};
+    transaccion.Confirmar();
+    return respuesta;
 }
 
-Tabla CambiarAcuerdo(const Sesion& sesion, const PeticionAcuerdo& peticion) {
-    Clase acuerdo;
-    Abrir(acuerdo, sesion, peticion.articulo, peticion.nodo);
-    PonerDescuentos(acuerdo, peticion.descuentos);
-    acuerdo.DtoPadre = !peticion.sinPadre;
-    return Escribir(sesion, peticion.articulo, [&] { acuerdo.Modificar(); });
+RespuestaEscritura CambiarAcuerdo(const Sesion& sesion, const PeticionCambiarAcuerdo& peticion) {
+    Exigir(peticion);
+    return EnCadaUno(sesion, peticion, [&](Clase& acuerdo, const Plazo& plazo) {
+        ExigirPlazo(plazo.desde, peticion.hasta.value_or(plazo.hasta));
+        acuerdo.Cargar();
+        Aplicar(acuerdo, peticion);
+        acuerdo.Modificar();
+        Mover(sesion, Apartada(peticion), peticion, Dias(plazo.desde, peticion), "");
+    });
 }
 
-Tabla QuitarAcuerdo(const Sesion& sesion, const ClaveAcuerdo& peticion) {
-    Clase acuerdo;
-    Abrir(acuerdo, sesion, peticion.articulo, peticion.nodo);
-    return Escribir(sesion, peticion.articulo, [&] { acuerdo.Eliminar(); });
+RespuestaEscritura QuitarAcuerdo(const Sesion& sesion, const SeleccionAcuerdos& peticion) {
+    return EnCadaUno(sesion, peticion, [](Clase& acuerdo, const Plazo&) { acuerdo.Eliminar(); });
 }
 
 }  // namespace kv::aplicacion

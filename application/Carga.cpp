@@ -8,11 +8,12 @@
 namespace kv::aplicacion {
 namespace {
 
-// A load takes an unknown customer for one without terms, and an unknown warehouse for an empty one; a person who
-// names one has made a mistake.
+// A load takes an unknown customer for one without terms, an unknown warehouse for an empty one
+// and an unknown tariff for none; a person who names one has made a mistake.
 void Comprobar(const Sesion& sesion, const PeticionCarga& peticion) {
     ExigirCliente(sesion, peticion.cliente);
     ExigirAlmacen(sesion, peticion.almacen);
+    if (peticion.tarifa.value_or(0) > 0) ExigirTarifa(sesion, *peticion.tarifa);
 }
 
 }  // namespace

@@ -46,7 +46,7 @@ struct RespuestaCarga {
     std::vector<PasoExplicado> explicacion;
 };
 
-/// Only reads. Rechazo, negative: no such article, customer or warehouse.
+/// Only reads. Rechazo, negative: no such article, customer, warehouse or tariff.
 RespuestaCarga Cargar(const Sesion& sesion, const PeticionCarga& peticion);
 
 }  // namespace kv::aplicacion

@@ -1,5 +1,6 @@
 #include "application/Clientes.h"
 
+#include "application/Comprobaciones.h"
 #include "application/Rechazo.h"
 #include "db/Transaccion.h"
 
@@ -47,10 +48,12 @@ bool Dar(clsCliente& cliente, Paso paso) {
 
 RespuestaFechaCliente Anotar(const Sesion& sesion, const PeticionFechaCliente& peticion,
                              void (clsCliente::*metodo)(Fecha), std::optional<Fecha> clsCliente::*dato) {
+    const Fecha fecha = peticion.fecha.value_or(sesion.Hoy());
+    ExigirPasada("fecha", fecha, sesion.Hoy(), peticion.forzar);
     clsCliente cliente;
     AbrirExistente(cliente, sesion, peticion);
     Transaccion transaccion(sesion.Cnx());
-    (cliente.*metodo)(peticion.fecha.value_or(sesion.Hoy()));
+    (cliente.*metodo)(fecha);
     cliente.Cargar();
     transaccion.Confirmar();
     return {cliente.Codigo, cliente.*dato};

@@ -67,13 +67,15 @@ RespuestaResumen ResumirCliente(const Sesion& sesion, const PeticionResumen& pet
 struct PeticionFechaCliente : PeticionCliente {
     /// The session's day when it is left out.
     std::optional<Fecha> fecha;
+    /// Take a day to come.
+    bool forzar = false;
 };
 struct RespuestaFechaCliente {
     std::int32_t codigo;
     /// What is written afterwards: never earlier than before, and none where there was none.
     std::optional<Fecha> fecha;
 };
-/// Moves the last sale, or the last collection, forward.
+/// Moves the last sale, or the last collection, forward. Rechazo, impossible: a day to come that is not forced.
 RespuestaFechaCliente AnotarVenta(const Sesion& sesion, const PeticionFechaCliente& peticion);
 RespuestaFechaCliente AnotarCobro(const Sesion& sesion, const PeticionFechaCliente& peticion);
 

@@ -2,8 +2,10 @@
 
 #include <memory>
 
+#include "application/Comprobaciones.h"
 #include "application/Rechazo.h"
 #include "db/Transaccion.h"
+#include "db/ValoresSql.h"
 #include "rules/clsCliente_DtosFamilias.h"
 #include "rules/clsCliente_Grp_Dtos.h"
 
@@ -43,17 +45,12 @@ void PonerClave(Clase& dtos, const Sesion& sesion, const ClaveDescuento& clave) 
     dtos.NumNiveles = NumNiveles(sesion.Emp());
     const int articulo = dtos.NumNiveles + 1;
     if (clave.nivel < 1 || clave.nivel > articulo)
-        RechazarImposible("clave", "el nivel va de 1 a " + std::to_string(articulo));
+        RechazarImposible("clave", "«" + TextoDe(clave) + "» no vale; el nivel va de 1 a " + std::to_string(articulo));
     dtos.Nivel = clave.nivel;
     dtos.Cod_Articulo = clave.nivel == articulo ? clave.articulo : 0;
     dtos.Familia_1 = clave.familias[0];
     dtos.Familia_2 = clave.familias[1];
     dtos.Familia_3 = clave.familias[2];
-}
-
-double ExigirPorcentaje(Currency descuento) {
-    if (descuento < Currency() || descuento > Currency::DeEntero(100)) RechazarImposible("descuento", "va de 0 a 100");
-    return descuento.ADouble();
 }
 
 void Abrir(clsCliente_DtosFamilias& dtos, const Sesion& sesion, const ClaveDtoFamilia& clave) {
@@ -66,9 +63,109 @@ void Abrir(clsCliente_Grp_Dtos& dtos, const Sesion& sesion, const ClaveDtoGrupo&
     sesion.Inyectar(dtos);
     dtos.Cod_Grupo = clave.grupo;
     PonerClave(dtos, sesion, clave.clave);
-    if (clave.maximo < clave.minimo) RechazarImposible("maximo", "es menor que {minimo}");
+    ExigirNoNegativo("minimo", clave.minimo);
+    if (clave.maximo < clave.minimo)
+        RechazarImposible("maximo", "«" + clave.maximo.ATexto('.').Cadena() + "» es menor que {minimo}");
     dtos.Unidades_Min = clave.minimo;
     dtos.Unidades_Max = clave.maximo;
+}
+
+template <class Peticion, class Clase>
+void AbrirConDescuento(Clase& dtos, const Sesion& sesion, const Peticion& peticion) {
+    ExigirPorcentaje("descuento", peticion.descuento);
+    Abrir(dtos, sesion, peticion);
+    dtos.Descuento = peticion.descuento.ADouble();
+}
+
+Familias LeerFamilias(const Sesion& sesion, std::int32_t articulo) {
+    std::unique_ptr<Recordset> rs;
+    AbrirLectura(rs, sesion.Cnx(),
+                 TextoSql("SELECT Familia_1, Familia_2, Familia_3 FROM Articulos WHERE Cod_Empresa =",
+                          SqlEntero(sesion.Emp().CodEmpresaArticulos()), " AND Codigo =", SqlEntero(articulo)));
+    return {AInteger(rs->Fields("Familia_1").Value()), AInteger(rs->Fields("Familia_2").Value()),
+            AInteger(rs->Fields("Familia_3").Value())};
+}
+
+// The look-ups compare every level in use: a row that says others is never found.
+void ExigirCoherente(const Sesion& sesion, const ClaveDescuento& clave, std::int16_t numNiveles) {
+    ClaveDescuento buena = clave;
+    if (clave.nivel > numNiveles) {
+        ExigirArticulo(sesion, clave.articulo);
+        buena.familias = LeerFamilias(sesion, clave.articulo);
+        for (std::size_t i = static_cast<std::size_t>(numNiveles); i < buena.familias.size(); ++i)
+            if (clave.familias[i] == 0) buena.familias[i] = 0;
+    } else {
+        buena.articulo = 0;
+        for (std::size_t i = 0; i < buena.familias.size(); ++i) {
+            if (i >= clave.nivel) buena.familias[i] = 0;
+            if (i < clave.nivel && clave.familias[i] == 0)
+                RechazarImposible("clave", "«" + TextoDe(clave) + "» no vale; el nivel " + std::to_string(clave.nivel) +
+                                               " lleva " + std::to_string(clave.nivel) + " familias");
+        }
+    }
+    if (TextoDe(buena) != TextoDe(clave))
+        RechazarImposible("clave",
+                          "«" + TextoDe(clave) + "» no casa artículo y familias; se espera «" + TextoDe(buena) + "»");
+}
+
+std::string CondicionClave(const ClaveDescuento& clave, std::int32_t articulo) {
+    return TextoSql(" AND Nivel =", SqlEntero(clave.nivel), " AND Familia_1 =", SqlEntero(clave.familias[0]),
+                    " AND Familia_2 =", SqlEntero(clave.familias[1]), " AND Familia_3 =", SqlEntero(clave.familias[2]),
+                    " AND Cod_Articulo =", SqlEntero(articulo));
+}
+
+bool Existe(const Sesion& sesion, const clsCliente_DtosFamilias& dtos, const ClaveDescuento& clave) {
+    return sesion.Hay(
+        TextoSql("SELECT Descuento FROM Descuentos_Familias WHERE Cod_Empresa =", SqlEntero(sesion.Emp().CodEmpresa()),
+                 " AND Cod_Cliente =", SqlEntero(dtos.Cliente), CondicionClave(clave, dtos.Cod_Articulo)));
+}
+
+bool Existe(const Sesion& sesion, const clsCliente_Grp_Dtos& dtos, const ClaveDescuento& clave) {
+    return sesion.Hay(TextoSql(
+        "SELECT Descuento FROM Clientes_Grp_Descuentos_Fam WHERE Cod_Empresa =", SqlEntero(sesion.Emp().CodEmpresa()),
+        " AND Cod_Grupo =", SqlEntero(dtos.Cod_Grupo), CondicionClave(clave, dtos.Cod_Articulo), " AND Unidades_Min =",
+        SqlCurrencyConPunto(dtos.Unidades_Min), " AND Unidades_Max =", SqlCurrencyConPunto(dtos.Unidades_Max)));
+}
+
+// The component's own statements say nothing of a key that matches no row, and mark the group all the same.
+template <class Clase>
+void ExigirFila(const Sesion& sesion, const Clase& dtos, const ClaveDescuento& clave) {
+    if (!Existe(sesion, dtos, clave)) RechazarNegativa("clave", "no hay ningún descuento de clave " + TextoDe(clave));
+}
+
+void ExigirSinSolape(clsCliente_Grp_Dtos& dtos) {
+    Currency minimo;
+    Currency maximo;
+    if (dtos.Comprobar_Encajados(minimo, maximo))
+        RechazarNegativa("minimo", "el tramo se solapa con el de " + minimo.ATexto('.').Cadena() + " a " +
+                                       maximo.ATexto('.').Cadena() + " y no se ha puesto");
+}
+
+// Changes or takes away a row that is there.
+template <class Clase>
+void EnSuFila(const Sesion& sesion, Clase& dtos, const ClaveDescuento& clave, void (Clase::*metodo)()) {
+    Transaccion transaccion(sesion.Cnx());
+    ExigirFila(sesion, dtos, clave);
+    (dtos.*metodo)();
+    transaccion.Confirmar();
+}
+
+bool Cumple(const FilaTabla& fila, const FiltroDescuentos& filtro) {
+    // The columns that both lists begin with.
+    constexpr std::size_t kPrimeraFamilia = 1;
+    constexpr std::size_t kArticulo = 4;
+    if (filtro.articulo && ALong(fila[kArticulo]) != *filtro.articulo) return false;
+    for (std::size_t i = 0; filtro.familia && i < filtro.familia->size(); ++i)
+        if ((*filtro.familia)[i] != 0 && AInteger(fila[kPrimeraFamilia + i]) != (*filtro.familia)[i]) return false;
+    return true;
+}
+
+Tabla Filtrar(Tabla tabla, const FiltroDescuentos& filtro, const char* campo, const char* quien) {
+    std::erase_if(tabla.filas, [&](const FilaTabla& fila) { return !Cumple(fila, filtro); });
+    const bool filtrada = filtro.articulo || filtro.familia;
+    if (tabla.filas.empty())
+        RechazarNegativa(campo, std::string(quien) + (filtrada ? " no tiene descuentos así" : " no tiene descuentos"));
+    return tabla;
 }
 
 }  // namespace
@@ -83,31 +180,33 @@ Tabla ListarDtosFamilia(const Sesion& sesion, const PeticionDtosFamilia& peticio
     clsCliente_DtosFamilias dtos;
     sesion.Inyectar(dtos);
     dtos.Cliente = peticion.cliente;
-    Tabla tabla = LeerTabla(*dtos.Cargar_Todos(), "descuentos", kDtosFamilia);
-    if (tabla.filas.empty()) RechazarNegativa("cliente", "el cliente no tiene descuentos");
-    return tabla;
+    return Filtrar(LeerTabla(*dtos.Cargar_Todos(), "descuentos", kDtosFamilia), peticion, "cliente", "el cliente");
 }
 
 RespuestaDescuento PonerDtoFamilia(const Sesion& sesion, const PeticionDtoFamilia& peticion) {
     clsCliente_DtosFamilias dtos;
-    dtos.Descuento = ExigirPorcentaje(peticion.descuento);
-    Abrir(dtos, sesion, peticion);
+    AbrirConDescuento(dtos, sesion, peticion);
+    ExigirCliente(sesion, peticion.cliente);
+    ExigirCoherente(sesion, peticion.clave, dtos.NumNiveles);
+    Transaccion transaccion(sesion.Cnx());
+    if (Existe(sesion, dtos, peticion.clave))
+        RechazarNegativa("clave", "el cliente ya tiene un descuento de clave " + TextoDe(peticion.clave));
     dtos.Insertar();
+    transaccion.Confirmar();
     return {peticion.clave, peticion.descuento};
 }
 
 RespuestaDescuento CambiarDtoFamilia(const Sesion& sesion, const PeticionDtoFamilia& peticion) {
     clsCliente_DtosFamilias dtos;
-    dtos.Descuento = ExigirPorcentaje(peticion.descuento);
-    Abrir(dtos, sesion, peticion);
-    dtos.Modificar();
+    AbrirConDescuento(dtos, sesion, peticion);
+    EnSuFila(sesion, dtos, peticion.clave, &clsCliente_DtosFamilias::Modificar);
     return {peticion.clave, peticion.descuento};
 }
 
 RespuestaDescuento QuitarDtoFamilia(const Sesion& sesion, const ClaveDtoFamilia& peticion) {
     clsCliente_DtosFamilias dtos;
     Abrir(dtos, sesion, peticion);
-    dtos.Eliminar();
+    EnSuFila(sesion, dtos, peticion.clave, &clsCliente_DtosFamilias::Eliminar);
     return {peticion.clave, std::nullopt};
 }
 
@@ -115,21 +214,16 @@ Tabla ListarDtosGrupo(const Sesion& sesion, const PeticionDtosGrupo& peticion) {
     clsCliente_Grp_Dtos dtos;
     sesion.Inyectar(dtos);
     dtos.Cod_Grupo = peticion.grupo;
-    Tabla tabla = LeerTabla(*dtos.Cargar_Todos(), "descuentos", kDtosGrupo);
-    if (tabla.filas.empty()) RechazarNegativa("grupo", "el grupo no tiene descuentos");
-    return tabla;
+    return Filtrar(LeerTabla(*dtos.Cargar_Todos(), "descuentos", kDtosGrupo), peticion, "grupo", "el grupo");
 }
 
 RespuestaDescuento PonerDtoGrupo(const Sesion& sesion, const PeticionDtoGrupo& peticion) {
     clsCliente_Grp_Dtos dtos;
-    dtos.Descuento = ExigirPorcentaje(peticion.descuento);
-    Abrir(dtos, sesion, peticion);
+    AbrirConDescuento(dtos, sesion, peticion);
+    ExigirGrupo(sesion, peticion.grupo);
+    ExigirCoherente(sesion, peticion.clave, dtos.NumNiveles);
     Transaccion transaccion(sesion.Cnx());
-    Currency minimo;
-    Currency maximo;
-    if (dtos.Comprobar_Encajados(minimo, maximo))
-        RechazarNegativa("minimo", "el tramo se solapa con el de " + minimo.ATexto('.').Cadena() + " a " +
-                                       maximo.ATexto('.').Cadena() + " y no se ha puesto");
+    ExigirSinSolape(dtos);
     dtos.Insertar();
     transaccion.Confirmar();
     return {peticion.clave, peticion.descuento};
@@ -137,20 +231,15 @@ RespuestaDescuento PonerDtoGrupo(const Sesion& sesion, const PeticionDtoGrupo& p
 
 RespuestaDescuento CambiarDtoGrupo(const Sesion& sesion, const PeticionDtoGrupo& peticion) {
     clsCliente_Grp_Dtos dtos;
-    dtos.Descuento = ExigirPorcentaje(peticion.descuento);
-    Abrir(dtos, sesion, peticion);
-    Transaccion transaccion(sesion.Cnx());
-    dtos.Modificar();
-    transaccion.Confirmar();
+    AbrirConDescuento(dtos, sesion, peticion);
+    EnSuFila(sesion, dtos, peticion.clave, &clsCliente_Grp_Dtos::Modificar);
     return {peticion.clave, peticion.descuento};
 }
 
 RespuestaDescuento QuitarDtoGrupo(const Sesion& sesion, const ClaveDtoGrupo& peticion) {
     clsCliente_Grp_Dtos dtos;
     Abrir(dtos, sesion, peticion);
-    Transaccion transaccion(sesion.Cnx());
-    dtos.Eliminar();
-    transaccion.Confirmar();
+    EnSuFila(sesion, dtos, peticion.clave, &clsCliente_Grp_Dtos::Eliminar);
     return {peticion.clave, std::nullopt};
 }
 

@@ -55,8 +55,8 @@ RespuestaExistencias LeerExistencias(const Sesion& sesion, std::int32_t articulo
                       TextoSql("FROM Almacen_Articulos_C WHERE Cod_Empresa =", empresa, " AND Cod_Articulo =", codigo,
                                " ORDER BY Cod_Almacen, CualidadX, CualidadY")),
             LeerTabla(sesion.Cnx(), "ubicaciones", kUbicaciones,
-                      TextoSql("FROM Almacen_Articulos_Ubic WHERE Cod_Empresa =", empresa,
-                               " AND Cod_Articulo =", codigo, " ORDER BY Cod_Almacen"))};
+                      TextoSql("FROM Almacen_Articulos_Ubic WHERE Cod_Empresa =", empresa, " AND Cod_Articulo =",
+                               codigo, " ORDER BY Cod_Almacen, Ubic1, Ubic2, Ubic3, Ubic4, Ubic5"))};
 }
 
 // What a posting to a code that does not exist would quietly create.
@@ -85,6 +85,9 @@ RespuestaExistencias ConClave(const Sesion& sesion, const ClaveExistencias& clav
     transaccion.Confirmar();
     return quedan;
 }
+
+// Of the columns of a location's levels.
+constexpr std::size_t kLargoUbicacion = 10;
 
 std::int16_t Operacion(TipoMovimiento tipo) {
     switch (tipo) {
@@ -117,13 +120,18 @@ RespuestaExistencias VerExistencias(const Sesion& sesion, const PeticionExistenc
 
 RespuestaMovimiento MoverExistencias(const Sesion& sesion, const PeticionMovimiento& p) {
     const bool variante = EsVariante(p);
-    if (p.unidades <= Currency()) RechazarImposible("unidades", "se espera una cantidad mayor que 0");
+    if (p.unidades <= Currency())
+        RechazarImposible("unidades",
+                          "«" + p.unidades.ATexto('.').Cadena() + "» no vale; se espera una cantidad mayor que 0");
+    ExigirNoNegativo("peso", p.peso);
+    ExigirNoNegativo("coste", p.coste);
     // The lines of returns carry what comes back as negative.
     const double signo = p.tipo == TipoMovimiento::Devolucion ? -1 : 1;
     const double unidades = p.unidades.ADouble() * signo;
     const double peso = p.peso.ADouble() * signo;
     const double neto = p.coste.ADouble();
     const Fecha fecha = p.fecha.value_or(sesion.Hoy());
+    if (p.tipo == TipoMovimiento::Venta) ExigirPasada("fecha", fecha, sesion.Hoy(), p.forzar);
     double puc = 0;
     RespuestaMovimiento respuesta{p, 0, 0, {}};
     respuesta.quedan = ConClave(sesion, p, [&](clsAlmacen_Articulo& almacen) {
@@ -146,7 +154,7 @@ RespuestaExistencias BloquearExistencias(const Sesion& sesion, const PeticionBlo
 }
 
 RespuestaExistencias PonerCoste(const Sesion& sesion, const PeticionCoste& peticion) {
-    if (peticion.coste < Currency()) RechazarImposible("coste", "no puede ser negativo");
+    ExigirNoNegativo("coste", peticion.coste);
     return ConClave(sesion, peticion, [&](clsAlmacen_Articulo& almacen) { almacen.Act_Costo(peticion.coste); });
 }
 
@@ -162,6 +170,8 @@ RespuestaExistencias SumarPendiente(const Sesion& sesion, const PeticionPendient
 }
 
 RespuestaExistencias SumarEnUbicacion(const Sesion& sesion, const PeticionUbicacion& peticion) {
+    for (std::size_t i = 0; i < peticion.niveles.size(); ++i)
+        ExigirTexto("ubic" + std::to_string(i + 1), peticion.niveles[i], kLargoUbicacion);
     return ConClave(sesion, peticion, [&](clsAlmacen_Articulo& almacen) {
         const auto& u = peticion.niveles;
         almacen.Act_Stock_Ubicaciones(peticion.almacen, peticion.articulo, u[0], u[1], u[2], u[3], u[4],

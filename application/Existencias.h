@@ -52,6 +52,8 @@ struct PeticionMovimiento : ClaveVariante {
     std::optional<Fecha> fecha;
     /// Carry the dates to the masters of article and warehouse.
     bool fichas = false;
+    /// Take a sale on a day to come.
+    bool forzar = false;
 };
 struct RespuestaMovimiento {
     PeticionMovimiento hecho;
@@ -64,7 +66,8 @@ struct RespuestaMovimiento {
 // What writes does so in one transaction and answers with what there is then. Rechazo, negative: no such article or
 // warehouse.
 
-/// Rechazo, impossible: no units, or one quality without the other.
+/// Rechazo, impossible: no units, a negative weight or cost, one quality without the other, a sale to come that is
+/// not forced.
 RespuestaMovimiento MoverExistencias(const Sesion& sesion, const PeticionMovimiento& peticion);
 
 struct PeticionBloqueo : ClaveExistencias {
@@ -78,14 +81,15 @@ struct PeticionCoste : ClaveExistencias {
 /// Sets purchase price and average cost. Rechazo, impossible: a negative cost.
 RespuestaExistencias PonerCoste(const Sesion& sesion, const PeticionCoste& peticion);
 
-/// Signed increments; at least one of them.
+/// Signed increments. Rechazo, impossible: none of both, or one quality without the other.
 struct PeticionPendiente : ClaveVariante {
     Currency recibir;
     Currency servir;
 };
 RespuestaExistencias SumarPendiente(const Sesion& sesion, const PeticionPendiente& peticion);
 
-/// A signed increment of what a location holds. Its path has up to five levels.
+/// A signed increment of what a location holds. Its path has up to five levels of ten characters; Rechazo, impossible:
+/// a text that no statement can carry.
 struct PeticionUbicacion : ClaveExistencias {
     std::array<std::string, 5> niveles;
     Currency unidades;

@@ -18,6 +18,7 @@ class Sesion {
         : conexion_(std::move(conexion)), empresa_(std::move(empresa)), hoy_(hoy) {}
 
     Connection& Cnx() const { return *conexion_; }
+    /// Not to be asked of a session without a company, which lists companies only.
     const kv::cEmpresa& Emp() const { return *empresa_; }
     Fecha Hoy() const { return hoy_; }
 

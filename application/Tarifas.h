@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "application/Sesion.h"
+#include "application/Tabla.h"
 #include "base/Currency.h"
 #include "base/Fecha.h"
 
@@ -29,7 +30,17 @@ struct RespuestaPvp {
     std::int16_t tarifa;
 };
 
-/// Only reads. Rechazo, negative: the article has no price in that tariff.
+/// Only reads. Rechazo, negative: no such article or tariff, or the article has no price in it.
 RespuestaPvp PrecioTarifa(const Sesion& sesion, const PeticionPvp& peticion);
+
+/// The prices of an article in every tariff, its variants' too, with the changes to come.
+struct PeticionTarifasDe {
+    std::int32_t articulo = 0;
+    std::optional<std::int16_t> tarifa;
+    /// Last day of the changes that are shown.
+    std::optional<Fecha> fecha;
+};
+/// Only reads. Rechazo, negative: no such article or tariff, or it has no prices.
+Tabla TarifasDe(const Sesion& sesion, const PeticionTarifasDe& peticion);
 
 }  // namespace kv::aplicacion

@@ -1,5 +1,6 @@
 #include "application/Ventas.h"
 
+#include "application/Comprobaciones.h"
 #include "db/Transaccion.h"
 #include "db/ValoresSql.h"
 #include "rules/clsCliente_Articulo.h"
@@ -36,6 +37,10 @@ Tabla LeerDia(const Sesion& sesion, const PeticionVenta& p, Fecha fecha) {
 
 Tabla AcumularVenta(const Sesion& sesion, const PeticionVenta& p) {
     const Fecha fecha = p.fecha.value_or(sesion.Hoy());
+    ExigirPasada("fecha", fecha, sesion.Hoy(), p.forzar);
+    ExigirArticulo(sesion, p.articulo);
+    ExigirCliente(sesion, p.cliente);
+    ExigirAlmacen(sesion, p.almacen);
     clsCliente_Articulo venta;
     sesion.Inyectar(venta);
     venta.Cod_Empresa = sesion.Emp().CodEmpresa();

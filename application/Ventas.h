@@ -24,9 +24,12 @@ struct PeticionVenta {
     /// Variant, 0 for none.
     std::uint8_t cualidadX = 0;
     std::uint8_t cualidadY = 0;
+    /// Take a day to come.
+    bool forzar = false;
 };
 
-/// Adds it in one transaction and answers with the statistics of that day.
+/// Adds it in one transaction and answers with the statistics of that day. Rechazo, negative: no such article, customer
+/// or warehouse; impossible: a day to come that is not forced.
 Tabla AcumularVenta(const Sesion& sesion, const PeticionVenta& peticion);
 
 }  // namespace kv::aplicacion

@@ -180,6 +180,17 @@ void Documentar(Respuesta& r, const aplicacion::RespuestaAcuerdos& acuerdos) {
     r.Anadir(acuerdos.acuerdos);
 }
 
+void Documentar(Respuesta& r, const aplicacion::RespuestaEscritura& escritura) {
+    r.Dato("cuantos", "Acuerdos", static_cast<std::int32_t>(escritura.cuantos));
+    r.Anadir(escritura.acuerdos);
+}
+
+void Documentar(Respuesta& r, const aplicacion::RespuestaListado& listado) {
+    r.Anadir(listado.tabla);
+    if (listado.hallados > listado.tabla.filas.size())
+        r.Linea(std::to_string(listado.tabla.filas.size()) + " de " + std::to_string(listado.hallados));
+}
+
 void Documentar(Respuesta& r, const aplicacion::Tabla& tabla) {
     r.Anadir(tabla);
 }

@@ -5,6 +5,7 @@
 #include "application/Clientes.h"
 #include "application/Descuentos.h"
 #include "application/Existencias.h"
+#include "application/Listados.h"
 #include "application/Precios.h"
 #include "application/Tabla.h"
 #include "application/Tarifas.h"
@@ -24,6 +25,8 @@ void Documentar(Respuesta& r, const aplicacion::RespuestaResumen& resumen);
 void Documentar(Respuesta& r, const aplicacion::RespuestaPrecio& precio);
 void Documentar(Respuesta& r, const aplicacion::RespuestaDescuento& descuento);
 void Documentar(Respuesta& r, const aplicacion::RespuestaAcuerdos& acuerdos);
+void Documentar(Respuesta& r, const aplicacion::RespuestaEscritura& escritura);
+void Documentar(Respuesta& r, const aplicacion::RespuestaListado& listado);
 void Documentar(Respuesta& r, const aplicacion::Tabla& tabla);
 
 }  // namespace kv::host

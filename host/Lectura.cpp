@@ -30,6 +30,10 @@ void ExigirUtf8(int argc, const char* const* argv) {
     }
 }
 
+void ExigirLleno(const std::string& campo, const std::string& texto) {
+    if (texto.empty()) Rechazar(campo, texto, "un valor, o que no se dé");
+}
+
 std::int32_t LeerEntero(const std::string& opcion, const std::string& texto, std::int32_t minimo, std::int32_t maximo) {
     std::int32_t valor = 0;
     const char* fin = texto.data() + texto.size();

@@ -13,6 +13,8 @@ namespace kv::host {
 
 /// Refuses a command line with a text that is no UTF-8; names the argument by its place and by the option before it.
 void ExigirUtf8(int argc, const char* const* argv);
+/// An option that is given says something.
+void ExigirLleno(const std::string& campo, const std::string& texto);
 /// A whole number between both limits, inclusive.
 std::int32_t LeerEntero(const std::string& opcion, const std::string& texto, std::int32_t minimo, std::int32_t maximo);
 /// A code of 16 bits from `minimo` to 32767.

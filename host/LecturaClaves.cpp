@@ -60,6 +60,15 @@ aplicacion::ClaveDescuento LeerClaveDescuento(const std::string& campo, const st
     return clave;
 }
 
+aplicacion::Familias LeerFamilias(const std::string& campo, const std::string& texto) {
+    aplicacion::Familias familias{};
+    const std::vector<std::string> codigos = Partir(texto, '.');
+    if (codigos.size() > familias.size())
+        RechazarImposible(campo, "«" + texto + "» no vale; se esperan de 1 a 3 códigos separados por puntos");
+    for (std::size_t i = 0; i < codigos.size(); ++i) familias[i] = LeerCodigo(campo, codigos[i]);
+    return familias;
+}
+
 TipoMovimiento LeerTipoMovimiento(const std::string& campo, const std::string& texto) {
     for (const auto tipo : {TipoMovimiento::Compra, TipoMovimiento::Venta, TipoMovimiento::Devolucion,
                             TipoMovimiento::Entrada, TipoMovimiento::Salida})

@@ -16,6 +16,8 @@ NivelesCadena LeerNodo(const std::string& campo, const std::string& texto);
 aplicacion::DescuentoAcuerdo LeerDescuentoAcuerdo(const std::string& campo, const std::string& texto);
 /// "0-2-3-12-0": article, level and three families.
 aplicacion::ClaveDescuento LeerClaveDescuento(const std::string& campo, const std::string& texto);
+/// "1.2": from one to three families from the top down; the levels that are not said are 0.
+aplicacion::Familias LeerFamilias(const std::string& campo, const std::string& texto);
 aplicacion::TipoMovimiento LeerTipoMovimiento(const std::string& campo, const std::string& texto);
 
 }  // namespace kv::host

@@ -58,6 +58,9 @@ inline void Leer(const std::string& campo, const std::string& texto, aplicacion:
 inline void Leer(const std::string& campo, const std::string& texto, aplicacion::TipoMovimiento& destino) {
     destino = LeerTipoMovimiento(campo, texto);
 }
+inline void Leer(const std::string& campo, const std::string& texto, aplicacion::Familias& destino) {
+    destino = LeerFamilias(campo, texto);
+}
 template <class T, class... Resto>
 void Leer(const std::string& campo, const std::string& texto, std::optional<T>& destino, Resto... resto) {
     Leer(campo, texto, destino.emplace(), resto...);
@@ -68,7 +71,10 @@ void Leer(const std::string& campo, const std::string& texto, std::optional<T>& 
 template <class T, class... Resto>
 CLI::Option* Opcion(CLI::App& orden, const std::string& campo, T& destino, const char* tipo, const char* ayuda,
                     Resto... resto) {
-    const auto leer = [campo, &destino, resto...](const std::string& texto) { Leer(campo, texto, destino, resto...); };
+    const auto leer = [campo, &destino, resto...](const std::string& texto) {
+        ExigirLleno(campo, texto);
+        Leer(campo, texto, destino, resto...);
+    };
     return orden.add_option_function<std::string>(NombreOpcion(campo), leer, ayuda)->type_name(tipo);
 }
 

@@ -36,6 +36,9 @@ class Orden {
         return *this;
     }
 
+    /// Asked of the whole database, whatever companies it has.
+    void SinEmpresa() { datos_->comunes.empresa = 0; }
+
     CLI::App& App() { return orden_; }
     Peticion& Pedida() { return datos_->peticion; }
 

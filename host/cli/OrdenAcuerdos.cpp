@@ -6,7 +6,9 @@ namespace kv::host {
 namespace {
 
 using aplicacion::Acceso;
-using aplicacion::PeticionAcuerdo;
+using aplicacion::PeticionCambiarAcuerdo;
+using aplicacion::PeticionPonerAcuerdo;
+using aplicacion::SeleccionAcuerdos;
 
 constexpr const char* kAyudaNodo = "Nodo de la cadena, de arriba abajo (1.1.2)";
 
@@ -18,25 +20,53 @@ Orden<Peticion> DeNodo(CLI::App& acuerdos, const char* nombre, const char* ayuda
     return orden;
 }
 
-Orden<PeticionAcuerdo> ConDescuentos(Orden<PeticionAcuerdo> orden) {
+template <class Peticion>
+Orden<Peticion>& ConTerminos(Orden<Peticion>& orden) {
     const auto leer = [&descuentos = orden.Pedida().descuentos](const std::vector<std::string>& textos) {
         for (const std::string& texto : textos) descuentos.push_back(LeerDescuentoAcuerdo("dto", texto));
     };
     orden.App()
-        .add_option_function<std::vector<std::string>>("--dto", leer,
-                                                       "porcentaje:X, cascada:X, importe:X u oferta:N+N; hasta cinco")
+        .template add_option_function<std::vector<std::string>>(
+            "--dto", leer, "porcentaje:X, cascada:X, importe:X u oferta:N+N; hasta cinco")
         ->type_name("DTO");
-    orden.Marca("sinPadre", &PeticionAcuerdo::sinPadre, "No se aplican además los acuerdos del nodo superior");
-    return orden;
+    return orden.Admite("precioBase", &Peticion::precioBase, "X", "Precio base acordado; 0 para ninguno")
+        .Admite("hasta", &Peticion::hasta, "FECHA", "Último día; 31/12/2050 es sin fin")
+        .Marca("sinPadre", &Peticion::sinPadre, "No se aplican además los acuerdos del nodo superior");
+}
+
+template <class Peticion>
+Orden<Peticion>& ConSeleccion(Orden<Peticion>& orden) {
+    return orden.Admite("desde", &Peticion::desde, "FECHA", "El que empieza ese día; si solo hay uno, sobra")
+        .Marca("todos", &Peticion::todos, "Todos los de ese nodo y artículo");
 }
 
 void AnadirVer(CLI::App& acuerdos) {
     using Peticion = aplicacion::PeticionAcuerdos;
-    Orden<Peticion>(acuerdos, "ver", "Los de un artículo; con --nodo, además el texto del suyo")
+    Orden<Peticion>(acuerdos, "ver", "Los de un artículo; con --nodo, los del suyo y su texto")
         .Exige("articulo", &Peticion::articulo, "N", "Código del artículo")
         .Admite("nodo", &Peticion::nodo, "NODO", kAyudaNodo)
-        .Admite("fecha", &Peticion::fecha, "FECHA", "Hoy si no se dice")
+        .Admite("fecha", &Peticion::fecha, "FECHA", "Solo los vigentes ese día")
         .Responde(Acceso::Leer, aplicacion::VerAcuerdos);
+}
+
+void AnadirPoner(CLI::App& acuerdos) {
+    auto orden = DeNodo<PeticionPonerAcuerdo>(acuerdos, "poner", "Pone uno");
+    orden.Admite("desde", &PeticionPonerAcuerdo::desde, "FECHA", "Primer día (hoy si no se dice)");
+    ConTerminos(orden)
+        .Marca("forzar", &PeticionPonerAcuerdo::forzar, "Aunque comparta días con otro")
+        .Responde(Acceso::Escribir, aplicacion::PonerAcuerdo, "Acuerdo puesto");
+}
+
+void AnadirCambiar(CLI::App& acuerdos) {
+    auto orden = DeNodo<PeticionCambiarAcuerdo>(acuerdos, "cambiar", "Cambia lo que se diga de uno o de todos");
+    ConTerminos(ConSeleccion(orden))
+        .Marca("conPadre", &PeticionCambiarAcuerdo::conPadre, "Se aplican además los del nodo superior")
+        .Responde(Acceso::Escribir, aplicacion::CambiarAcuerdo, "Acuerdos cambiados");
+}
+
+void AnadirQuitar(CLI::App& acuerdos) {
+    auto orden = DeNodo<SeleccionAcuerdos>(acuerdos, "quitar", "Quita uno o todos los de un nodo");
+    ConSeleccion(orden).Responde(Acceso::Escribir, aplicacion::QuitarAcuerdo, "Acuerdos quitados");
 }
 
 }  // namespace
@@ -45,12 +75,9 @@ void AnadirAcuerdos(CLI::App& programa) {
     CLI::App* acuerdos = programa.add_subcommand("acuerdos", "Acuerdos de las cadenas de clientes");
     acuerdos->require_subcommand(1);
     AnadirVer(*acuerdos);
-    ConDescuentos(DeNodo<PeticionAcuerdo>(*acuerdos, "poner", "Pone uno desde hoy y sin fin"))
-        .Responde(Acceso::Escribir, aplicacion::PonerAcuerdo, "Acuerdo puesto");
-    ConDescuentos(DeNodo<PeticionAcuerdo>(*acuerdos, "cambiar", "Cambia los descuentos de todos los de un nodo"))
-        .Responde(Acceso::Escribir, aplicacion::CambiarAcuerdo, "Acuerdos cambiados");
-    DeNodo<aplicacion::ClaveAcuerdo>(*acuerdos, "quitar", "Quita todos los de un nodo")
-        .Responde(Acceso::Escribir, aplicacion::QuitarAcuerdo, "Acuerdos quitados");
+    AnadirPoner(*acuerdos);
+    AnadirCambiar(*acuerdos);
+    AnadirQuitar(*acuerdos);
 }
 
 }  // namespace kv::host

@@ -50,6 +50,7 @@ void AnadirFecha(CLI::App& cliente, const char* nombre, const char* ayuda,
     using Peticion = aplicacion::PeticionFechaCliente;
     DeUno<Peticion>(cliente, nombre, ayuda)
         .Admite("fecha", &Peticion::fecha, "FECHA", "Hoy si no se dice")
+        .Marca("forzar", &Peticion::forzar, "Aunque el día no haya llegado")
         .Hace(Acceso::Escribir, [anotar, rotulo](Trabajo& trabajo, const Peticion& peticion) {
             const auto respuesta = anotar(trabajo.sesion, peticion);
             trabajo.respuesta.Dato("codigo", "Cliente", respuesta.codigo);

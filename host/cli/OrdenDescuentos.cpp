@@ -44,30 +44,36 @@ Orden<Peticion> ConDescuento(Orden<Peticion> orden) {
     return orden;
 }
 
+template <class Peticion>
+Orden<Peticion>& ConFiltro(Orden<Peticion>& orden) {
+    return orden.Admite("articulo", &Peticion::articulo, "N", "Solo los de este artículo")
+        .Admite("familia", &Peticion::familia, "FAMILIA", "Solo los de esta familia y sus subfamilias (1.2)");
+}
+
 void AnadirFamilia(CLI::App& programa) {
     CLI::App* familia = programa.add_subcommand("dto-familia", "Descuentos de un cliente por familia o artículo");
     familia->require_subcommand(1);
-    DeCliente<aplicacion::PeticionDtosFamilia>(*familia, "listar", "Los del cliente")
-        .Responde(Acceso::Leer, aplicacion::ListarDtosFamilia);
+    auto listar = DeCliente<aplicacion::PeticionDtosFamilia>(*familia, "listar", "Los del cliente");
+    ConFiltro(listar).Responde(Acceso::Leer, aplicacion::ListarDtosFamilia);
     ConDescuento(ConClave(DeCliente<PeticionDtoFamilia>(*familia, "poner", "Pone uno")))
         .Responde(Acceso::Escribir, aplicacion::PonerDtoFamilia, "Descuento puesto");
     ConDescuento(ConClave(DeCliente<PeticionDtoFamilia>(*familia, "cambiar", "Cambia el porcentaje de uno")))
-        .Responde(Acceso::Escribir, aplicacion::CambiarDtoFamilia, "Descuento cambiado, si lo había");
+        .Responde(Acceso::Escribir, aplicacion::CambiarDtoFamilia, "Descuento cambiado");
     ConClave(DeCliente<ClaveDtoFamilia>(*familia, "quitar", "Quita uno"))
-        .Responde(Acceso::Escribir, aplicacion::QuitarDtoFamilia, "Descuento quitado, si lo había");
+        .Responde(Acceso::Escribir, aplicacion::QuitarDtoFamilia, "Descuento quitado");
 }
 
 void AnadirGrupo(CLI::App& programa) {
     CLI::App* grupo = programa.add_subcommand("dto-grupo", "Descuentos de un grupo por familia, artículo y tramo");
     grupo->require_subcommand(1);
-    DeGrupo<aplicacion::PeticionDtosGrupo>(*grupo, "listar", "Los del grupo")
-        .Responde(Acceso::Leer, aplicacion::ListarDtosGrupo);
+    auto listar = DeGrupo<aplicacion::PeticionDtosGrupo>(*grupo, "listar", "Los del grupo");
+    ConFiltro(listar).Responde(Acceso::Leer, aplicacion::ListarDtosGrupo);
     ConDescuento(ConTramo(ConClave(DeGrupo<PeticionDtoGrupo>(*grupo, "poner", "Pone uno, si su tramo no se solapa"))))
         .Responde(Acceso::Escribir, aplicacion::PonerDtoGrupo, "Descuento puesto");
     ConDescuento(ConTramo(ConClave(DeGrupo<PeticionDtoGrupo>(*grupo, "cambiar", "Cambia el porcentaje de uno"))))
-        .Responde(Acceso::Escribir, aplicacion::CambiarDtoGrupo, "Descuento cambiado, si lo había");
+        .Responde(Acceso::Escribir, aplicacion::CambiarDtoGrupo, "Descuento cambiado");
     ConTramo(ConClave(DeGrupo<ClaveDtoGrupo>(*grupo, "quitar", "Quita uno")))
-        .Responde(Acceso::Escribir, aplicacion::QuitarDtoGrupo, "Descuento quitado, si lo había");
+        .Responde(Acceso::Escribir, aplicacion::QuitarDtoGrupo, "Descuento quitado");
 }
 
 }  // namespace

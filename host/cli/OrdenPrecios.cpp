@@ -6,6 +6,7 @@ namespace kv::host {
 namespace {
 
 using aplicacion::Acceso;
+using aplicacion::PeticionPonerPrecio;
 using aplicacion::PeticionPrecio;
 
 template <class Peticion>
@@ -24,12 +25,14 @@ void AnadirPrecios(CLI::App& programa) {
     CLI::App* precios = programa.add_subcommand("precios", "Precios propios de los clientes");
     precios->require_subcommand(1);
     using Peticion = aplicacion::PeticionPrecios;
-    Orden<Peticion>(*precios, "listar", "Los clientes de un artículo o los artículos de un cliente")
+    Orden<Peticion>(*precios, "listar", "Los clientes de un artículo, los artículos de un cliente")
         .Admite("articulo", &Peticion::articulo, "N", "Código del artículo")
         .Admite("cliente", &Peticion::cliente, "N", "Código del cliente")
+        .Admite("fecha", &Peticion::fecha, "FECHA", "Solo los vigentes ese día")
         .Responde(Acceso::Leer, aplicacion::ListarPrecios);
-    DeUno<PeticionPrecio>(*precios, "poner", "Pone un precio entre dos días")
+    DeUno<PeticionPonerPrecio>(*precios, "poner", "Pone un precio entre dos días")
         .Exige("precio", &PeticionPrecio::precio, "X", "Precio unitario")
+        .Marca("forzar", &PeticionPonerPrecio::forzar, "Aunque comparta días con otro")
         .Responde(Acceso::Escribir, aplicacion::PonerPrecio, "Precio puesto");
     DeUno<PeticionPrecio>(*precios, "cambiar", "Cambia el importe de un precio")
         .Exige("precio", &PeticionPrecio::precio, "X", "Precio unitario")

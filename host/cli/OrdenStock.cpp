@@ -36,7 +36,8 @@ void AnadirMover(CLI::App& stock) {
         .Admite("peso", &Peticion::peso, "X", "Peso")
         .Admite("coste", &Peticion::coste, "X", "Coste unitario neto de una compra o entrada")
         .Admite("fecha", &Peticion::fecha, "FECHA", "Hoy si no se dice")
-        .Marca("fichas", &Peticion::fichas, "Lleva las fechas a las fichas del artículo y del almacén");
+        .Marca("fichas", &Peticion::fichas, "Lleva las fechas a las fichas del artículo y del almacén")
+        .Marca("forzar", &Peticion::forzar, "Una venta, aunque su día no haya llegado");
     ConCualidades(mover).Responde(Acceso::Escribir, aplicacion::MoverExistencias);
 }
 

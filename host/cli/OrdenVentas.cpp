@@ -18,6 +18,7 @@ void AnadirVentas(CLI::App& programa) {
         .Admite("fecha", &Peticion::fecha, "FECHA", "Hoy si no se dice")
         .Admite("cualidadX", &Peticion::cualidadX, "N", "Cualidad X de la variante")
         .Admite("cualidadY", &Peticion::cualidadY, "N", "Cualidad Y de la variante")
+        .Marca("forzar", &Peticion::forzar, "Aunque el día no haya llegado")
         .Responde(aplicacion::Acceso::Escribir, aplicacion::AcumularVenta, "Venta acumulada; así queda el día:");
 }
 

@@ -19,5 +19,6 @@ void AnadirAcuerdos(CLI::App& programa);
 void AnadirStock(CLI::App& programa);
 void AnadirVentas(CLI::App& programa);
 void AnadirRevisar(CLI::App& programa);
+void AnadirListados(CLI::App& programa);
 
 }  // namespace kv::host

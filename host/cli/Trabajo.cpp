@@ -67,7 +67,8 @@ Trabajo::~Trabajo() = default;
 aplicacion::Sesion Trabajo::Abrir(const OpcionesComunes& opciones, aplicacion::Acceso acceso) {
     ExigirUnaBase(opciones.base, "{base} FICHERO");
     std::shared_ptr<Connection> conexion = AbrirBase(opciones.base, acceso);
-    auto empresa = aplicacion::LeerEmpresa(*conexion, opciones.empresa);
+    std::shared_ptr<kv::cEmpresa> empresa;
+    if (opciones.empresa != 0) empresa = aplicacion::LeerEmpresa(*conexion, opciones.empresa);
     if (traza_)
         conexion = std::make_shared<ConexionTrazada>(
             conexion, [traza = traza_.get()](const OperacionTrazada& operacion) { (*traza)(operacion); });

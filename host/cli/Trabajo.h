@@ -16,6 +16,7 @@ namespace kv::host {
 /// The options that every command shares.
 struct OpcionesComunes {
     aplicacion::OrigenBase base;
+    /// 0 for a question that needs none.
     std::int16_t empresa = 1;
     bool json = false;
     bool traza = false;

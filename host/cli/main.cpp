@@ -6,6 +6,7 @@
 
 #include "application/Rechazo.h"
 #include "base/RuntimeError.h"
+#include "db/BibliotecaComun.h"
 #include "db/BibliotecaConsola.h"
 #include "host/Lectura.h"
 #include "host/cli/CodigosSalida.h"
@@ -107,6 +108,8 @@ void Encabezar(CLI::App& orden) {
 
 int main(int argc, char** argv) {
     kv::CambiarBiblioteca(std::make_shared<kv::BibliotecaConsola>());
+    // Statements and answers for programs carry a point on every host; who writes for people knows their separator.
+    kv::FijarSeparadorDecimal('.');
     CLI::App programa("KVDatosArt: precio, descuentos, existencias y coste de un artículo para una línea de venta.",
                       "kvdatosart");
     Castellanizar(programa);
@@ -122,6 +125,7 @@ int main(int argc, char** argv) {
     kv::host::AnadirStock(programa);
     kv::host::AnadirVentas(programa);
     kv::host::AnadirRevisar(programa);
+    kv::host::AnadirListados(programa);
     Encabezar(programa);
     try {
         kv::host::ExigirUtf8(argc, argv);

@@ -80,7 +80,7 @@ caso 0 'Cliente eliminado  44' cliente eliminar "${b[@]}" --codigo 44
 caso 1 'no existe el cliente 44' cliente ver "${b[@]}" --codigo 44
 caso 0 'Precio puesto' precios poner "${b[@]}" --articulo 101 --cliente 3 --desde 1/1/2026 --precio 77,5
 caso 0 'Precio                      77.5' cargar "${b[@]}" --articulo 101 --cliente 3
-caso 3 'UNIQUE constraint failed' precios poner "${b[@]}" --articulo 101 --cliente 3 --desde 1/1/2026 --precio 70
+caso 1 'ya hay un precio de ese artículo, cliente y fechas' precios poner "${b[@]}" --articulo 101 --cliente 3 --desde 1/1/2026 --precio 70
 caso 0 'Precio cambiado' precios cambiar "${b[@]}" --articulo 101 --cliente 3 --desde 1/1/2026 --precio 78
 caso 0 'Precio quitado' precios quitar "${b[@]}" --articulo 101 --cliente 3 --desde 1/1/2026
 caso 1 'no hay un precio' precios quitar "${b[@]}" --articulo 101 --cliente 3 --desde 1/1/2026
