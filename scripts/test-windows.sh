@@ -56,6 +56,8 @@ arrancar_wine() {
         cp /usr/i686-w64-mingw32/lib/zlib1.dll "$WINEPREFIX/drive_c/windows/system32"
     fi
     vino 180 wineboot -i >/dev/null 2>&1
+    # Windows that open where nobody sees them, from the next start on.
+    vino 60 reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null
     esperar_wine
 }
 
@@ -79,11 +81,9 @@ retirar() {
 # probar FILTER: a stage of the tests' program.
 probar() { vino 300 "$construido/tests/com/prueba_com.exe" --gtest_brief=1 --gtest_filter="$1"; }
 
-# sistema: what Windows gives a program without the DLL, in two zones between which it is never the same day. Windows
-# that nobody sees need no display.
+# sistema: what Windows gives a program without the DLL, in two zones between which it is never the same day.
 sistema() {
     local zona
-    vino 60 reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null
     for zona in Etc/GMT+12 Etc/GMT-14; do
         TZ=$zona KV_HOY=$(TZ=$zona date +%d/%m/%Y) probar 'Sistema.*'
     done

@@ -1,8 +1,4 @@
-// clang-format off
 #include <gtest/gtest.h>
-#include <windows.h>
-#include <sddl.h>
-// clang-format on
 
 #include <cstdlib>
 
@@ -58,23 +54,44 @@ TEST(SinRegistrar, ClavesDeLaMaquinaConLasDeOtrosBits) {
     EXPECT_FALSE(Hay(HKEY_LOCAL_MACHINE, kPrograma)) << "sin la otra se va";
 }
 
-// Who may do what with a key of the machine, as the system writes it down.
-void Permitir(HKEY clave, const wchar_t* permisos) {
-    PSECURITY_DESCRIPTOR descriptor = nullptr;
-    ASSERT_TRUE(ConvertStringSecurityDescriptorToSecurityDescriptorW(permisos, SDDL_REVISION_1, &descriptor, nullptr));
-    EXPECT_EQ(ERROR_SUCCESS, RegSetKeySecurity(clave, DACL_SECURITY_INFORMATION, descriptor));
-    LocalFree(descriptor);
-}
+// Where the registration's code finds the function that deletes keys.
+#ifdef _WIN64
+extern "C" void* importada __asm__("__imp_RegDeleteTreeW");
+#else
+extern "C" void* importada __asm__("__imp__RegDeleteTreeW@8");
+#endif
+// Asked of the system: the compiler would take its address for the import again.
+const auto kBorrar = reinterpret_cast<decltype(&RegDeleteTreeW)>(  // NOLINT: as the system hands it over.
+    reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"advapi32.dll"), "RegDeleteTreeW")));
+
+/// While it lives nobody may delete a key of the machine: Wine does not ask for rights.
+class SinDerechos {
+  public:
+    SinDerechos() { Poner(reinterpret_cast<void*>(Negar)); }     // NOLINT: as the table of imports keeps it.
+    ~SinDerechos() { Poner(reinterpret_cast<void*>(kBorrar)); }  // NOLINT
+    SinDerechos(const SinDerechos&) = delete;
+    SinDerechos& operator=(const SinDerechos&) = delete;
+
+  private:
+    static LSTATUS WINAPI Negar(HKEY raiz, LPCWSTR clave) {
+        return raiz == HKEY_LOCAL_MACHINE && Hay(raiz, clave) ? ERROR_ACCESS_DENIED : kBorrar(raiz, clave);
+    }
+    static void Poner(void* funcion) {
+        DWORD antes = 0;
+        VirtualProtect(&importada, sizeof importada, PAGE_READWRITE, &antes);
+        importada = funcion;
+    }
+};
 
 TEST(SinRegistrar, LaDeLaMaquinaQueNoSePuedeQuitar_NoSeDaPorQuitada) {
     EXPECT_EQ(S_OK, RegistrarEn(HKEY_LOCAL_MACHINE));
-    HKEY clase = nullptr;
-    RegOpenKeyExW(HKEY_LOCAL_MACHINE, kClase.c_str(), 0, KEY_READ | WRITE_DAC, &clase);
-    Permitir(clase, L"D:P(A;;KR;;;WD)");
-    EXPECT_EQ(HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED), QuitarRegistro());
-    EXPECT_TRUE(Hay(HKEY_LOCAL_MACHINE, kClase));
-    Permitir(clase, L"D:P(A;;KA;;;WD)");
-    RegCloseKey(clase);
+    EXPECT_EQ(S_OK, RegistrarEn(HKEY_CURRENT_USER));
+    {
+        const SinDerechos ninguno;
+        EXPECT_EQ(HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED), QuitarRegistro());
+        EXPECT_TRUE(Hay(HKEY_LOCAL_MACHINE, kClase));
+        EXPECT_FALSE(Hay(HKEY_CURRENT_USER, kClase)) << "la propia se quita";
+    }
     EXPECT_TRUE(QuitarRegistro() == S_OK && !Hay(HKEY_LOCAL_MACHINE, kClase));
 }
 
