@@ -2,15 +2,15 @@
 # Compiles every header alone: each must include what it uses. Windows headers belong to the Windows build.
 set -euo pipefail
 cd "$1"
-compilador=$2
-errores=$(mktemp)
-trap 'rm -f "$errores"' EXIT
-mal=0
-while read -r cabecera; do
-    "$compilador" -std=c++20 -fsyntax-only -I. -x c++ "$cabecera" 2>"$errores" && continue
-    echo "$cabecera no compila sola:"
-    head -n 5 "$errores"
-    mal=1
-done < <(find . -name '*.h' -not -path './build/*' -not -path './tests/*' -not -path './bench/*' \
-             -not -path './db/ado/*' -not -path './component/com/*' | sort)
-exit "$mal"
+export compilador=$2
+
+sola() {
+    local errores
+    errores=$("$compilador" -std=c++20 -fsyntax-only -I. -x c++ "$1" 2>&1) && return
+    printf '%s no compila sola:\n%s\n' "$1" "$(head -n 5 <<<"$errores")"
+    return 1
+}
+export -f sola
+
+find . -name '*.h' -not -path './build/*' -not -path './tests/*' -not -path './bench/*' -not -path './db/ado/*' \
+    -not -path './component/com/*' -print0 | xargs -0 -n 1 -P "$(nproc)" bash -c 'sola "$1"' _
