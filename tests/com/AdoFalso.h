@@ -186,6 +186,10 @@ struct ComandoFalso : Falso<ado::Command> {
     STDMETHODIMP put_CommandText(BSTR texto) override {
         return Preparar(" texto", [&] { orden_->CommandText = Utf8(texto); });
     }
+    STDMETHODIMP get_Parameters(ado::Parameters** parametros) override {
+        parametros_->AddRef();
+        return Dar(*parametros, parametros_.Get());
+    }
     STDMETHODIMP CreateParameter(BSTR nombre, int tipo, int direccion, LONG_PTR tamano, VARIANT valor,
                                  ado::Parameter** parametro) override {
         // What has no value is left out: NULL would be one.
