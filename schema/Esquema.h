@@ -6,7 +6,9 @@
 
 namespace kv {
 
-/// What marks an embedded database as ours ("KVDA") and the version of its tables.
+/// What marks an embedded database as ours ("KVDA") and the version of its tables: whoever changes a table in the
+/// script gives it the next one, or a file made before would lack what the statements ask for. The production script
+/// has no version; a new column brings its own ALTER TABLE there.
 inline constexpr std::int32_t kAplicacionEsquema = 0x4B564441;
 inline constexpr std::int32_t kVersionEsquema = 2;
 
