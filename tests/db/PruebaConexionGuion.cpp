@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "db/ConexionTrazada.h"
+#include "db/EmpresaTabla.h"
 #include "tests/comun/ConexionGuion.h"
 #include "tests/comun/Errores.h"
 
@@ -77,6 +78,37 @@ TEST(ConexionTrazada, InformaDeCadaOperacionYDejaPasarTodo) {
     EXPECT_EQ((std::vector<std::string>{"BeginTrans||-1", "Open|A|fila-1", "Execute|B|2", "Execute|C|-1no",
                                         "Command|P|-1", "RollbackTrans||-1", "CommitTrans||-1"}),
               visto);
+}
+
+TEST(EmpresaTabla, CadaColumnaEnSuMiembro) {
+    ConexionGuion guion;
+    const std::string suya = "SELECT * FROM Empresas WHERE Codigo =7";
+    const std::string parametros = "SELECT Numero, Valor FROM Empresas_Parametros WHERE Cod_Empresa =7";
+    guion.EsperaConsulta(suya);
+    EXPECT_EQ(nullptr, EmpresaTabla::Leer(guion, 7));
+    for (const bool si : {true, false}) {
+        guion.EsperaConsulta(suya,
+                             Palabras("Nombre Cod_EmpresaArticulos Cod_EmpresaClientes Cod_EmpresaExtra Tarifa"
+                                      " VenderSinStock CosteUltimaCompra DecPrecios DecImportes DecCostes"
+                                      " CaptionFamilia1 CaptionFamilia2 CaptionFamilia3"),
+                             {{"Duero", 11, 12, 13, 14, si, !si, 2, 3, 4, "Sección", "Familia", "Subfamilia"}});
+        guion.EsperaConsulta(parametros, {"Numero", "Valor"}, {{1, "x"}, {2, Nulo{}}});
+        const auto e = EmpresaTabla::Leer(guion, 7);
+        EXPECT_EQ("Duero", e->Nombre());
+        EXPECT_EQ(
+            (std::vector{7, 11, 12, 13, 14, 2, 3, 4}),
+            (std::vector<int>{e->CodEmpresa(), e->CodEmpresaArticulos(), e->CodEmpresaClientes(), e->CodEmpresaExtra(),
+                              e->TarifaEmpresa(), e->DecPrecios(), e->DecImportes(), e->DecCostes()}));
+        EXPECT_EQ(si, e->VenderSinStock());
+        EXPECT_EQ(!si, e->CosteUltimaCompra());
+        EXPECT_EQ("Sección, Familia, Subfamilia",
+                  e->CaptionFamilia(0) + ", " + e->CaptionFamilia(1) + ", " + e->CaptionFamilia(2));
+        for (const std::int16_t malo : {std::int16_t{-1}, std::int16_t{3}})
+            EsperarError(kErrSubindice, "", [&] { (void)e->CaptionFamilia(malo); });
+        EXPECT_EQ(Valor("x"), e->Parametro(1));
+        EXPECT_EQ(Valor(Nulo{}), e->Parametro(2));
+        EXPECT_EQ(Valor(Nulo{}), e->Parametro(3));
+    }
 }
 
 }  // namespace
