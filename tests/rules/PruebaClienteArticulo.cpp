@@ -72,15 +72,15 @@ TEST_F(ClienteArticulo, Recorrido_EnLosDosModos) {
     using C = clsCliente_Articulo;
     const auto columnas = Palabras("Cod_Articulo Cod_Empresa Cod_Cliente Descripcion Fecha_Inicial Fecha_Final PVP");
     const ConexionGuion::Fila fila = {108, 18, 109, "Taladro", dia, dia + 1, 3.5};
-    const auto busca = [&](auto accion, ConexionGuion& conexion, const std::string& sql) {
+    const auto busca = [&](auto accion, const std::string& sql) {
         objeto.Cod_Empresa = 8;
-        conexion.EsperaConsulta(sql, columnas, {fila, {}});
+        guion->EsperaConsulta(sql, columnas, {fila, {}});
         EXPECT_TRUE(Hacer(objeto, "clsCliente_Articulo::Cargar", accion));
         EXPECT_EQ("108 18 109 Taladro 05/03/2026 06/03/2026 3.5", Campos());
         rs->Close();
     };
     const auto recorre = [&](bool (C::*metodo)(std::unique_ptr<Recordset>&), const std::string& sql) {
-        busca([&] { return (objeto.*metodo)(rs); }, *guion, sql);
+        busca([&] { return (objeto.*metodo)(rs); }, sql);
     };
     objeto.Key(30);
     const std::string tabla = " FROM Clientes_Art_PVP  WHERE Cod_Empresa =8";
@@ -99,7 +99,7 @@ TEST_F(ClienteArticulo, Recorrido_EnLosDosModos) {
     recorre(&C::Cargar_Primero,
             kDeArticulo + " WHERE (a.Cod_Empresa=8) and (a.Cod_Articulo = (SELECT ISNULL(MIN(Cod_Articulo), 0)" +
                 tabla + "))");
-    busca([&] { return objeto.Cargar(rs, false, 5, nullptr); }, *guion,
+    busca([&] { return objeto.Cargar(rs, false, 5, nullptr); },
           kDeCliente + " Where a.Cod_Cliente = 5 and a.Cod_Empresa = 8");
     // Another connection stays.
     const auto otra = std::make_shared<ConexionGuion>();
