@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "catalog/Busqueda.h"
 #include "db/ValoresSql.h"
 
 namespace kv {
@@ -51,7 +50,7 @@ FuenteCodigos FuenteCodigos::DeArticulos(const Puesto& puesto, const SeleccionAr
         fuente.PorCodigos(seleccion.codigos);
     } else {
         fuente.donde_ += CondicionFamilias(seleccion.familias);
-        fuente.palabras_ = PalabrasBuscadas(seleccion.busca);
+        fuente.busca_ = seleccion.busca;
     }
     if (porFamilia) fuente.PorFamilias();
     return fuente;
@@ -104,7 +103,7 @@ void FuenteCodigos::PorFamilias() {
 
 std::uint64_t FuenteCodigos::Contar() {
     std::uint64_t cuantos = 0;
-    if (!palabras_.empty()) {
+    if (busca_) {
         while (Siguiente()) ++cuantos;
         return cuantos;
     }
@@ -119,7 +118,7 @@ std::uint64_t FuenteCodigos::Contar() {
 
 // The next page that is not empty; false when there is none.
 bool FuenteCodigos::LeerPagina() {
-    const bool conTexto = !palabras_.empty();
+    const bool conTexto = busca_ != nullptr;
     std::unique_ptr<Recordset> rs;
     pagina_.clear();
     lugar_ = 0;
@@ -131,7 +130,7 @@ bool FuenteCodigos::LeerPagina() {
         std::size_t leidos = 0;
         for (; !rs->Eof(); rs->MoveNext(), ++leidos) {
             ultimo_ = ALong(rs->Fields("Codigo").Value());
-            if (!conTexto || ContienePalabras(AString(rs->Fields("Descripcion").Value(), '.'), palabras_))
+            if (!conTexto || busca_(ultimo_, AString(rs->Fields("Descripcion").Value(), '.')))
                 pagina_.push_back(ultimo_);
         }
         rs->Close();

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,11 +16,11 @@ namespace kv {
 using CodigosFamilia = std::array<std::int16_t, 3>;
 
 /// Which articles: those of `codigos` when it has any; else all of the catalogue, less those that are outside the
-/// families and those whose description lacks a word of `busca` (letter case and accents do not count).
+/// families and those that `busca`, when it is given, does not want by their code and description.
 struct SeleccionArticulos {
     std::vector<std::int32_t> codigos;
     std::vector<CodigosFamilia> familias;
-    std::string busca;
+    std::function<bool(std::int32_t, const std::string&)> busca;
 };
 
 /// Which customers: those of `codigos` when it has any; else all, less those outside the discount group and those that
@@ -38,7 +39,7 @@ class FuenteCodigos {
     static FuenteCodigos DeArticulos(const Puesto& puesto, const SeleccionArticulos& seleccion, bool porFamilia);
     static FuenteCodigos DeClientes(const Puesto& puesto, const SeleccionClientes& seleccion);
 
-    /// How many codes there are. Descriptions that are searched must be read for that.
+    /// How many codes there are. Those that are searched must be read for that.
     std::uint64_t Contar();
     /// The next code; none at the end, after which it begins again.
     std::optional<std::int32_t> Siguiente();
@@ -50,12 +51,11 @@ class FuenteCodigos {
     void PorCodigos(std::vector<std::int32_t> codigos);
     void PorFamilias();
     bool LeerPagina();
-    bool Busca(const std::string& descripcion) const;
 
     std::shared_ptr<Connection> conexion_;
     std::string tabla_;
     std::string donde_;
-    std::vector<std::string> palabras_;
+    std::function<bool(std::int32_t, const std::string&)> busca_;
     // The conditions that split the selection into its parts, in order, and the one that is being read.
     std::vector<std::string> partes_ = {""};
     std::size_t parte_ = 0;

@@ -150,7 +150,9 @@ TEST(Lista, OrdenYSeleccion) {
                                           porFamilia.lineas.at(3).substr(0, 6) + " " +
                                           porFamilia.lineas.at(5).substr(0, 6));
     p = Peticion({}, {1});
-    p.articulos.busca = "detergente INDUSTRIAL";
+    p.articulos.busca = [](std::int32_t codigo, const std::string& descripcion) {
+        return codigo > 101 && descripcion.starts_with("Detergente industrial");
+    };
     EXPECT_EQ("113/1 ", claves(p));
     p = Peticion({101}, {});
     p.clientes.grupo = 9;

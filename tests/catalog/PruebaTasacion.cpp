@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "catalog/Busqueda.h"
 #include "catalog/Neto.h"
 #include "tests/catalog/MundoCatalogo.h"
 #include "tests/comun/Errores.h"
@@ -101,17 +100,6 @@ TEST(Tasar, UnDescuentoQueNoSePuedePreguntar_NoEsNingunPrecio) {
     const Tasacion t = Tasar(mundo.Puestos(1)[0], Terminos(112, 5));
     EXPECT_TRUE(t.fallo.starts_with("el procedimiento KVP_DevDtoClientesGrupos ha fallado: ")) << t.fallo;
     EXPECT_EQ(Currency(), t.pvp);
-}
-
-TEST(Busqueda, SinMayusculasNiAcentos_YTodasLasPalabras) {
-    const auto contiene = [](const char* texto, const char* busca) {
-        return ContienePalabras(texto, PalabrasBuscadas(busca));
-    };
-    EXPECT_TRUE(contiene("Taladro Percutor 500 W ÑÁÜ ç", "  PÉRCUTOR tal  nau Ç "));
-    EXPECT_TRUE(contiene("Piñón", "PIÑON"));
-    EXPECT_TRUE(contiene("cualquiera", ""));
-    EXPECT_FALSE(contiene("Taladro", "taladro percutor"));
-    EXPECT_FALSE(contiene("2 × 4", "2 ÷ 4"));
 }
 
 }  // namespace
