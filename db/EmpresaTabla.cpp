@@ -9,10 +9,10 @@ namespace kv {
 std::shared_ptr<EmpresaTabla> EmpresaTabla::Leer(Connection& conexion, std::int16_t codigo) {
     std::unique_ptr<Recordset> rs;
     AbrirLectura(rs, conexion, TextoSql("SELECT * FROM Empresas WHERE Codigo =", SqlEntero(codigo)));
-    if (rs->Eof()) return nullptr;
-    std::shared_ptr<EmpresaTabla> empresa(new EmpresaTabla(*rs, codigo));
+    std::shared_ptr<EmpresaTabla> empresa;
+    if (!rs->Eof()) empresa.reset(new EmpresaTabla(*rs, codigo));
     rs->Close();
-    empresa->LeerParametros(conexion);
+    if (empresa) empresa->LeerParametros(conexion);
     return empresa;
 }
 
