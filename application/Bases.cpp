@@ -13,22 +13,34 @@ constexpr IdentidadBase kIdentidad{kAplicacionEsquema, kVersionEsquema};
 
 }  // namespace
 
-std::shared_ptr<Connection> AbrirBase(const OrigenBase& origen, Acceso acceso) {
+std::shared_ptr<Connection> AbrirBase(const OrigenBase& origen, Acceso acceso, const std::function<void()>& alEsperar) {
     if (!origen.odbc.empty()) return std::make_shared<ConexionOdbc>(origen.odbc);
     const auto modo =
         acceso == Acceso::Leer ? ConexionSqlite::Modo::SoloLectura : ConexionSqlite::Modo::LecturaEscritura;
-    return ConexionSqlite::Abrir(origen.fichero, kIdentidad, modo);
+    EsperaBloqueo espera;
+    if (origen.espera) espera.maxima = std::chrono::seconds(*origen.espera);
+    espera.aviso = alEsperar;
+    return ConexionSqlite::Abrir(origen.fichero, kIdentidad, modo, espera);
 }
 
-void CrearDemo(const OrigenBase& origen, Fecha hoy) {
+void CrearDemo(const OrigenBase& origen, Fecha hoy, const ConexionTrazada::Informe& informe) {
+    // Hands on a connection that listens to this one while it fills.
+    const auto llenar = [&](Connection& conexion, const auto& cargar) {
+        if (!informe) return cargar(conexion);
+        ConexionTrazada trazada({std::shared_ptr<Connection>(), &conexion}, informe);
+        cargar(trazada);
+    };
     if (origen.odbc.empty()) {
-        ConexionSqlite::Crear(origen.fichero, kIdentidad, EsquemaSqlite(),
-                              [hoy](Connection& conexion) { CargarDemostracion(conexion, hoy); });
+        ConexionSqlite::Crear(origen.fichero, kIdentidad, EsquemaSqlite(), [&](Connection& conexion) {
+            llenar(conexion, [hoy](Connection& c) { CargarDemostracion(c, hoy); });
+        });
         return;
     }
     ConexionOdbc servidor(origen.odbc);
-    CrearDemostracionServidor(
-        servidor, [&](std::string_view lote) { servidor.EjecutarLote(lote); }, hoy);
+    llenar(servidor, [&](Connection& c) {
+        CrearDemostracionServidor(
+            c, [&](std::string_view lote) { servidor.EjecutarLote(lote); }, hoy);
+    });
 }
 
 bool ActualizarBase(const std::string& fichero) {

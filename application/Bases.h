@@ -1,9 +1,13 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "base/Fecha.h"
+#include "db/ConexionTrazada.h"
 #include "db/Connection.h"
 
 namespace kv::aplicacion {
@@ -12,16 +16,21 @@ namespace kv::aplicacion {
 struct OrigenBase {
     std::string fichero;
     std::string odbc;
+    /// Seconds that a statement waits for a lock of another program; only for a file.
+    std::optional<std::int16_t> espera;
 };
 
 enum class Acceso { Leer, Escribir };
 
-/// Opens it. A server does not know about `acceso`: its permissions decide. The adapter's error when it cannot.
-std::shared_ptr<Connection> AbrirBase(const OrigenBase& origen, Acceso acceso);
+/// Opens it. A server does not know about `acceso`: its permissions decide. `alEsperar`, if any, is called in each wait
+/// for a lock that lasts longer than a second. The adapter's error when it cannot.
+std::shared_ptr<Connection> AbrirBase(const OrigenBase& origen, Acceso acceso,
+                                      const std::function<void()>& alEsperar = {});
 
 /// Makes the demonstration database, whole or not at all, in a file that does not exist or in an empty database of a
-/// server; future prices count from `hoy`. The adapter's error when it cannot.
-void CrearDemo(const OrigenBase& origen, Fecha hoy);
+/// server; future prices count from `hoy`, and `informe`, if any, hears each statement with data. The adapter's error
+/// when it cannot.
+void CrearDemo(const OrigenBase& origen, Fecha hoy, const ConexionTrazada::Informe& informe = {});
 
 /// Brings a file of an older schema version up, whole or not at all; false when it is up to date already. The adapter's
 /// error, with nothing changed, when it cannot: it names what does not fit.

@@ -1,7 +1,9 @@
 #include "application/Revisiones.h"
 
+#include "base/RuntimeError.h"
 #include "db/BibliotecaComun.h"
 #include "db/ValoresSql.h"
+#include "rules/NivelesFamilia.h"
 
 namespace kv::aplicacion {
 namespace {
@@ -128,6 +130,29 @@ constexpr Revision kRevisiones[] = {
 };
 // clang-format on
 
+/// A procedure that loads call and whose failures they pass over.
+struct Procedimiento {
+    const char* revision;
+    const char* nombre;
+    bool conUnidades;
+};
+constexpr Procedimiento kProcedimientos[] = {{"descuento de familia que falla", "KVP_DevDtoDescuentosFamilias", false},
+                                             {"descuento de grupo que falla", "KVP_DevDtoClientesGrupos", true}};
+
+// Why a call fails, empty when it does not. It asks about nobody's discount.
+std::string Llamar(const Sesion& sesion, const Procedimiento& procedimiento) try {
+    const auto comando = sesion.Cnx().CrearCommand();
+    PrepararDescuento(*comando, procedimiento.nombre, sesion.Emp(), {0, 0, 0, 0, 0});
+    if (procedimiento.conUnidades)
+        comando->Parameters.Append(
+            {"@Unidades", DataType::adCurrency, ParameterDirection::adParamInput, 0, Currency::DeEntero(1)});
+    comando->Parameters.Append({"@Dto", DataType::adCurrency, ParameterDirection::adParamOutput, 0, Nulo{}});
+    comando->Execute(CommandType::adOptionUnspecified);
+    return "";
+} catch (const RuntimeError& error) {
+    return error.descripcion;
+}
+
 std::string Sustituir(std::string texto, const char* marca, std::string_view valor) {
     for (auto pos = texto.find(marca); pos != std::string::npos; pos = texto.find(marca, pos))
         texto.replace(pos, std::string_view(marca).size(), valor);
@@ -190,8 +215,16 @@ std::vector<Hallazgo> Revisar(const Sesion& sesion, const std::function<void(std
     std::vector<Hallazgo> hallazgos;
     std::unique_ptr<Recordset> rs;
     std::size_t hechas = 0;
+    constexpr std::size_t kTodas = std::size(kRevisiones) + std::size(kProcedimientos);
+    for (const Procedimiento& procedimiento : kProcedimientos) {
+        avance(hechas++, kTodas);
+        const std::string fallo = Llamar(sesion, procedimiento);
+        if (!fallo.empty())
+            hallazgos.push_back({procedimiento.revision, std::string(procedimiento.nombre) + ": " + fallo,
+                                 "las cargas siguen sin ese descuento"});
+    }
     for (const Revision& revision : kRevisiones) {
-        avance(hechas++, std::size(kRevisiones));
+        avance(hechas++, kTodas);
         AbrirLectura(rs, sesion.Cnx(), Consulta(revision, sesion));
         for (; !rs->Eof(); rs->MoveNext()) hallazgos.push_back({revision.nombre, ClaveDe(*rs), revision.motivo});
         rs->Close();

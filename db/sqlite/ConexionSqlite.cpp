@@ -1,31 +1,20 @@
 #include "db/sqlite/ConexionSqlite.h"
 
-#include <filesystem>
-
 #include "base/RuntimeError.h"
 #include "db/sqlite/CommandSqlite.h"
 #include "db/sqlite/ErrorSqlite.h"
+#include "db/sqlite/FicheroNuevo.h"
 #include "db/sqlite/InteriorSqlite.h"
 #include "db/sqlite/RecordsetSqlite.h"
 
 namespace kv {
-namespace {
-
-namespace fs = std::filesystem;
-
-void Borrar(const std::string& ruta) {
-    std::error_code ignorado;
-    for (const char* final_ : {"", "-wal", "-shm", "-journal"}) fs::remove(ruta + final_, ignorado);
-}
-
-}  // namespace
 
 ConexionSqlite::ConexionSqlite(std::shared_ptr<Interior> interior) : interior_(std::move(interior)) {}
 ConexionSqlite::~ConexionSqlite() = default;
 
 std::shared_ptr<ConexionSqlite> ConexionSqlite::Abrir(const std::string& ruta, const IdentidadBase& identidad,
-                                                      Modo modo) {
-    const auto interior = Interior::DeFichero(ruta, identidad.aplicacion);
+                                                      Modo modo, const EsperaBloqueo& espera) {
+    const auto interior = Interior::DeFichero(ruta, identidad.aplicacion, espera);
     const std::int32_t version = interior->Pragma("user_version");
     if (version != identidad.version) OtraVersion(ruta, version, identidad.version);
     interior->Guion("PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL;");
@@ -35,25 +24,17 @@ std::shared_ptr<ConexionSqlite> ConexionSqlite::Abrir(const std::string& ruta, c
 
 void ConexionSqlite::Crear(const std::string& ruta, const IdentidadBase& identidad, std::string_view guion,
                            const std::function<void(Connection&)>& llenar) {
-    std::error_code error;
-    if (fs::exists(ruta, error)) FicheroNoSirve(SQLITE_CANTOPEN, ruta, "ya existe y no se toca");
-    const std::string provisional = ruta + ".creando";
-    Borrar(provisional);
-    try {
-        {
-            const auto interior = std::make_shared<Interior>(provisional, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-            interior->Guion("PRAGMA journal_mode = WAL; PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL;");
-            interior->Guion(std::string(guion));
-            interior->Guion("PRAGMA application_id = " + std::to_string(identidad.aplicacion) +
-                            "; PRAGMA user_version = " + std::to_string(identidad.version) + ";");
-            ConexionSqlite conexion(interior);
-            llenar(conexion);
-        }
-        fs::rename(provisional, ruta);
-    } catch (...) {
-        Borrar(provisional);
-        throw;
+    FicheroNuevo fichero(ruta);
+    {
+        const auto interior = std::make_shared<Interior>(fichero.Ruta(), SQLITE_OPEN_READWRITE);
+        interior->Guion("PRAGMA journal_mode = WAL; PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL;");
+        interior->Guion(std::string(guion));
+        interior->Guion("PRAGMA application_id = " + std::to_string(identidad.aplicacion) +
+                        "; PRAGMA user_version = " + std::to_string(identidad.version) + ";");
+        ConexionSqlite conexion(interior);
+        llenar(conexion);
     }
+    fichero.Guardar();
 }
 
 void ConexionSqlite::Execute(std::string_view texto, std::int32_t* afectados, CommandType opciones) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -19,6 +20,13 @@ struct IdentidadBase {
     std::int32_t version = 0;
 };
 
+/// How long a statement waits for a lock that another program holds.
+struct EsperaBloqueo {
+    std::chrono::milliseconds maxima{10000};
+    /// Called once in each wait that lasts longer than a second; may be empty.
+    std::function<void()> aviso = {};
+};
+
 /// The embedded database: one SQLite file behind the ADO-shaped interface. It takes the component's own text:
 /// `TOP`, `ISNULL(`, dates as dd/mm/yyyy in quotes (an empty one is 01/01/1900), and refuses a second statement.
 /// Columns declared money, bit, date... come back as Currency, Boolean, Date. Whatever is committed is on disk.
@@ -30,11 +38,14 @@ class ConexionSqlite : public Connection {
     enum class Modo : std::uint8_t { SoloLectura, LecturaEscritura };
 
     /// Opens an existing file. A missing file, one that is no such database or one of another schema version is a
-    /// clear error that names the file, and the command that helps an older one; nothing is created or changed.
-    static std::shared_ptr<ConexionSqlite> Abrir(const std::string& ruta, const IdentidadBase& identidad, Modo modo);
+    /// clear error that names the file, and the command that helps an older one; nothing is created or changed. A file
+    /// on a read-only file system can be read, unless a log with changes lies beside it.
+    static std::shared_ptr<ConexionSqlite> Abrir(const std::string& ruta, const IdentidadBase& identidad, Modo modo,
+                                                 const EsperaBloqueo& espera = {});
 
     /// Makes a new file with the tables of `guion`, lets `llenar` fill it, and gives it its name only when all went
-    /// well: nothing remains of a failed attempt. Error when the file exists.
+    /// well: nothing remains of a failed attempt, and what one that was killed left is taken over. Error when the file
+    /// exists or another program is making it.
     static void Crear(const std::string& ruta, const IdentidadBase& identidad, std::string_view guion,
                       const std::function<void(Connection&)>& llenar);
 

@@ -1,14 +1,17 @@
 #include "db/sqlite/InteriorSqlite.h"
 
+#include <cstdio>
 #include <filesystem>
 
 #include "base/RuntimeError.h"
 #include "db/sqlite/ErrorSqlite.h"
+#include "db/sqlite/FicheroNuevo.h"
 
 namespace kv {
 namespace {
 
-constexpr int kEsperaMs = 10000;
+namespace fs = std::filesystem;
+
 // A load and the maintenance of every table together need about sixty templates.
 constexpr std::size_t kMaximoPlantillas = 200;
 
@@ -24,6 +27,24 @@ void ConfigurarUnaVez() {
     if (hecho != SQLITE_OK) throw RuntimeError(hecho, "SQLite", "No se puede iniciar SQLite");
 }
 
+// A base on a medium that nobody can write to is read without its lock files, which cannot be made there. A log beside
+// it holds what was committed and not yet written into the base.
+std::string UriInmutable(const std::string& ruta) {
+    std::error_code error;
+    for (const char* diario : {"-wal", "-journal"})
+        if (const auto bytes = fs::file_size(ruta + diario, error); !error && bytes > 0)
+            FicheroNoSirve(SQLITE_CANTOPEN, ruta,
+                           "está en un medio de solo lectura con un diario al lado («" + ruta + diario +
+                               "») que guarda cambios: se copian los dos a otro sitio y se abre allí");
+    std::string uri = "file:";
+    for (const char c : fs::absolute(ruta).string()) {
+        char escapado[4];
+        std::snprintf(escapado, sizeof escapado, "%%%02X", static_cast<unsigned char>(c));
+        uri += c == '%' || c == '?' || c == '#' ? escapado : std::string(1, c);
+    }
+    return uri + "?immutable=1";
+}
+
 }  // namespace
 
 ConexionSqlite::Interior::Interior(const std::string& ruta, int opciones) {
@@ -35,17 +56,20 @@ ConexionSqlite::Interior::Interior(const std::string& ruta, int opciones) {
         sqlite3_close(base_);
         throw error;
     }
-    sqlite3_busy_timeout(base_, kEsperaMs);
+    sqlite3_busy_handler(base_, &Interior::EsperarCerrojo, this);
     cache_ = std::make_unique<CacheSentencias>(base_, kMaximoPlantillas);
 }
 
 std::shared_ptr<ConexionSqlite::Interior> ConexionSqlite::Interior::DeFichero(const std::string& ruta,
-                                                                              std::int32_t aplicacion) {
-    namespace fs = std::filesystem;
+                                                                              std::int32_t aplicacion,
+                                                                              const EsperaBloqueo& espera) {
     std::error_code error;
     if (!fs::exists(ruta, error)) FicheroNoSirve(SQLITE_CANTOPEN, ruta, "no existe");
     if (!fs::is_regular_file(ruta, error)) FicheroNoSirve(SQLITE_CANTOPEN, ruta, "no es un fichero");
-    const auto interior = std::make_shared<Interior>(ruta, SQLITE_OPEN_READWRITE);
+    const auto interior = EnMedioSoloLectura(ruta)
+                              ? std::make_shared<Interior>(UriInmutable(ruta), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI)
+                              : std::make_shared<Interior>(ruta, SQLITE_OPEN_READWRITE);
+    interior->espera_ = espera;
     std::int32_t suya = 0;
     try {
         suya = interior->Pragma("application_id");
@@ -62,6 +86,24 @@ ConexionSqlite::Interior::~Interior() {
     procedimientos_.clear();
     cache_.reset();
     sqlite3_close(base_);
+}
+
+// SQLite asks again and again while the lock is held; 0 gives up.
+int ConexionSqlite::Interior::EsperarCerrojo(void* interior, int intentos) {
+    Interior& yo = *static_cast<Interior*>(interior);
+    const auto ahora = std::chrono::steady_clock::now();
+    if (intentos == 0) {
+        yo.comienzo_ = ahora;
+        yo.avisado_ = false;
+    }
+    const auto pasado = ahora - yo.comienzo_;
+    if (pasado >= yo.espera_.maxima) return 0;
+    if (pasado >= std::chrono::seconds(1) && !yo.avisado_ && yo.espera_.aviso) {
+        yo.avisado_ = true;
+        yo.espera_.aviso();
+    }
+    sqlite3_sleep(intentos < 10 ? intentos + 1 : 25);
+    return 1;
 }
 
 void ConexionSqlite::Interior::SoloLeer() {

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <chrono>
 #include <map>
 #include <memory>
 #include <string>
@@ -17,7 +18,8 @@ class ConexionSqlite::Interior {
     /// Opens with SQLite's flags and sets how it waits and writes. Raises SQLite's error with the file's name.
     Interior(const std::string& ruta, int opciones);
     /// Opens an existing file that carries this application id, whatever its version. Error that names the file.
-    static std::shared_ptr<Interior> DeFichero(const std::string& ruta, std::int32_t aplicacion);
+    static std::shared_ptr<Interior> DeFichero(const std::string& ruta, std::int32_t aplicacion,
+                                               const EsperaBloqueo& espera = {});
     ~Interior();
     Interior(const Interior&) = delete;
     Interior& operator=(const Interior&) = delete;
@@ -38,6 +40,11 @@ class ConexionSqlite::Interior {
     Sentencia& Procedimiento(const std::string& nombre);
 
   private:
+    static int EsperarCerrojo(void* interior, int intentos);
+
+    EsperaBloqueo espera_;
+    std::chrono::steady_clock::time_point comienzo_;
+    bool avisado_ = false;
     sqlite3* base_ = nullptr;
     bool soloLee_ = false;
     std::unique_ptr<CacheSentencias> cache_;

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
+#include "application/Averias.h"
 #include "host/Documentos.h"
 #include "host/cli/Opcion.h"
 #include "host/cli/Trabajo.h"
@@ -46,8 +47,12 @@ class Orden {
     template <class Accion>
     void Hace(aplicacion::Acceso acceso, Accion accion) {
         orden_.callback([datos = datos_, acceso, accion] {
-            Trabajo trabajo(datos->comunes, acceso);
-            accion(trabajo, datos->peticion);
+            try {
+                Trabajo trabajo(datos->comunes, acceso);
+                accion(trabajo, datos->peticion);
+            } catch (const RuntimeError& error) {
+                throw aplicacion::Averia(datos->comunes.base, error);
+            }
         });
     }
     /// Writes what `funcion(sesion, peticion)` answers, under a line that says what was done, if any.

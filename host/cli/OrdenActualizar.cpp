@@ -2,6 +2,7 @@
 #include <iostream>
 #include <memory>
 
+#include "application/Averias.h"
 #include "application/Bases.h"
 #include "host/cli/Ordenes.h"
 
@@ -9,10 +10,13 @@ namespace kv::host {
 namespace {
 
 void Actualizar(const std::string& fichero) {
-    if (aplicacion::ActualizarBase(fichero))
-        std::cout << "Actualizada la base «" << fichero << "»\n";
-    else
-        std::cout << "La base «" << fichero << "» ya está al día\n";
+    bool hecho = false;
+    try {
+        hecho = aplicacion::ActualizarBase(fichero);
+    } catch (const RuntimeError& error) {
+        throw aplicacion::Averia({fichero, {}, {}}, error);
+    }
+    std::cout << (hecho ? "Actualizada la base «" + fichero + "»\n" : "La base «" + fichero + "» ya está al día\n");
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
 #include <iostream>
 #include <memory>
 
+#include "application/Averias.h"
 #include "application/Bases.h"
 #include "application/Tarifas.h"
 #include "db/BibliotecaComun.h"
+#include "host/cli/Interrupcion.h"
 #include "host/cli/Orden.h"
 #include "host/cli/Ordenes.h"
 
@@ -12,7 +14,12 @@ namespace {
 
 void CrearDemo(const aplicacion::OrigenBase& base) {
     ExigirUnaBase(base, "FICHERO");
-    aplicacion::CrearDemo(base, Biblioteca().Hoy());
+    try {
+        const Interrupcion interrupcion;
+        aplicacion::CrearDemo(base, Biblioteca().Hoy(), [&](const OperacionTrazada&) { interrupcion.Comprobar(); });
+    } catch (const RuntimeError& error) {
+        throw aplicacion::Averia(base, error);
+    }
     if (base.odbc.empty())
         std::cout << "Creada la base de demostración «" << base.fichero << "»\n";
     else

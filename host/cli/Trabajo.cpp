@@ -16,6 +16,8 @@ void ExigirUnaBase(const aplicacion::OrigenBase& base, const std::string& uso) {
         aplicacion::RechazarImposible("", "falta " + uso + " o {odbc} CADENA");
     if (!base.fichero.empty() && !base.odbc.empty())
         aplicacion::RechazarImposible("", "se espera " + uso + " o {odbc} CADENA, no los dos");
+    if (base.espera && base.fichero.empty())
+        aplicacion::RechazarImposible("espera", "solo es para un fichero; en un servidor decide él");
 }
 
 /// Writes each operation to standard error as it ends, so that a failing command shows what came before.
@@ -52,6 +54,8 @@ class Trabajo::Traza {
 void OpcionesComunes::Anadir(CLI::App& orden) {
     Opcion(orden, "base", base.fichero, "FICHERO", "Fichero de la base de datos");
     Opcion(orden, "odbc", base.odbc, "CADENA", "Servidor, en vez de fichero: su cadena de conexión ODBC");
+    Opcion(orden, "espera", base.espera, "SEGUNDOS", "Cuánto se espera a que otro programa suelte la base (10)",
+           Rango{0, 3600});
     Opcion(orden, "empresa", empresa, "N", "Código de la empresa (1 si no se dice)");
     orden.add_flag("--json", json, "Responde en JSON");
     orden.add_flag("--traza", traza, "Muestra cada sentencia enviada y su tiempo (en la salida de errores)");
@@ -66,7 +70,9 @@ Trabajo::~Trabajo() = default;
 
 aplicacion::Sesion Trabajo::Abrir(const OpcionesComunes& opciones, aplicacion::Acceso acceso) {
     ExigirUnaBase(opciones.base, "{base} FICHERO");
-    std::shared_ptr<Connection> conexion = AbrirBase(opciones.base, acceso);
+    std::shared_ptr<Connection> conexion = AbrirBase(opciones.base, acceso, [fichero = opciones.base.fichero] {
+        std::cerr << "kvdatosart: esperando a que otro programa suelte «" << fichero << "»...\n";
+    });
     std::shared_ptr<kv::cEmpresa> empresa;
     if (opciones.empresa != 0) empresa = aplicacion::LeerEmpresa(*conexion, opciones.empresa);
     if (traza_)

@@ -10,6 +10,7 @@
 #include "db/BibliotecaConsola.h"
 #include "host/Lectura.h"
 #include "host/cli/CodigosSalida.h"
+#include "host/cli/MalEscrita.h"
 #include "host/cli/Opcion.h"
 #include "host/cli/Ordenes.h"
 
@@ -19,43 +20,6 @@ constexpr const char* kPie =
     "Fechas: dd/mm/aaaa o aaaa-mm-dd. Números: con punto o coma decimal.\n"
     "Códigos de salida: 0 hecho; 1 respuesta negativa (no existe, sin precio, rechazado, hay hallazgos);\n"
     "2 orden mal escrita; 3 fallo de la base de datos o de un fichero.";
-
-// What follows an equals sign may be the password of a connection string that was not quoted.
-std::string SinClave(const std::string& texto) {
-    return texto.substr(0, texto.find('='));
-}
-
-// The program's own command is missing or misspelt, or that of the family of commands that was named.
-std::string SinOrden(const CLI::App& programa) {
-    const CLI::App* familia = &programa;
-    while (!familia->get_subcommands().empty()) familia = familia->get_subcommands().back();
-    const std::vector<std::string> sobrantes = familia->remaining();
-    std::string texto = "falta la orden";
-    if (!sobrantes.empty() && sobrantes[0].starts_with('-'))
-        texto += " antes de «" + SinClave(sobrantes[0]) + "»";
-    else if (!sobrantes.empty())
-        texto = "orden desconocida: «" + SinClave(sobrantes[0]) + "»";
-    std::string separador = "; las de " + familia->get_name() + ": ";
-    for (const CLI::App* orden : familia->get_subcommands(nullptr)) {
-        texto += separador + orden->get_name();
-        separador = ", ";
-    }
-    return texto + " (--help las cuenta)";
-}
-
-std::string EnCastellano(const CLI::ParseError& error, const CLI::App& programa) {
-    const std::string texto = error.what();
-    if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
-        if (texto.find("subcommand") != std::string::npos) return SinOrden(programa);
-        return "falta " + texto.substr(0, texto.find(" is required"));
-    }
-    if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr)
-        return "argumento desconocido" + SinClave(texto).substr(std::min(texto.find(':'), texto.size()));
-    if (texto.find("At Most") != std::string::npos) return "repetido " + texto.substr(0, texto.find(':'));
-    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr)
-        return "falta el valor de " + texto.substr(0, texto.find(':'));
-    return "orden mal escrita: " + texto;
-}
 
 // One line, whatever a driver puts into its texts.
 int Fracaso(int codigo, std::string texto) {
@@ -135,13 +99,13 @@ int main(int argc, char** argv) {
     } catch (const CLI::CallForHelp& ayuda) {
         return programa.exit(ayuda, std::cout, std::cerr);
     } catch (const CLI::ParseError& error) {
-        return Fracaso(kv::host::kUso, EnCastellano(error, programa));
+        return Fracaso(kv::host::kUso, kv::host::EnCastellano(error, programa));
     } catch (const kv::aplicacion::Rechazo& rechazo) {
         return Rechazada(rechazo);
     } catch (const kv::RuntimeError& error) {
         return Fracaso(kv::host::kBase,
                        error.origen + ": error " + std::to_string(error.numero) + ": " + error.descripcion);
     } catch (const std::exception& error) {
-        return Fracaso(kv::host::kBase, error.what());
+        return Fracaso(kv::host::kBase, ConOpciones(error.what()));
     }
 }

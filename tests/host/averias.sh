@@ -1,0 +1,67 @@
+#!/usr/bin/env bash
+# What goes wrong around the file: several that make it at once, one that is interrupted or killed, and failures that
+# are told in plain Spanish. Usage: averias.sh PROGRAM
+set -uo pipefail
+programa=$(realpath "$1")
+carpeta=$(mktemp -d)
+trap 'rm -rf "$carpeta"' EXIT
+cd "$carpeta"
+fallos=0
+falla() {
+    echo "FALLA: $*"
+    fallos=$((fallos + 1))
+}
+# es CODE TEXT ARGUMENT...: the exit code and a text of its only line.
+es() {
+    local codigo=$1 texto=$2 salida real
+    shift 2
+    salida=$("$programa" "$@" 2>&1 </dev/null)
+    real=$?
+    [ "$real" -eq "$codigo" ] && [[ "$salida" == *"$texto"* && "$salida" != *$'\n'* ]] ||
+        falla "$* (esperado $codigo con «$texto»; real $real: $salida)"
+}
+
+for i in 1 2 3 4; do
+    "$programa" crear-demo varias.kv >"$i.txt" 2>&1 &
+done
+hechas=0
+for trabajo in $(jobs -p); do wait "$trabajo" && hechas=$((hechas + 1)); done
+[ "$hechas" -eq 1 ] || falla "$hechas de cuatro a la vez han creado la base"
+[ "$(cat ./*.txt | grep -cE 'se está creando ya desde otro sitio|ya existe y no se toca')" -eq 3 ] || falla "$(cat ./*.txt)"
+"$programa" cargar --base varias.kv --articulo 113 --cliente 11 >/dev/null || falla "la base creada no carga"
+
+# cortada SIGNAL FILE: ends the program with a signal while it makes the file.
+cortada() {
+    "$programa" crear-demo "$2" >/dev/null 2>&1 &
+    local pid=$! vueltas=0
+    while [ ! -s "$2.creando" ] && [ "$vueltas" -lt 500 ]; do
+        sleep 0.01
+        vueltas=$((vueltas + 1))
+    done
+    kill "-$1" "$pid" 2>/dev/null
+    wait "$pid" 2>/dev/null
+    [ ! -e "$2" ] || falla "$2: ha dado tiempo a acabarla"
+}
+# Signals of the keyboard do not reach what a script leaves behind; this one is handled alike.
+cortada TERM cortada.kv
+[ -z "$(ls cortada.kv* 2>/dev/null)" ] || falla "una señal ha dejado $(ls cortada.kv*)"
+cortada KILL muerta.kv
+[ -e muerta.kv.creando ] || falla 'la muerte no ha dejado nada que tomar'
+es 0 'muerta.kv' crear-demo muerta.kv
+[ "$(ls muerta.kv*)" = muerta.kv ] || falla "ha quedado $(ls muerta.kv*)"
+
+es 3 '«nohay.kv» no existe' cargar --base nohay.kv --articulo 1 --cliente 1
+es 3 '«/dev/null» no es un fichero' cargar --base /dev/null --articulo 1 --cliente 1
+echo nada >texto.kv
+es 3 '«texto.kv» no es una base de datos' cargar --base texto.kv --articulo 1 --cliente 1
+head -c 50000 muerta.kv >rota.kv
+es 3 '«rota.kv» está dañada; hace falta una copia de seguridad (database disk image is malformed)' revisar --base rota.kv
+es 2 '--espera: solo es para un fichero' cargar --odbc DSN=x --espera 1 --articulo 1 --cliente 1
+if [ "$(id -u)" -eq 0 ] && mkdir lleno && mount -t tmpfs -o size=300k none lleno 2>/dev/null; then
+    es 3 '«lleno/llena.kv» no cabe más: el disco está lleno' crear-demo lleno/llena.kv
+    [ -z "$(ls lleno)" ] || falla "ha quedado $(ls lleno)"
+    umount lleno
+fi
+
+echo "$fallos failed"
+[ "$fallos" -eq 0 ]
