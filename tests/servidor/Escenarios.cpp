@@ -379,6 +379,7 @@ void CompararTodo(Pareja& pareja, Azar& azar) {
     CompararExistencias(pareja, azar, 900);
     CompararReglas(pareja, azar, 500);
     CompararClientes(pareja, azar, 400);
+    CompararAplicacion(pareja, azar, 150);
     CompararCargas(pareja, azar, 500);
     pareja.CompararTablas(azar);
 }

@@ -16,6 +16,10 @@ void CompararReglas(Pareja& pareja, Azar& azar, int veces);
 /// Customers: browsing, writing, telephones, dates, queries and deletions, some of which fail midway.
 void CompararClientes(Pareja& pareja, Azar& azar, int veces);
 
+/// What the application asks and does with statements of its own: searches, checks before writing, agreements one by
+/// one.
+void CompararAplicacion(Pareja& pareja, Azar& azar, int veces);
+
 /// Which row of several wins, asked of both procedures of one database; what it writes for that is rolled back.
 void ProbarProcedimientos(const std::shared_ptr<Connection>& conexion);
 
