@@ -14,24 +14,24 @@ namespace {
 
 constexpr ColumnaTabla kDtosFamilia[] = {
     {"Nivel", "nivel", "Nivel", ClaseDato::Codigo},
-    {"Familia_1", "familia1", "Familia 1", ClaseDato::Codigo},
-    {"Familia_2", "familia2", "Familia 2", ClaseDato::Codigo},
-    {"Familia_3", "familia3", "Familia 3", ClaseDato::Codigo},
+    {"Familia_1", "familia1", "Fam. 1", ClaseDato::Codigo},
+    {"Familia_2", "familia2", "Fam. 2", ClaseDato::Codigo},
+    {"Familia_3", "familia3", "Fam. 3", ClaseDato::Codigo},
     {"Cod_Articulo", "articulo", "Artículo", ClaseDato::Codigo},
     {"Nombre", "nombre", "Nombre"},
-    {"Descuento", "descuento", "Descuento %", ClaseDato::Porcentaje},
+    {"Descuento", "descuento", "Dto. %", ClaseDato::Porcentaje},
 };
 
 constexpr ColumnaTabla kDtosGrupo[] = {
     {"Nivel", "nivel", "Nivel", ClaseDato::Codigo},
-    {"Familia_1", "familia1", "Familia 1", ClaseDato::Codigo},
-    {"Familia_2", "familia2", "Familia 2", ClaseDato::Codigo},
-    {"Familia_3", "familia3", "Familia 3", ClaseDato::Codigo},
+    {"Familia_1", "familia1", "Fam. 1", ClaseDato::Codigo},
+    {"Familia_2", "familia2", "Fam. 2", ClaseDato::Codigo},
+    {"Familia_3", "familia3", "Fam. 3", ClaseDato::Codigo},
     {"Cod_Articulo", "articulo", "Artículo", ClaseDato::Codigo},
     {"Nombre", "nombre", "Nombre"},
     {"Unidades_Min", "minimo", "Desde unidades", ClaseDato::Cantidad},
     {"Unidades_Max", "maximo", "Hasta unidades", ClaseDato::Cantidad},
-    {"Descuento", "descuento", "Descuento %", ClaseDato::Porcentaje},
+    {"Descuento", "descuento", "Dto. %", ClaseDato::Porcentaje},
 };
 
 // Family levels that the company uses, by its captions.

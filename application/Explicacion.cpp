@@ -1,15 +1,10 @@
 #include "application/Explicacion.h"
 
-#include "db/BibliotecaComun.h"
 #include "db/ValoresSql.h"
 #include "rules/DescuentosAcuerdo.h"
 
 namespace kv::aplicacion {
 namespace {
-
-std::string Texto(Currency valor) {
-    return valor.ATexto(Biblioteca().SeparadorDecimal()).Cadena();
-}
 
 std::string TextoNodo(const NivelesCadena& nodo) {
     std::string texto;
@@ -17,7 +12,7 @@ std::string TextoNodo(const NivelesCadena& nodo) {
         if (nivel == 0) break;
         texto += (texto.empty() ? "" : ".") + std::to_string(nivel);
     }
-    return "nodo " + texto;
+    return texto;
 }
 
 const char* NombreOrigen(OrigenTarifa origen) {
@@ -73,7 +68,7 @@ std::string CondicionNodo(const NivelesCadena& nodo) {
 
 }  // namespace
 
-Explicacion::Renglon& Explicacion::Nuevo(std::string fuente, std::string clave) {
+Explicacion::Renglon& Explicacion::Nuevo(std::string fuente, Frase clave) {
     Renglon renglon;
     renglon.paso.fuente = std::move(fuente);
     renglon.paso.clave = std::move(clave);
@@ -83,97 +78,106 @@ Explicacion::Renglon& Explicacion::Nuevo(std::string fuente, std::string clave) 
 void Explicacion::Tarifa(const TarifaProbada& tarifa) {
     std::string fuente = tarifa.programada ? "Cambio de tarifa" : "Tarifa";
     if (tarifa.porCualidad) fuente += " de la variante " + std::to_string(asunto_.cualidadX);
-    Renglon& r = Nuevo(fuente, "tarifa " + std::to_string(tarifa.tarifa) + " (" + NombreOrigen(tarifa.origen) + ")");
+    Renglon& r = Nuevo(fuente, {"tarifa " + std::to_string(tarifa.tarifa) + " (" + NombreOrigen(tarifa.origen) + ")"});
+    r.paso.tarifa = tarifa.tarifa;
     r.tarifa = tarifa.tarifa;
     r.porCualidad = tarifa.porCualidad;
-    if (tarifa.hallada)
-        r.paso.resultado = "hallada: " + Texto(tarifa.pvp);
-    else
-        r.duda = tarifa.programada ? Duda::Cambio : Duda::Tarifa;
+    if (tarifa.hallada) {
+        r.paso.importe = tarifa.pvp;
+        r.paso.resultado = {"hallada: {}", {tarifa.pvp}};
+        return;
+    }
+    r.duda = tarifa.programada ? Duda::Cambio : Duda::Tarifa;
 }
 
 void Explicacion::Paso(const PasoPrecio& paso) {
-    Renglon& r = Nuevo(NombreFuente(paso.fuente), "");
+    Renglon& r = Nuevo(NombreFuente(paso.fuente));
     r.paso.antes = paso.antes;
     r.paso.despues = paso.despues;
     r.puso = paso.aplicada && paso.fuente != FuentePrecio::Redondeo && paso.fuente != FuentePrecio::NetoCadena;
-    r.paso.resultado = paso.aplicada ? "aplicado" : "nada";
+    r.paso.resultado = {paso.aplicada ? "aplicado" : "nada"};
     if (paso.fuente == FuentePrecio::Tarifa && !paso.hallada) {
-        r.paso.resultado = "ninguna tarifa tiene precio";
+        r.paso.resultado = {"ninguna tarifa tiene precio"};
         r.puso = false;
     }
     if (paso.fuente == FuentePrecio::PrecioCliente) {
-        r.paso.clave = "cliente " + std::to_string(asunto_.cliente);
+        r.paso.clave = {"cliente " + std::to_string(asunto_.cliente)};
         if (!paso.hallada) r.duda = Duda::PrecioCliente;
     }
     if (paso.fuente == FuentePrecio::ConvenioPvp) {
-        r.paso.clave = "cliente " + std::to_string(asunto_.cliente);
+        r.paso.clave = {"cliente " + std::to_string(asunto_.cliente)};
         if (!paso.hallada)
             r.duda = Duda::Convenio;
         else if (!paso.aplicada)
-            r.paso.resultado = "hallado, pero el precio sale 0 o menos: se ignora";
+            r.paso.resultado = {"hallado, pero el precio sale 0 o menos: se ignora"};
     }
     if (paso.fuente == FuentePrecio::PrecioBaseCadena && !paso.hallada)
-        r.paso.resultado = preguntadaCadena_ ? "ningún nodo tiene precio base" : "el cliente no tiene cadena";
-    if (paso.fuente == FuentePrecio::NetoCadena && !paso.hallada) r.paso.resultado = "el cliente no tiene cadena";
+        r.paso.resultado = {preguntadaCadena_ ? "ningún nodo tiene precio base" : "el cliente no tiene cadena"};
+    if (paso.fuente == FuentePrecio::NetoCadena && !paso.hallada) r.paso.resultado = {"el cliente no tiene cadena"};
 }
 
 Explicacion::Renglon& Explicacion::NuevoDescuento(FuenteDescuento fuente) {
     return Nuevo(fuente == FuenteDescuento::Grupo ? "Descuento de grupo" : "Descuento de familia",
-                 "cliente " + std::to_string(asunto_.cliente));
+                 {"cliente " + std::to_string(asunto_.cliente)});
 }
 
 void Explicacion::DescuentoLinea(FuenteDescuento fuente, Currency porcentaje) {
-    NuevoDescuento(fuente).paso.resultado =
-        porcentaje == Currency() ? "ninguno" : Texto(porcentaje) + " % para la línea, fuera del precio";
+    Renglon& r = NuevoDescuento(fuente);
+    r.paso.importe = porcentaje;
+    r.paso.resultado =
+        porcentaje == Currency() ? Frase{"ninguno"} : Frase{"{} % para la línea, fuera del precio", {porcentaje}};
 }
 
 void Explicacion::DescuentoFallido(FuenteDescuento fuente, std::string_view procedimiento, std::string_view fallo) {
-    NuevoDescuento(fuente).paso.resultado = TextoSql("el procedimiento ", procedimiento, " ha fallado: ", fallo);
+    NuevoDescuento(fuente).paso.resultado = {TextoSql("el procedimiento ", procedimiento, " ha fallado: ", fallo)};
 }
 
 void Explicacion::NodoBase(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, Currency base) {
     preguntadaCadena_ = true;
     NuevoNodo("Acuerdo: precio base", nodo, acuerdo,
-              base == Currency() ? "sin precio base" : "hallado: " + Texto(base));
+              base == Currency() ? Frase{"sin precio base"} : Frase{"hallado: {}", {base}})
+        .paso.importe = base == Currency() ? Valor(Nulo{}) : Valor(base);
 }
 
 void Explicacion::NodoDescuentos(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, int aplicables) {
     NuevoNodo("Acuerdo: descuentos", nodo, acuerdo,
-              std::to_string(aplicables) + (aplicables == 1 ? " descuento vigente" : " descuentos vigentes"));
+              {std::to_string(aplicables) + (aplicables == 1 ? " descuento vigente" : " descuentos vigentes")});
 }
 
-void Explicacion::NuevoNodo(const char* fuente, const NivelesCadena& nodo, const DiasAcuerdo* acuerdo,
-                            const std::string& resultado) {
-    Renglon& r = Nuevo(fuente, TextoNodo(nodo));
+Explicacion::Renglon& Explicacion::NuevoNodo(const char* fuente, const NivelesCadena& nodo, const DiasAcuerdo* acuerdo,
+                                             Frase resultado) {
+    const std::string camino = TextoNodo(nodo);
+    Renglon& r = Nuevo(fuente, {"nodo " + camino});
     r.nodo = nodo;
+    r.paso.nodo = camino;
+    r.paso.resultado = std::move(resultado);
     if (acuerdo == nullptr)
         r.duda = Duda::Nodo;
     else
-        r.paso.resultado = resultado + " (acuerdo " + TextoPlazo(ADate(acuerdo->entrada), ADate(acuerdo->salida)) + ")";
+        r.paso.resultado += " (acuerdo " + TextoPlazo(ADate(acuerdo->entrada), ADate(acuerdo->salida)) + ")";
+    return r;
 }
 
 void Explicacion::DescuentoCadena(const DescuentoAplicado& d) {
-    Renglon& r = Nuevo("Descuento de cadena", "");
+    Renglon& r = Nuevo("Descuento de cadena");
     r.paso.antes = d.antes;
     r.paso.despues = d.despues;
-    const std::string redondeado = Texto(d.sinRedondear) + ", redondeado " + Texto(d.redondeado);
+    r.paso.importe = d.importe;
+    r.paso.resultado = {"quita {}, redondeado {}", {d.sinRedondear, d.redondeado}};
     switch (d.tipo) {
         case kDtoPorcentaje:
-            r.paso.clave = Texto(d.importe) + (d.cascada ? " % en cascada sobre " : " % sobre ") + Texto(d.base);
-            r.paso.resultado = "quita " + redondeado;
+            r.paso.clave = {d.cascada ? "{} % en cascada sobre {}" : "{} % sobre {}", {d.importe, d.base}};
             break;
         case kDtoImporte:
-            r.paso.clave = "importe " + Texto(d.importe);
-            r.paso.resultado = "quita " + redondeado;
+            r.paso.clave = {"importe {}", {d.importe}};
             break;
         case kDtoOferta:
-            r.paso.clave = "oferta " + Texto(d.importe) + " + " + Texto(d.cantidad) + " gratis";
-            r.paso.resultado = "precio " + redondeado;
+            r.paso.clave = {"oferta {} + {} gratis", {d.importe, d.cantidad}};
+            r.paso.resultado.texto = "precio {}, redondeado {}";
             break;
         default:
-            r.paso.clave = "clase " + std::to_string(d.tipo);
-            r.paso.resultado = "clase desconocida: no cambia el precio";
+            r.paso.clave = {"clase " + std::to_string(d.tipo)};
+            r.paso.resultado = {"clase desconocida: no cambia el precio"};
     }
 }
 
@@ -214,27 +218,27 @@ std::string Explicacion::MotivoNodo(const Sesion& sesion, const Renglon& r) cons
     return plazos.empty() ? "sin acuerdo" : "acuerdo fuera de sus fechas: " + plazos;
 }
 
-std::string Explicacion::Motivo(const Sesion& sesion, const Renglon& r) const {
+Frase Explicacion::Motivo(const Sesion& sesion, const Renglon& r) const {
     const TextoNumero empresa = SqlEntero(sesion.Emp().CodEmpresa());
     const TextoNumero cliente = SqlEntero(asunto_.cliente);
     const TextoNumero articulo = SqlEntero(asunto_.articulo);
     switch (r.duda) {
         case Duda::Tarifa:
-            return MotivoTarifa(sesion, r);
+            return {MotivoTarifa(sesion, r)};
         case Duda::Cambio:
-            return MotivoCambio(sesion, r);
+            return {MotivoCambio(sesion, r)};
         case Duda::PrecioCliente:
-            return sesion.Hay(TextoSql("SELECT PVP FROM Clientes_Art_PVP WHERE Cod_Empresa =", empresa,
-                                       " AND Cod_Cliente =", cliente, " AND Cod_Articulo =", articulo))
-                       ? "fuera de sus fechas"
-                       : "sin precio propio";
+            return {sesion.Hay(TextoSql("SELECT PVP FROM Clientes_Art_PVP WHERE Cod_Empresa =", empresa,
+                                        " AND Cod_Cliente =", cliente, " AND Cod_Articulo =", articulo))
+                        ? "fuera de sus fechas"
+                        : "sin precio propio"};
         case Duda::Nodo:
-            return MotivoNodo(sesion, r);
+            return {MotivoNodo(sesion, r)};
         case Duda::Convenio:
-            return sesion.Hay(TextoSql("SELECT Pvp FROM Clientes_Convenio_Pvp WHERE Cod_Empresa =", empresa,
-                                       " AND Cod_Cliente =", cliente, " AND Cod_Articulo =", articulo))
-                       ? "el artículo base no está o no tiene tarifa 1"
-                       : "sin convenio";
+            return {sesion.Hay(TextoSql("SELECT Pvp FROM Clientes_Convenio_Pvp WHERE Cod_Empresa =", empresa,
+                                        " AND Cod_Cliente =", cliente, " AND Cod_Articulo =", articulo))
+                        ? "el artículo base no está o no tiene tarifa 1"
+                        : "sin convenio"};
         case Duda::Ninguna:
             break;
     }

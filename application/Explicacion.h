@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "application/Frase.h"
 #include "application/Sesion.h"
 #include "base/Fecha.h"
 #include "base/Valor.h"
@@ -22,8 +23,13 @@ struct AsuntoExplicado {
 struct PasoExplicado {
     std::string fuente;
     /// What was asked of it: a tariff, a node, a discount.
-    std::string clave;
-    std::string resultado;
+    Frase clave;
+    Frase resultado;
+    /// What the two sentences say, for programs: the tariff, the node ("1.1.2") and the price, percentage or amount
+    /// that the source had; NULL where it has none.
+    Valor tarifa = Nulo{};
+    Valor nodo = Nulo{};
+    Valor importe = Nulo{};
     /// The price before and after; NULL for what does not touch it.
     Valor antes = Nulo{};
     Valor despues = Nulo{};
@@ -62,11 +68,10 @@ class Explicacion : public ObservadorCarga {
         bool puso = false;
     };
 
-    Renglon& Nuevo(std::string fuente, std::string clave);
+    Renglon& Nuevo(std::string fuente, Frase clave = {});
     Renglon& NuevoDescuento(FuenteDescuento fuente);
-    void NuevoNodo(const char* fuente, const NivelesCadena& nodo, const DiasAcuerdo* acuerdo,
-                   const std::string& resultado);
-    std::string Motivo(const Sesion& sesion, const Renglon& renglon) const;
+    Renglon& NuevoNodo(const char* fuente, const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, Frase resultado);
+    Frase Motivo(const Sesion& sesion, const Renglon& renglon) const;
     std::string MotivoTarifa(const Sesion& sesion, const Renglon& renglon) const;
     std::string MotivoCambio(const Sesion& sesion, const Renglon& renglon) const;
     std::string MotivoNodo(const Sesion& sesion, const Renglon& renglon) const;

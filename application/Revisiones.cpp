@@ -1,7 +1,12 @@
 #include "application/Revisiones.h"
 
+#include <algorithm>
+#include <stdexcept>
+#include <string>
+
 #include "base/RuntimeError.h"
 #include "db/BibliotecaComun.h"
+#include "db/Nombres.h"
 #include "db/ValoresSql.h"
 #include "rules/NivelesFamilia.h"
 
@@ -15,6 +20,40 @@ struct Revision {
     const char* nombre;
     const char* motivo;
     const char* consulta;
+};
+
+constexpr ColumnaTabla kColumnas[] = {
+    {"Cod_Grupo", "grupo", "Grupo", ClaseDato::Codigo},
+    {"Cod_Cliente", "cliente", "Cliente", ClaseDato::Codigo},
+    {"Cod_Articulo", "articulo", "Artículo", ClaseDato::Codigo},
+    {"Cod_ArticuloB", "articuloBase", "Artículo base", ClaseDato::Codigo},
+    {"CualidadX", "cualidadX", "Cualidad X", ClaseDato::Codigo},
+    {"CualidadY", "cualidadY", "Cualidad Y", ClaseDato::Codigo},
+    {"Cod_Tarifa", "tarifa", "Tarifa", ClaseDato::Codigo},
+    {"Codigo", "cambio", "Cambio", ClaseDato::Codigo},
+    {"Otro", "otroCambio", "Otro cambio", ClaseDato::Codigo},
+    {"Cod_Almacen", "almacen", "Almacén", ClaseDato::Codigo},
+    {"Nodo", "nodo", "Nodo"},
+    {"Nivel", "nivel", "Nivel", ClaseDato::Codigo},
+    {"Familia_1", "familia1", "Familia 1", ClaseDato::Codigo},
+    {"Familia_2", "familia2", "Familia 2", ClaseDato::Codigo},
+    {"Familia_3", "familia3", "Familia 3", ClaseDato::Codigo},
+    {"Unidades_Min", "minimo", "Desde unidades", ClaseDato::Cantidad},
+    {"Unidades_Max", "maximo", "Hasta unidades", ClaseDato::Cantidad},
+    {"Otro_Min", "otroMinimo", "Otro desde", ClaseDato::Cantidad},
+    {"Otro_Max", "otroMaximo", "Otro hasta", ClaseDato::Cantidad},
+    {"Fecha_Inicial", "desde", "Desde", ClaseDato::Fecha},
+    {"Fecha_Final", "hasta", "Hasta", ClaseDato::Fecha},
+    {"Otra_Inicial", "otroDesde", "Otro desde", ClaseDato::Fecha},
+    {"Otra_Final", "otroHasta", "Otro hasta", ClaseDato::Fecha},
+    {"FechaEntrada", "entrada", "Entrada", ClaseDato::Fecha},
+    {"FechaSalida", "salida", "Salida", ClaseDato::Fecha},
+    {"Otra_Entrada", "otraEntrada", "Otra entrada", ClaseDato::Fecha},
+    {"Fecha_Entrada", "fecha", "Fecha", ClaseDato::Fecha},
+    {"Pvp", "precio", "Precio", ClaseDato::Importe},
+    {"Actualizado", "activo", "Toma parte", ClaseDato::Logico},
+    {"Borrado", "retirado", "Retirado", ClaseDato::Logico},
+    {"Stock_Actual", "existencias", "Existencias", ClaseDato::Cantidad},
 };
 
 // clang-format off
@@ -112,7 +151,7 @@ constexpr Revision kRevisiones[] = {
      " LEFT JOIN Articulos a ON a.Codigo = s.Cod_Articulo AND a.Cod_Empresa ={A} WHERE s.Cod_Empresa ={E}"
      " AND a.Codigo IS NULL"},
     {"caminos de cadena con huecos", "el nodo de encima del hueco se aplica más de una vez; sin el primero no hay cadena",
-     "SELECT Codigo, Cad_Nivel_1, Cad_Nivel_2, Cad_Nivel_3, Cad_Nivel_4, Cad_Nivel_5, Cad_Nivel_6, Cad_Nivel_7,"
+     "SELECT Codigo AS Cod_Cliente, Cad_Nivel_1, Cad_Nivel_2, Cad_Nivel_3, Cad_Nivel_4, Cad_Nivel_5, Cad_Nivel_6, Cad_Nivel_7,"
      " Cad_Nivel_8, Cad_Nivel_9, Cad_Nivel_10 FROM Clientes WHERE Cod_Empresa ={E}"
      " AND ((Cad_Nivel_1 = 0 AND Cad_Nivel_2 <> 0) OR (Cad_Nivel_2 = 0 AND Cad_Nivel_3 <> 0)"
      " OR (Cad_Nivel_3 = 0 AND Cad_Nivel_4 <> 0) OR (Cad_Nivel_4 = 0 AND Cad_Nivel_5 <> 0)"
@@ -190,26 +229,35 @@ std::string Camino(const std::vector<std::int16_t>& niveles) {
     return camino;
 }
 
-std::string ClaveDe(Recordset& rs) {
-    std::string clave;
+const ColumnaTabla* ColumnaDe(std::string_view nombre) {
+    const auto* const columna = std::find_if(std::begin(kColumnas), std::end(kColumnas),
+                                             [&](const ColumnaTabla& c) { return MismoNombre(c.columna, nombre); });
+    if (columna == std::end(kColumnas))
+        throw std::logic_error("revisión con una columna sin rótulo: " + std::string(nombre));
+    return columna;
+}
+
+std::vector<std::pair<const ColumnaTabla*, Valor>> ClaveDe(Recordset& rs) {
+    std::vector<std::pair<const ColumnaTabla*, Valor>> clave;
     std::vector<std::int16_t> niveles;
-    const auto anadir = [&](const std::string& columna, const std::string& valor) {
-        clave += (clave.empty() ? "" : ", ") + columna + " " + valor;
-    };
     for (std::int32_t i = 0; i < rs.NumeroCampos(); ++i) {
         const std::string columna(rs.NombreCampo(i));
         const Valor& valor = rs.Fields(columna).Value();
         if (EsNivel(columna)) {
             niveles.push_back(AInteger(valor));
-            if (niveles.size() == 10) anadir("Nodo", Camino(niveles));
+            if (niveles.size() == 10) clave.emplace_back(ColumnaDe("Nodo"), Camino(niveles));
         } else {
-            anadir(columna, EsNulo(valor) ? "-" : AString(valor, Biblioteca().SeparadorDecimal()));
+            clave.emplace_back(ColumnaDe(columna), valor);
         }
     }
     return clave;
 }
 
 }  // namespace
+
+std::span<const ColumnaTabla> ColumnasHallazgo() {
+    return kColumnas;
+}
 
 std::vector<Hallazgo> Revisar(const Sesion& sesion, const std::function<void(std::size_t, std::size_t)>& avance) {
     std::vector<Hallazgo> hallazgos;

@@ -1,22 +1,27 @@
 #pragma once
 
 #include <functional>
-#include <string>
+#include <span>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "application/Sesion.h"
+#include "application/Tabla.h"
 
 namespace kv::aplicacion {
 
 /// Something that makes prices or stock surprising.
 struct Hallazgo {
     std::string_view que;
-    /// Names and values of the row's key.
-    std::string clave;
+    /// What the row is known by: columns of `ColumnasHallazgo` and their values.
+    std::vector<std::pair<const ColumnaTabla*, Valor>> clave;
     /// Why it matters.
     std::string_view porque;
 };
+
+/// Every column that a finding may be known by, each once.
+std::span<const ColumnaTabla> ColumnasHallazgo();
 
 /// Everything of the kind in the tables of a company; only reads. `avance` hears before each check how many are done
 /// and how many there are. A database failure reaches the caller.

@@ -1,5 +1,6 @@
 #include "host/Lectura.h"
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
 #include <nlohmann/json.hpp>
@@ -12,6 +13,39 @@ namespace {
 
 [[noreturn]] void Rechazar(const std::string& opcion, const std::string& texto, const std::string& espera) {
     aplicacion::RechazarImposible(opcion, "«" + texto + "» no vale; se espera " + espera);
+}
+
+// What precedes the decimal comma, without its sign.
+std::string_view ParteEntera(std::string_view texto) {
+    if (texto.starts_with('-') || texto.starts_with('+')) texto.remove_prefix(1);
+    return texto.substr(0, texto.find(','));
+}
+
+// Groups of three digits with a point before each, after one to three digits that do not begin with 0: how many
+// points, and 0 for anything else.
+std::size_t PuntosDeMillar(std::string_view entera) {
+    const std::size_t primero = std::min(entera.find('.'), entera.size());
+    if (primero < 1 || primero > 3 || entera.front() == '0' || (entera.size() - primero) % 4 != 0) return 0;
+    for (std::size_t i = 0; i < entera.size(); ++i) {
+        const bool punto = i >= primero && (i - primero) % 4 == 0;
+        if (punto ? entera[i] != '.' : entera[i] < '0' || entera[i] > '9') return 0;
+    }
+    return (entera.size() - primero) / 4;
+}
+
+// 1.000 is a thousand for who writes points between thousands and one for who writes decimals with a point.
+bool PuedeSerUnMillar(const std::string& texto) {
+    return texto.find(',') == std::string::npos && PuntosDeMillar(ParteEntera(texto)) == 1;
+}
+
+// 1.000,5 and 1.000.000 have one meaning.
+bool EsConMillares(const std::string& texto) {
+    return PuntosDeMillar(ParteEntera(texto)) > 0;
+}
+
+std::string SinPuntos(std::string texto) {
+    std::erase(texto, '.');
+    return texto;
 }
 
 }  // namespace
@@ -57,10 +91,16 @@ Fecha LeerFecha(const std::string& opcion, const std::string& texto) {
 }
 
 Currency LeerImporte(const std::string& opcion, const std::string& texto) {
-    const auto decimales = texto.find_first_of(".,");
+    if (PuedeSerUnMillar(texto)) {
+        std::string conComa = texto;
+        std::replace(conComa.begin(), conComa.end(), '.', ',');
+        Rechazar(opcion, texto, SinPuntos(texto) + " o " + conComa + ", que no se confunden");
+    }
+    const std::string numero = EsConMillares(texto) ? SinPuntos(texto) : texto;
+    const auto decimales = numero.find_first_of(".,");
     try {
-        const bool preciso = decimales == std::string::npos || texto.size() - decimales - 1 <= 4;
-        if (preciso && texto.find(' ') == std::string::npos) return Currency::DeTexto(texto);
+        const bool preciso = decimales == std::string::npos || numero.size() - decimales - 1 <= 4;
+        if (preciso && numero.find(' ') == std::string::npos) return Currency::DeTexto(numero);
     } catch (const RuntimeError&) {
         // Told below, together with what is expected.
     }

@@ -21,7 +21,9 @@ std::int32_t LeerEntero(const std::string& opcion, const std::string& texto, std
 std::int16_t LeerCodigo(const std::string& opcion, const std::string& texto, std::int16_t minimo = 1);
 /// dd/mm/aaaa or aaaa-mm-dd.
 Fecha LeerFecha(const std::string& opcion, const std::string& texto);
-/// A number with at most four decimals after a point or a comma.
+/// A number with at most four decimals after a point or a comma. With a comma, points may part its thousands (1.000,5);
+/// without one, a single group of three digits after a point (1.000) may mean two numbers and is refused, but not after
+/// a lone 0 or more than three digits.
 Currency LeerImporte(const std::string& opcion, const std::string& texto);
 
 }  // namespace kv::host

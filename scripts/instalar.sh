@@ -5,12 +5,16 @@ set -euo pipefail
 
 paquetes() {
     case "$1" in
-        nativo) echo g++ cmake ninja-build libsqlite3-dev unixodbc-dev libcli11-dev nlohmann-json3-dev libgtest-dev librapidcheck-dev clang-format ;;
+        nativo) echo g++ cmake ninja-build pkg-config libsqlite3-dev unixodbc-dev libutf8proc-dev libcli11-dev nlohmann-json3-dev libgtest-dev librapidcheck-dev clang-format locales man-db ;;
         windows) echo g++-mingw-w64-x86-64 g++-mingw-w64-i686 mingw-w64-tools libwine-dev wine64 wine patchelf unixodbc libsqliteodbc googletest ;;
         odbc) echo unixodbc libsqliteodbc odbc-postgresql postgresql tdsodbc ;;
         bench) echo libbenchmark-dev libsoci-dev libboost-dev valgrind ;;
         *) echo "instalar.sh: grupo desconocido: $1" >&2; exit 2 ;;
     esac
+}
+
+como_root() {
+    if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
 }
 
 faltan=()
@@ -21,8 +25,13 @@ for grupo in "${@:-nativo}"; do
 done
 if [ "${#faltan[@]}" -gt 0 ]; then
     echo "Instalando: ${faltan[*]}"
-    orden=()
-    [ "$(id -u)" -eq 0 ] || orden=(sudo)
-    "${orden[@]}" apt-get update -qq
-    "${orden[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${faltan[@]}" >/dev/null
+    como_root apt-get update -qq
+    como_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${faltan[@]}" >/dev/null
+fi
+# The tests ask the same in a Spanish and in an English locale.
+if [[ " ${*:-nativo} " == *" nativo "* ]]; then
+    hay=$(locale -a)
+    for idioma in es_ES en_US; do
+        grep -qi "^$idioma.utf-\?8$" <<<"$hay" || como_root localedef -i "$idioma" -f UTF-8 "$idioma.UTF-8"
+    done
 fi

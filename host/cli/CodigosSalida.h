@@ -12,4 +12,9 @@ inline constexpr int kUso = 2;
 /// The database or a file fails.
 inline constexpr int kBase = 3;
 
+/// Thrown by a command that has said everything, when its code is not `kHecho`.
+struct Termina {
+    int codigo;
+};
+
 }  // namespace kv::host

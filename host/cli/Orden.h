@@ -51,7 +51,7 @@ class Orden {
                 Trabajo trabajo(datos->comunes, acceso);
                 accion(trabajo, datos->peticion);
             } catch (const RuntimeError& error) {
-                throw aplicacion::Averia(datos->comunes.base, error);
+                throw aplicacion::Averia(datos->comunes.Base(), error);
             }
         });
     }
@@ -60,7 +60,7 @@ class Orden {
     void Responde(aplicacion::Acceso acceso, Funcion funcion, const char* hecho = nullptr) {
         Hace(acceso, [funcion, hecho](Trabajo& trabajo, const Peticion& peticion) {
             const auto respuesta = funcion(trabajo.sesion, peticion);
-            if (hecho != nullptr) trabajo.respuesta.Linea(hecho);
+            if (hecho != nullptr) trabajo.respuesta.Decir(hecho);
             Documentar(trabajo.respuesta, respuesta);
             trabajo.Escribir();
         });

@@ -1,22 +1,34 @@
 #include <CLI/CLI.hpp>
-#include <iostream>
 #include <memory>
 
 #include "application/Averias.h"
 #include "application/Bases.h"
+#include "host/Salida.h"
+#include "host/cli/OpcionesSalida.h"
 #include "host/cli/Ordenes.h"
 
 namespace kv::host {
 namespace {
 
-void Actualizar(const std::string& fichero) {
-    bool hecho = false;
+struct PeticionActualizar {
+    std::string fichero;
+    OpcionesSalida salida;
+};
+
+void Actualizar(const PeticionActualizar& peticion) {
+    peticion.salida.Exigir();
+    bool cambiada = false;
     try {
-        hecho = aplicacion::ActualizarBase(fichero);
+        cambiada = aplicacion::ActualizarBase(peticion.fichero);
     } catch (const RuntimeError& error) {
-        throw aplicacion::Averia({fichero, {}, {}}, error);
+        throw aplicacion::Averia({peticion.fichero, {}, {}}, error);
     }
-    std::cout << (hecho ? "Actualizada la base «" + fichero + "»\n" : "La base «" + fichero + "» ya está al día\n");
+    Documento documento(SeparadorDeGente());
+    documento.Decir(cambiada ? "Actualizada la base «" + peticion.fichero + "»"
+                             : "La base «" + peticion.fichero + "» ya está al día");
+    documento.Dato("base", "Base", peticion.fichero);
+    documento.Dato("cambiada", "Cambiada", cambiada, aplicacion::ClaseDato::Logico);
+    peticion.salida.Escribir(documento, true);
 }
 
 }  // namespace
@@ -24,9 +36,10 @@ void Actualizar(const std::string& fichero) {
 void AnadirActualizar(CLI::App& programa) {
     CLI::App* orden = programa.add_subcommand(
         "actualizar", "Pone al día las tablas de un fichero que hizo una versión anterior del programa");
-    const auto fichero = std::make_shared<std::string>();
-    orden->add_option("--base", *fichero, "Fichero de la base de datos")->required()->type_name("FICHERO");
-    orden->callback([fichero] { Actualizar(*fichero); });
+    const auto peticion = std::make_shared<PeticionActualizar>();
+    orden->add_option("--base", peticion->fichero, "Fichero de la base de datos")->required()->type_name("FICHERO");
+    peticion->salida.Anadir(*orden);
+    orden->callback([peticion] { Actualizar(*peticion); });
 }
 
 }  // namespace kv::host

@@ -53,8 +53,9 @@ void AnadirFecha(CLI::App& cliente, const char* nombre, const char* ayuda,
         .Marca("forzar", &Peticion::forzar, "Aunque el día no haya llegado")
         .Hace(Acceso::Escribir, [anotar, rotulo](Trabajo& trabajo, const Peticion& peticion) {
             const auto respuesta = anotar(trabajo.sesion, peticion);
-            trabajo.respuesta.Dato("codigo", "Cliente", respuesta.codigo);
-            trabajo.respuesta.Dato("fecha", rotulo, respuesta.fecha ? Valor(*respuesta.fecha) : Valor(Nulo{}));
+            trabajo.respuesta.Dato("codigo", "Cliente", respuesta.codigo, aplicacion::ClaseDato::Codigo);
+            trabajo.respuesta.Dato("fecha", rotulo, respuesta.fecha ? Valor(*respuesta.fecha) : Valor(Nulo{}),
+                                   aplicacion::ClaseDato::Fecha);
             trabajo.Escribir();
         });
 }

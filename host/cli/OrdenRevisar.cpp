@@ -3,8 +3,8 @@
 #include <chrono>
 #include <iostream>
 
-#include "application/Rechazo.h"
 #include "application/Revisiones.h"
+#include "host/cli/CodigosSalida.h"
 #include "host/cli/Orden.h"
 #include "host/cli/Ordenes.h"
 
@@ -37,19 +37,15 @@ class Progreso {
 struct PeticionRevision {};
 
 void Ejecutar(Trabajo& trabajo, const PeticionRevision&) {
-    trabajo.respuesta.Tabla("hallazgos", {"que", "clave", "porque"});
     std::vector<aplicacion::Hallazgo> hallazgos;
     {
         Progreso progreso;
         hallazgos =
             Revisar(trabajo.sesion, [&](std::size_t hechas, std::size_t todas) { progreso.Mostrar(hechas, todas); });
     }
-    for (const auto& h : hallazgos) trabajo.respuesta.Fila({std::string(h.que), h.clave, std::string(h.porque)});
-    if (hallazgos.empty()) trabajo.respuesta.Linea("Sin hallazgos");
+    Documentar(trabajo.respuesta, hallazgos);
     trabajo.Escribir();
-    if (!hallazgos.empty())
-        aplicacion::RechazarNegativa(
-            "", hallazgos.size() == 1 ? "1 hallazgo" : std::to_string(hallazgos.size()) + " hallazgos");
+    if (!hallazgos.empty()) throw Termina{kNegativo};
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include <iostream>
+#include <functional>
 #include <memory>
 
 #include "application/Averias.h"
@@ -12,18 +12,35 @@
 namespace kv::host {
 namespace {
 
-void CrearDemo(const aplicacion::OrigenBase& base) {
-    ExigirUnaBase(base, "FICHERO");
+struct PeticionDemo {
+    aplicacion::OrigenBase base;
+    OpcionesSalida salida;
+    std::optional<Fecha> hoy;
+    bool traza = false;
+};
+
+void CrearDemo(const PeticionDemo& peticion) {
+    peticion.salida.Exigir();
+    ExigirUnaBase(peticion.base, "FICHERO");
+    Traza traza;
+    const Fecha hoy = FijarHoy(peticion.hoy);
     try {
         const Interrupcion interrupcion;
-        aplicacion::CrearDemo(base, Biblioteca().Hoy(), [&](const OperacionTrazada&) { interrupcion.Comprobar(); });
+        aplicacion::CrearDemo(peticion.base, hoy, [&](const OperacionTrazada& operacion) {
+            interrupcion.Comprobar();
+            if (peticion.traza) traza(operacion);
+        });
     } catch (const RuntimeError& error) {
-        throw aplicacion::Averia(base, error);
+        throw aplicacion::Averia(peticion.base, error);
     }
-    if (base.odbc.empty())
-        std::cout << "Creada la base de demostración «" << base.fichero << "»\n";
+    if (peticion.traza) traza.Resumir();
+    Documento documento(SeparadorDeGente());
+    if (peticion.base.odbc.empty())
+        documento.Dato("creada", "Creada la base de demostración", peticion.base.fichero);
     else
-        std::cout << "Creadas las tablas y los datos de demostración en el servidor\n";
+        documento.Decir("Creadas las tablas y los datos de demostración en el servidor");
+    documento.Dato("hoy", "Sus cambios futuros cuentan desde", hoy, aplicacion::ClaseDato::Fecha);
+    peticion.salida.Escribir(documento, true);
 }
 
 }  // namespace
@@ -31,10 +48,13 @@ void CrearDemo(const aplicacion::OrigenBase& base) {
 void AnadirCrearDemo(CLI::App& programa) {
     CLI::App* orden = programa.add_subcommand(
         "crear-demo", "Crea una base de datos de demostración en un fichero nuevo o en una base vacía de un servidor");
-    const auto base = std::make_shared<aplicacion::OrigenBase>();
-    orden->add_option("fichero", base->fichero, "Fichero que se crea; no debe existir")->type_name("FICHERO");
-    Opcion(*orden, "odbc", base->odbc, "CADENA", "Cadena de conexión ODBC; no debe tener empresas");
-    orden->callback([base] { CrearDemo(*base); });
+    const auto peticion = std::make_shared<PeticionDemo>();
+    orden->add_option("fichero", peticion->base.fichero, "Fichero que se crea; no debe existir")->type_name("FICHERO");
+    Opcion(*orden, "odbc", peticion->base.odbc, "CADENA", "Cadena de conexión ODBC; no debe tener empresas");
+    peticion->salida.Anadir(*orden);
+    AnadirHoy(*orden, peticion->hoy);
+    AnadirTraza(*orden, peticion->traza);
+    orden->callback([peticion] { CrearDemo(*peticion); });
 }
 
 void AnadirDevPvp(CLI::App& programa) {

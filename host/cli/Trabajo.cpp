@@ -1,12 +1,11 @@
 #include "host/cli/Trabajo.h"
 
 #include <CLI/CLI.hpp>
-#include <chrono>
+#include <cstdlib>
 #include <iostream>
 
 #include "application/Rechazo.h"
-#include "db/BibliotecaComun.h"
-#include "db/ConexionTrazada.h"
+#include "host/cli/BibliotecaPrograma.h"
 #include "host/cli/Opcion.h"
 
 namespace kv::host {
@@ -20,57 +19,55 @@ void ExigirUnaBase(const aplicacion::OrigenBase& base, const std::string& uso) {
         aplicacion::RechazarImposible("espera", "solo es para un fichero; en un servidor decide él");
 }
 
-/// Writes each operation to standard error as it ends, so that a failing command shows what came before.
-class Trabajo::Traza {
-  public:
-    void operator()(const OperacionTrazada& operacion) {
-        total_ += operacion.tiempo;
-        ++cuantas_;
-        char tiempo[32];
-        std::snprintf(tiempo, sizeof tiempo, "%8.3f ms ", Milisegundos(operacion.tiempo));
-        std::cerr << tiempo << operacion.clase;
-        if (!operacion.texto.empty()) std::cerr << " |" << operacion.texto << '|';
-        if (!operacion.error.empty())
-            std::cerr << " -> error";
-        else if (operacion.clase == "Open")
-            std::cerr << (operacion.hayFila ? " -> con fila" : " -> sin fila");
-        else if (operacion.afectados >= 0)
-            std::cerr << " -> " << operacion.afectados << " afectadas";
-        std::cerr << '\n';
-    }
-    void Resumir() const {
-        char tiempo[32];
-        std::snprintf(tiempo, sizeof tiempo, "%8.3f ms ", Milisegundos(total_));
-        std::cerr << tiempo << "en " << cuantas_ << " operaciones\n";
-    }
+void AnadirTraza(CLI::App& orden, bool& traza) {
+    orden.add_flag("--traza", traza, "Muestra cada sentencia enviada y su tiempo (en la salida de errores)")
+        ->group(kGrupoComun);
+}
 
-  private:
-    static double Milisegundos(std::chrono::nanoseconds tiempo) { return static_cast<double>(tiempo.count()) / 1e6; }
+void AnadirHoy(CLI::App& orden, std::optional<Fecha>& hoy) {
+    Opcion(orden, "hoy", hoy, "FECHA", "Día que se toma por hoy")->group(kGrupoComun);
+}
 
-    std::chrono::nanoseconds total_{};
-    int cuantas_ = 0;
-};
+Fecha FijarHoy(const std::optional<Fecha>& hoy) {
+    const Fecha dia = hoy ? *hoy : Biblioteca().Hoy();
+    CambiarBiblioteca(std::make_shared<BibliotecaPrograma>(dia));
+    return dia;
+}
 
 void OpcionesComunes::Anadir(CLI::App& orden) {
-    Opcion(orden, "base", base.fichero, "FICHERO", "Fichero de la base de datos");
-    Opcion(orden, "odbc", base.odbc, "CADENA", "Servidor, en vez de fichero: su cadena de conexión ODBC");
+    Opcion(orden, "base", base.fichero, "FICHERO", "Fichero de la base de datos (KV_BASE si no se dice)")
+        ->group(kGrupoComun);
+    Opcion(orden, "odbc", base.odbc, "CADENA", "Servidor, en vez de fichero: su cadena de conexión ODBC")
+        ->group(kGrupoComun);
     Opcion(orden, "espera", base.espera, "SEGUNDOS", "Cuánto se espera a que otro programa suelte la base (10)",
-           Rango{0, 3600});
-    Opcion(orden, "empresa", empresa, "N", "Código de la empresa (1 si no se dice)");
-    orden.add_flag("--json", json, "Responde en JSON");
-    orden.add_flag("--traza", traza, "Muestra cada sentencia enviada y su tiempo (en la salida de errores)");
+           Rango{0, 3600})
+        ->group(kGrupoComun);
+    Opcion(orden, "empresa", empresa, "N", "Código de la empresa (1 si no se dice)")->group(kGrupoComun);
+    salida.Anadir(orden);
+    AnadirHoy(orden, hoy);
+    AnadirTraza(orden, traza);
+}
+
+aplicacion::OrigenBase OpcionesComunes::Base() const {
+    aplicacion::OrigenBase origen = base;
+    const char* const habitual = std::getenv("KV_BASE");
+    if (origen.fichero.empty() && origen.odbc.empty() && habitual != nullptr) origen.fichero = habitual;
+    return origen;
 }
 
 Trabajo::Trabajo(const OpcionesComunes& opciones, aplicacion::Acceso acceso)
     : traza_(opciones.traza ? std::make_unique<Traza>() : nullptr),
-      json_(opciones.json),
+      salida_(opciones.salida),
+      acceso_(acceso),
       sesion(Abrir(opciones, acceso)) {}
 
 Trabajo::~Trabajo() = default;
 
 aplicacion::Sesion Trabajo::Abrir(const OpcionesComunes& opciones, aplicacion::Acceso acceso) {
-    ExigirUnaBase(opciones.base, "{base} FICHERO");
-    std::shared_ptr<Connection> conexion = AbrirBase(opciones.base, acceso, [fichero = opciones.base.fichero] {
+    salida_.Exigir();
+    const aplicacion::OrigenBase base = opciones.Base();
+    ExigirUnaBase(base, "{base} FICHERO");
+    std::shared_ptr<Connection> conexion = AbrirBase(base, acceso, [fichero = base.fichero] {
         std::cerr << "kvdatosart: esperando a que otro programa suelte «" << fichero << "»...\n";
     });
     std::shared_ptr<kv::cEmpresa> empresa;
@@ -78,12 +75,12 @@ aplicacion::Sesion Trabajo::Abrir(const OpcionesComunes& opciones, aplicacion::A
     if (traza_)
         conexion = std::make_shared<ConexionTrazada>(
             conexion, [traza = traza_.get()](const OperacionTrazada& operacion) { (*traza)(operacion); });
-    return {std::move(conexion), std::move(empresa), Biblioteca().Hoy()};
+    return {std::move(conexion), std::move(empresa), FijarHoy(opciones.hoy)};
 }
 
 void Trabajo::Escribir() const {
     if (traza_) traza_->Resumir();
-    respuesta.Escribir(std::cout, json_);
+    salida_.Escribir(respuesta, acceso_ == aplicacion::Acceso::Escribir);
 }
 
 }  // namespace kv::host

@@ -5,7 +5,9 @@
 
 #include "application/Bases.h"
 #include "application/Sesion.h"
-#include "host/Respuesta.h"
+#include "host/Salida.h"
+#include "host/cli/OpcionesSalida.h"
+#include "host/cli/Traza.h"
 
 namespace CLI {
 class App;
@@ -18,22 +20,32 @@ struct OpcionesComunes {
     aplicacion::OrigenBase base;
     /// 0 for a question that needs none.
     std::int16_t empresa = 1;
-    bool json = false;
+    OpcionesSalida salida;
+    std::optional<Fecha> hoy;
     bool traza = false;
 
-    /// Adds --base, --odbc, --empresa, --json and --traza to a command.
+    /// Adds them to a command.
     void Anadir(CLI::App& orden);
+    /// The database that they name, or the environment's KV_BASE when they name none.
+    aplicacion::OrigenBase Base() const;
 };
 
 /// Rechazo unless exactly one of both names a database; `uso` is how the command takes the file.
 void ExigirUnaBase(const aplicacion::OrigenBase& base, const std::string& uso);
 
+/// Adds --traza.
+void AnadirTraza(CLI::App& orden, bool& traza);
+/// Adds --hoy.
+void AnadirHoy(CLI::App& orden, std::optional<Fecha>& hoy);
+/// Today, which stays the same from here on: the day that was asked for, else the system's.
+Fecha FijarHoy(const std::optional<Fecha>& hoy);
+
 /// One command at work: its session, its trace and its answer.
 class Trabajo {
-    class Traza;
     // The session's connection reports to it.
     std::unique_ptr<Traza> traza_;
-    bool json_;
+    OpcionesSalida salida_;
+    aplicacion::Acceso acceso_;
 
   public:
     /// Opens what the options name. The trace begins once the company is read.
@@ -43,7 +55,7 @@ class Trabajo {
     Trabajo& operator=(const Trabajo&) = delete;
 
     aplicacion::Sesion sesion;
-    Respuesta respuesta;
+    Documento respuesta{SeparadorDeGente()};
 
     /// Writes the answer, and the trace's sum to standard error when it is on.
     void Escribir() const;

@@ -6,9 +6,12 @@
 
 #include "application/Rechazo.h"
 #include "base/RuntimeError.h"
-#include "db/BibliotecaComun.h"
-#include "db/BibliotecaConsola.h"
+#include "host/Anchura.h"
+#include "host/EscribirJson.h"
 #include "host/Lectura.h"
+#include "host/Salida.h"
+#include "host/cli/Ayuda.h"
+#include "host/cli/BibliotecaPrograma.h"
 #include "host/cli/CodigosSalida.h"
 #include "host/cli/MalEscrita.h"
 #include "host/cli/Opcion.h"
@@ -17,16 +20,36 @@
 namespace {
 
 constexpr const char* kPie =
-    "Fechas: dd/mm/aaaa o aaaa-mm-dd. Números: con punto o coma decimal.\n"
-    "Códigos de salida: 0 hecho; 1 respuesta negativa (no existe, sin precio, rechazado, hay hallazgos);\n"
-    "2 orden mal escrita; 3 fallo de la base de datos o de un fichero.";
+    "Fechas: dd/mm/aaaa o aaaa-mm-dd. Números: con coma o punto decimal.\n"
+    "Sin --base ni --odbc se trabaja con el fichero que diga la variable KV_BASE.\n"
+    "Códigos de salida:\n"
+    "  0  hecho\n"
+    "  1  respuesta negativa: no existe, sin precio, rechazado, hay hallazgos\n"
+    "  2  orden mal escrita o imposible\n"
+    "  3  fallo de la base de datos, de un fichero o de la salida";
 
-// One line, whatever a driver puts into its texts.
-int Fracaso(int codigo, std::string texto) {
-    std::replace_if(
-        texto.begin(), texto.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
-    std::cerr << "kvdatosart: " << texto << '\n';
+// One line, whatever a driver puts into its texts; for programs, where they look for the answer.
+int Fracaso(int codigo, const std::string& texto, bool json) {
+    const std::string linea = kv::host::Mostrable(texto);
+    try {
+        if (json) {
+            kv::host::EscribirSalida(kv::host::ErrorAJson(codigo, linea));
+            return codigo;
+        }
+    } catch (const std::exception&) {
+        // Whoever cannot be told there is told below.
+    }
+    std::cerr << "kvdatosart: " << linea << '\n';
     return codigo;
+}
+
+int Contar(const std::string& texto) {
+    try {
+        kv::host::EscribirSalida(texto);
+        return kv::host::kHecho;
+    } catch (const std::exception& error) {
+        return Fracaso(kv::host::kBase, error.what(), false);
+    }
 }
 
 // {hasta} is "--hasta" here.
@@ -38,45 +61,28 @@ std::string ConOpciones(std::string texto) {
     return texto;
 }
 
-int Rechazada(const kv::aplicacion::Rechazo& rechazo) {
+int Rechazada(const kv::aplicacion::Rechazo& rechazo, bool json) {
     const std::string texto = ConOpciones(rechazo.what());
-    if (rechazo.clase == kv::aplicacion::Rechazo::Clase::Negativa) return Fracaso(kv::host::kNegativo, texto);
-    return Fracaso(kv::host::kUso,
-                   rechazo.campo.empty() ? texto : kv::host::NombreOpcion(rechazo.campo) + ": " + texto);
+    if (rechazo.clase == kv::aplicacion::Rechazo::Clase::Negativa) return Fracaso(kv::host::kNegativo, texto, json);
+    return Fracaso(kv::host::kUso, rechazo.campo.empty() ? texto : kv::host::NombreOpcion(rechazo.campo) + ": " + texto,
+                   json);
 }
 
-void Castellanizar(CLI::App& programa) {
-    const auto formato = std::make_shared<CLI::Formatter>();
-    formato->label("Usage", "Uso");
-    formato->label("OPTIONS", "OPCIONES");
-    formato->label("POSITIONALS", "ARGUMENTOS");
-    formato->label("SUBCOMMAND", "ORDEN");
-    formato->label("SUBCOMMANDS", "ÓRDENES");
-    formato->label("REQUIRED", "(obligatorio)");
-    formato->label("TEXT", "");
-    formato->column_width(34);
-    programa.formatter(formato);
-    programa.set_help_flag("-h,--help,--ayuda", "Muestra esta ayuda y termina");
-}
-
-// CLI11 heads its groups in English unless each option and command says otherwise.
-void Encabezar(CLI::App& orden) {
-    for (CLI::Option* opcion : orden.get_options()) opcion->group("Opciones");
-    for (CLI::App* hija : orden.get_subcommands(nullptr)) {
-        hija->group("Órdenes");
-        Encabezar(*hija);
-    }
+// Asked of the words themselves, since a command line that cannot be understood is answered too.
+bool QuiereJson(int argc, const char* const* argv) {
+    return std::find(argv + 1, argv + argc, std::string_view("--json")) != argv + argc;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    kv::CambiarBiblioteca(std::make_shared<kv::BibliotecaConsola>());
-    // Statements and answers for programs carry a point on every host; who writes for people knows their separator.
-    kv::FijarSeparadorDecimal('.');
+    kv::host::IgnorarTuberiaCerrada();
+    // Statements and answers for programs carry a point on every host.
+    kv::CambiarBiblioteca(std::make_shared<kv::host::BibliotecaPrograma>());
     CLI::App programa("KVDatosArt: precio, descuentos, existencias y coste de un artículo para una línea de venta.",
                       "kvdatosart");
-    Castellanizar(programa);
+    programa.set_help_flag("-h,--help,--ayuda", "Muestra esta ayuda y termina");
+    programa.set_version_flag("--version", "kvdatosart " KV_VERSION, "Muestra la versión y termina");
     programa.footer(kPie);
     programa.require_subcommand(1);
     kv::host::AnadirCrearDemo(programa);
@@ -91,21 +97,26 @@ int main(int argc, char** argv) {
     kv::host::AnadirRevisar(programa);
     kv::host::AnadirActualizar(programa);
     kv::host::AnadirListados(programa);
-    Encabezar(programa);
+    kv::host::AnadirAyuda(programa);
+    const bool json = argc > 0 && QuiereJson(argc, argv);
     try {
         kv::host::ExigirUtf8(argc, argv);
         programa.parse(argc, argv);
         return kv::host::kHecho;
-    } catch (const CLI::CallForHelp& ayuda) {
-        return programa.exit(ayuda, std::cout, std::cerr);
+    } catch (const kv::host::Termina& termina) {
+        return termina.codigo;
+    } catch (const CLI::CallForHelp&) {
+        return Contar(kv::host::AyudaPedida(programa));
+    } catch (const CLI::CallForVersion& version) {
+        return Contar(std::string(version.what()) + '\n');
     } catch (const CLI::ParseError& error) {
-        return Fracaso(kv::host::kUso, kv::host::EnCastellano(error, programa));
+        return Fracaso(kv::host::kUso, kv::host::EnCastellano(error, programa), json);
     } catch (const kv::aplicacion::Rechazo& rechazo) {
-        return Rechazada(rechazo);
+        return Rechazada(rechazo, json);
     } catch (const kv::RuntimeError& error) {
         return Fracaso(kv::host::kBase,
-                       error.origen + ": error " + std::to_string(error.numero) + ": " + error.descripcion);
+                       error.origen + ": error " + std::to_string(error.numero) + ": " + error.descripcion, json);
     } catch (const std::exception& error) {
-        return Fracaso(kv::host::kBase, ConOpciones(error.what()));
+        return Fracaso(kv::host::kBase, ConOpciones(error.what()), json);
     }
 }

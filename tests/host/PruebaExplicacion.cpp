@@ -24,9 +24,9 @@ TEST(Explicacion, DescuentoDeClaseDesconocida_SeDiceYNoQuitaNada) {
     peticion.explica = true;
     const RespuestaCarga carga = Cargar(sesion, peticion);
     const auto paso = std::find_if(carga.explicacion.begin(), carga.explicacion.end(),
-                                   [](const PasoExplicado& p) { return p.clave == "clase 3"; });
+                                   [](const PasoExplicado& p) { return p.clave.texto == "clase 3"; });
     ASSERT_NE(carga.explicacion.end(), paso);
-    EXPECT_EQ("clase desconocida: no cambia el precio", paso->resultado);
+    EXPECT_EQ("clase desconocida: no cambia el precio", paso->resultado.texto);
     EXPECT_EQ(Valor(Currency::DeDouble(18.61)), paso->antes);
     EXPECT_EQ(paso->antes, paso->despues);
     EXPECT_EQ(18.61, carga.articulo->Pvp);

@@ -31,13 +31,13 @@ manana=$(date -d '+40 days' +%d/%m/%Y)
 caso 0 'Creada la base' crear-demo demo.kv
 caso 3 'ya existe y no se toca' crear-demo demo.kv
 caso 3 'No se puede abrir «/no/hay' crear-demo /no/hay/demo.kv
-caso 0 'Precio    24.5' devpvp "${b[@]}" --articulo 102 --tarifa 1
-caso 0 '"pvp": 26.9' devpvp "${b[@]}" --articulo 102 --tarifa 1 --fecha "$manana" --json
+caso 0 'Precio      24.50' devpvp "${b[@]}" --articulo 102 --tarifa 1
+caso 0 '"precio": 26.9' devpvp "${b[@]}" --articulo 102 --tarifa 1 --fecha "$manana" --json
 caso 0 '|SELECT TOP 1 Cod_Tarifa, Pvp FROM Tarifas_Modificacion WHERE' \
     devpvp "${b[@]}" --articulo 102 --tarifa 1 --fecha "$manana" --forzar --traza
-caso 0 'Precio    24.5' devpvp "${b[@]}" --empresa 2 --articulo 102 --tarifa 1 --fecha "$manana"
-caso 0 'Precio    26.9' devpvp "${b[@]}" --empresa 2 --articulo 102 --tarifa 1 --fecha "$manana" --forzar
-caso 0 'Precio      64' devpvp "${b[@]}" --articulo 103 --tarifa 1 --cualidad-x 42
+caso 0 'Precio      24.50' devpvp "${b[@]}" --empresa 2 --articulo 102 --tarifa 1 --fecha "$manana"
+caso 0 'Precio      26.90' devpvp "${b[@]}" --empresa 2 --articulo 102 --tarifa 1 --fecha "$manana" --forzar
+caso 0 'Precio      64.00' devpvp "${b[@]}" --articulo 103 --tarifa 1 --cualidad-x 42
 caso 1 'no tiene precio en la tarifa 4' devpvp "${b[@]}" --articulo 101 --tarifa 4
 caso 2 '--articulo: «abc» no vale' devpvp "${b[@]}" --articulo abc --tarifa 1
 caso 2 '--tarifa: «40000» no vale; se espera un número entero de 1 a 32767' devpvp "${b[@]}" --articulo 1 --tarifa 40000
@@ -64,10 +64,10 @@ caso 0 'hallado: 255 (acuerdo del 01/01/2024 al ' cargar "${b[@]}" --articulo 11
 caso 0 'acuerdo fuera de sus fechas: desde el 01/01/2024' \
     cargar "${b[@]}" --articulo 113 --cliente 11 --fecha 1/1/2023 --explica
 caso 0 'Padre de venta              119' cargar "${b[@]}" --articulo 118 --cliente 1 --padre
-caso 0 '"estado": 2' cargar "${b[@]}" --articulo 115 --cliente 1 --json
+caso 0 '"codigoEstado": 2' cargar "${b[@]}" --articulo 115 --cliente 1 --json
 caso 1 'no existe el artículo 5555' cargar "${b[@]}" --articulo 5555 --cliente 1
 caso 1 'no existe el almacén 77' cargar "${b[@]}" --articulo 101 --cliente 1 --almacen 77
-caso 0 '"CualidadX": 42,' cargar "${b[@]}" --articulo 103 --cliente 1 --cualidad-x 42 --json
+caso 0 '"cualidadX": 42,' cargar "${b[@]}" --articulo 103 --cliente 1 --cualidad-x 42 --json
 caso 2 'repetido --articulo' cargar "${b[@]}" --articulo 101 --articulo 102 --cliente 1
 caso 1 'no existe el cliente 999' cargar "${b[@]}" --articulo 101 --cliente 999
 caso 2 '--unidades: «1,23456» no vale' cargar "${b[@]}" --articulo 101 --cliente 1 --unidades 1,23456
@@ -79,7 +79,7 @@ caso 1 'porque tiene dependencias' cliente eliminar "${b[@]}" --codigo 40
 caso 0 'Cliente eliminado  44' cliente eliminar "${b[@]}" --codigo 44
 caso 1 'no existe el cliente 44' cliente ver "${b[@]}" --codigo 44
 caso 0 'Precio puesto' precios poner "${b[@]}" --articulo 101 --cliente 3 --desde 1/1/2026 --precio 77,5
-caso 0 'Precio                      77.5' cargar "${b[@]}" --articulo 101 --cliente 3
+caso 0 'Precio                      77.50' cargar "${b[@]}" --articulo 101 --cliente 3
 caso 1 'ya hay un precio de ese artículo, cliente y fechas' precios poner "${b[@]}" --articulo 101 --cliente 3 --desde 1/1/2026 --precio 70
 caso 0 'Precio cambiado' precios cambiar "${b[@]}" --articulo 101 --cliente 3 --desde 1/1/2026 --precio 78
 caso 0 'Precio quitado' precios quitar "${b[@]}" --articulo 101 --cliente 3 --desde 1/1/2026
@@ -93,8 +93,7 @@ caso 0 'Descuento de la línea %     6' cargar "${b[@]}" --articulo 112 --client
 caso 2 'el nivel va de 1 a 4' dto-familia poner "${b[@]}" --cliente 5 --clave 1-5-1-1-1 --descuento 1
 caso 2 'va de 0 a 100' dto-familia poner "${b[@]}" --cliente 5 --clave 0-1-1-0-0 --descuento 101
 caso 1 'cambios de tarifa sin uso' revisar "${b[@]}"
-caso 1 '"clave": "Cod_Cliente 4, Cod_Articulo 105, Cod_ArticuloB 121",
-      "porque": "no dan precio alguno"' revisar "${b[@]}" --json
+caso 1 '"articuloBase": 121,' revisar "${b[@]}" --json
 caso 0 'Coste medio  0.79' stock mover "${b[@]}" --articulo 106 --tipo compra --unidades 100 --coste 0,95 --fichas
 caso 0 'Existencias  470' stock mover "${b[@]}" --articulo 106 --tipo venta --unidades 30
 caso 0 'Existencias  475' stock mover "${b[@]}" --articulo 106 --tipo devolucion --unidades 5
@@ -103,14 +102,14 @@ caso 2 'se espera una cantidad mayor que 0' stock mover "${b[@]}" --articulo 106
 caso 2 '--tipo: «robo» no vale' stock mover "${b[@]}" --articulo 106 --tipo robo --unidades 1
 caso 1 'no existe el artículo 99999' stock mover "${b[@]}" --articulo 99999 --tipo compra --unidades 1
 caso 1 'no existe el almacén 9' stock coste "${b[@]}" --articulo 106 --almacen 9 --coste 1
-caso 0 'Bloqueo' stock bloquear "${b[@]}" --articulo 106
+caso 0 'Bloqueado' stock bloquear "${b[@]}" --articulo 106
 caso 0 'bloqueado en el almacén' cargar "${b[@]}" --articulo 106 --cliente 1
-caso 0 '"Bloqueo": false' stock desbloquear "${b[@]}" --articulo 106 --json
-caso 0 '"Pend_Servir": 4' stock pendiente "${b[@]}" --articulo 106 --servir 4 --json
+caso 0 '"bloqueado": false' stock desbloquear "${b[@]}" --articulo 106 --json
+caso 0 '"pendienteServir": 4' stock pendiente "${b[@]}" --articulo 106 --servir 4 --json
 caso 2 'el argumento 10, tras --ubic1, no es texto UTF-8' stock ubicacion "${b[@]}" --articulo 106 --unidades 1 --ubic1 $'\xe9'
 caso 0 'P1' stock ubicacion "${b[@]}" --articulo 106 --unidades 5 --ubic1 P1
-caso 0 '"Importe_Costo": 23.7' ventas acumular "${b[@]}" --articulo 106 --cliente 3 --unidades 30 --importe 47,1 --json
-caso 0 '"Unidades": 28' ventas acumular "${b[@]}" --articulo 106 --cliente 3 --unidades -2 --importe -3 --json
+caso 0 '"coste": 23.7' ventas acumular "${b[@]}" --articulo 106 --cliente 3 --unidades 30 --importe 47,1 --json
+caso 0 '"unidades": 28' ventas acumular "${b[@]}" --articulo 106 --cliente 3 --unidades -2 --importe -3 --json
 caso 0 'Acuerdo puesto' acuerdos poner "${b[@]}" --articulo 106 --nodo 1.1 --dto porcentaje:10 --dto oferta:5+1
 caso 0 'DTOS: 10.00% M5,1' acuerdos ver "${b[@]}" --articulo 106 --nodo 1.1
 caso 0 'Precio                      1.46' cargar "${b[@]}" --articulo 106 --cliente 11

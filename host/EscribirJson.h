@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "host/Documento.h"
+
+namespace kv::host {
+
+/// Grows when a member changes its meaning or goes; not when one comes.
+inline constexpr int kFormatoJson = 1;
+
+/// The document for programs: an object with "formato" first, each datum as a member and each listing as a list of
+/// objects, there when empty. Amounts are numbers with the digits of their Currency, days aaaa-mm-dd, and null what is
+/// not there and a day that means none. Texts that are not UTF-8 show replacement signs.
+std::string AJson(const Documento& documento);
+/// A failure for programs: its exit code and what people read.
+std::string ErrorAJson(int codigo, std::string_view mensaje);
+
+/// A datum as JSON writes it: also what a cell of CSV says when it is no text.
+std::string ValorAJson(const Valor& valor, aplicacion::ClaseDato clase);
+
+}  // namespace kv::host

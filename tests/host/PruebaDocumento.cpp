@@ -1,0 +1,254 @@
+#include <gtest/gtest.h>
+
+#include "application/Rechazo.h"
+#include "host/Anchura.h"
+#include "host/EscribirCsv.h"
+#include "host/EscribirJson.h"
+#include "host/EscribirTexto.h"
+
+namespace kv::host {
+namespace {
+
+using aplicacion::ClaseDato;
+using aplicacion::ColumnaTabla;
+
+constexpr ColumnaTabla kColumnas[] = {
+    {"", "codigo", "Código", ClaseDato::Codigo},        {"", "nombre", "Nombre", ClaseDato::Texto},
+    {"", "precio", "Precio base", ClaseDato::Importe},  {"", "unidades", "Unidades", ClaseDato::Cantidad},
+    {"", "desde", "Desde", ClaseDato::Fecha},           {"", "bloqueado", "Bloqueado", ClaseDato::Logico},
+    {"", "descuento", "Dto. %", ClaseDato::Porcentaje},
+};
+
+// Every kind of value: text with controls, of two columns a sign, or not UTF-8; money as Currency and as Double.
+Documento Ejemplo() {
+    Documento d(',');
+    d.Decir("Hecho");
+    d.Dato("articulo", "Artículo", std::int32_t{7}, ClaseDato::Codigo);
+    d.Dato("mensaje", "Mensaje", std::string("dos\nlíneas, «\x1b[2J» y \"comillas\""));
+    d.Anadir({{"precios",
+               kColumnas,
+               {{std::int32_t{1}, std::string("Taladro, percutor"), Currency::DeTexto("1234.5"), 2.5,
+                 Fecha::DeAmd(2026, 2, 1), true, 10.0F},
+                {std::int16_t{12}, std::string("e\u0301n 中文 👩‍👩‍👧"), 0.1234, std::int32_t{-30},
+                 Fecha::DeAmd(2050, 12, 31), std::uint8_t{0}, 2.25F},
+                {std::int32_t{300}, std::string("mal\xe9"), Nulo{}, Nulo{}, Fecha(), Nulo{}, 0.1F}}},
+              "Precios",
+              1});
+    d.Anadir({{"ninguno", kColumnas}, ""});
+    d.Anadir({{"frases", kColumnas}, "Frases", {}, Cuadro::Para::Programas});
+    d.Anadir({{"variantes", kColumnas}, "Variantes", {}, Cuadro::Para::Gente});
+    d.Dato("medio", "Coste medio", 0.79, ClaseDato::Importe);
+    return d;
+}
+
+TEST(Documento, PorTuberia_UnaFilaPorLinea) {
+    EXPECT_EQ(ATexto(Ejemplo(), {}), R"(Hecho
+Artículo  7
+Mensaje   dos líneas, « [2J» y "comillas"
+
+Precios
+  Código  Nombre             Precio base  Unidades  Desde       Bloqueado  Dto. %
+       1  Taladro, percutor    1234,50         2,5  01/02/2026  sí          10
+>     12  én 中文 👩‍👩‍👧              0,1234     -30    -           no           2,25
+     300  mal�                    -            -    -           -            0,1
+
+Variantes: -
+
+Coste medio  0,79
+)");
+}
+
+TEST(Documento, EnTerminalEstrecho_LasCeldasSiguenDebajo) {
+    EXPECT_EQ(ATexto(Ejemplo(), {73, true}),
+              R"(Hecho
+Artículo  7
+Mensaje   dos líneas, « [2J» y "comillas"
+
+Precios
+                           Precio
+  Código  Nombre             base  Unidades  Desde       Bloqueado  Dto. %
+       1  Taladro,      1234,50         2,5  01/02/2026  sí          10
+          percutor
+)"
+              "\033[1;32m>     12  én 中文 👩‍👩‍👧         0,1234     -30    -           no           "
+              "2,25\033[0m\n"
+              R"(     300  mal�             -            -    -           -            0,1
+
+Variantes: -
+
+Coste medio  0,79
+)");
+}
+
+TEST(Documento, SiNoCabe_CadaFilaEsUnaHoja) {
+    Documento d = Ejemplo();
+    EXPECT_EQ(ATexto(d, {30, false}), R"(Hecho
+Artículo  7
+Mensaje   dos líneas, « [2J» y
+          "comillas"
+
+Precios
+  Código       1
+  Nombre       Taladro,
+               percutor
+  Precio base  1234,50
+  Unidades     2,5
+  Desde        01/02/2026
+  Bloqueado    sí
+  Dto. %       10
+
+> Código       12
+> Nombre       én 中文 👩‍👩‍👧
+> Precio base  0,1234
+> Unidades     -30
+> Desde        -
+> Bloqueado    no
+> Dto. %       2,25
+
+  Código       300
+  Nombre       mal�
+  Precio base  -
+  Unidades     -
+  Desde        -
+  Bloqueado    -
+  Dto. %       0,1
+
+Variantes: -
+
+Coste medio  0,79
+)");
+}
+
+TEST(Documento, Json) {
+    EXPECT_EQ(AJson(Ejemplo()), R"({
+  "formato": 1,
+  "articulo": 7,
+  "mensaje": "dos\nlíneas, «\u001b[2J» y \"comillas\"",
+  "precios": [
+    {
+      "codigo": 1,
+      "nombre": "Taladro, percutor",
+      "precio": 1234.5,
+      "unidades": 2.5,
+      "desde": "2026-02-01",
+      "bloqueado": true,
+      "descuento": 10
+    },
+    {
+      "codigo": 12,
+      "nombre": "én 中文 👩‍👩‍👧",
+      "precio": 0.1234,
+      "unidades": -30,
+      "desde": null,
+      "bloqueado": false,
+      "descuento": 2.25
+    },
+    {
+      "codigo": 300,
+      "nombre": "mal�",
+      "precio": null,
+      "unidades": null,
+      "desde": null,
+      "bloqueado": null,
+      "descuento": 0.1
+    }
+  ],
+  "ninguno": [],
+  "frases": [],
+  "medio": 0.79
+}
+)");
+    Documento limites;
+    limites.Dato("mayor", "", Currency::DeTexto("922337203685477.5807"), ClaseDato::Importe);
+    limites.Dato("grande", "", 1e300, ClaseDato::Importe);
+    limites.Dato("infinito", "", 1e300 * 1e300, ClaseDato::Cantidad);
+    EXPECT_EQ(
+        AJson(limites),
+        "{\n  \"formato\": 1,\n  \"mayor\": 922337203685477.5807,\n  \"grande\": 1E+300,\n  \"infinito\": null\n}\n");
+    EXPECT_EQ(ErrorAJson(2, "«a\"b»"),
+              "{\n  \"formato\": 1,\n  \"error\": {\n    \"codigo\": 2,\n    \"mensaje\": \"«a\\\"b»\"\n  }\n}\n");
+}
+
+TEST(Documento, Csv) {
+    const Documento d = Ejemplo();
+    EXPECT_EQ(ACsv(d, ""),
+              "codigo,nombre,precio,unidades,desde,bloqueado,descuento\r\n"
+              "1,\"Taladro, percutor\",1234.5,2.5,2026-02-01,true,10\r\n"
+              "12,én 中文 👩‍👩‍👧,0.1234,-30,,false,2.25\r\n"
+              "300,mal\xe9,,,,,0.1\r\n");
+    EXPECT_EQ(ACsv(d, "ninguno"), "codigo,nombre,precio,unidades,desde,bloqueado,descuento\r\n");
+    Documento ficha;
+    ficha.Dato("a", "", std::string("con \"comillas\""));
+    ficha.Decir("Hecho");
+    ficha.Dato("b", "", std::string("dos\nlíneas"));
+    EXPECT_EQ(ACsv(ficha, ""), "a,b\r\n\"con \"\"comillas\"\"\",\"dos\nlíneas\"\r\n");
+    for (const auto& [documento, espera] : {std::pair{d, "«nada» no vale; se espera una de precios, ninguno, frases"},
+                                            {ficha, "«nada» no vale; esta respuesta no tiene tablas"}}) {
+        try {
+            ACsv(documento, "nada");
+            ADD_FAILURE() << espera;
+        } catch (const aplicacion::Rechazo& rechazo) {
+            EXPECT_STREQ(rechazo.what(), espera);
+        }
+    }
+}
+
+TEST(Documento, ClasesDeDato) {
+    struct Caso {
+        Valor valor;
+        ClaseDato clase;
+        const char* texto;
+        const char* json;
+    };
+    for (const Caso& caso : {
+             Caso{Fecha::DeAmd(1900, 1, 1), ClaseDato::Fecha, "-", "null"},
+             {Fecha::DeAmd(1900, 1, 2), ClaseDato::Fecha, "02/01/1900", "\"1900-01-02\""},
+             {Fecha::DeAmd(2050, 12, 30), ClaseDato::Fecha, "30/12/2050", "\"2050-12-30\""},
+             {Fecha::DeAmd(2051, 1, 1), ClaseDato::Fecha, "01/01/2051", "\"2051-01-01\""},
+             {std::string(), ClaseDato::Texto, "-", "\"\""},
+             {std::string("sin precio"), ClaseDato::Importe, "sin precio", "\"sin precio\""},
+             {std::int32_t{24}, ClaseDato::Importe, "24,00", "24"},
+             {Currency::DeTexto("-0.5"), ClaseDato::Importe, "-0,50", "-0.5"},
+             {0.30000000000000004, ClaseDato::Importe, "0,30", "0.3"},
+             {1e20, ClaseDato::Importe, "1E+20", "1E+20"},
+             {std::int32_t{-1}, ClaseDato::Logico, "sí", "true"},
+             {Currency::DeTexto("24.50"), ClaseDato::Cantidad, "24,5", "24.5"},
+         }) {
+        EXPECT_EQ(ValorATexto(caso.valor, caso.clase, ','), caso.texto);
+        EXPECT_EQ(ValorAJson(caso.valor, caso.clase), caso.json) << caso.texto;
+    }
+}
+
+TEST(Anchura, ColumnasDeUnTexto) {
+    struct Caso {
+        const char* texto;
+        std::size_t ancho;
+    };
+    for (const Caso& caso : {
+             Caso{"", 0},
+             {"añil", 4},
+             {"an\u0303il", 4},
+             {"中", 2},
+             {"한글", 4},
+             {"👍🏽", 2},
+             {"👩‍👩‍👧", 2},
+             {"🇪🇸", 2},
+             {"❤️", 2},
+             {"❤", 1},
+             {"a\u200Bb", 2},
+         })
+        EXPECT_EQ(Anchura(caso.texto), caso.ancho) << caso.texto;
+}
+
+TEST(Anchura, EnLineas) {
+    using Lineas = std::vector<std::string>;
+    EXPECT_EQ(EnLineas("", 5), Lineas{""});
+    EXPECT_EQ(EnLineas("uno  dos", 8), Lineas{"uno  dos"});
+    EXPECT_EQ(EnLineas("uno dos  tres", 7), (Lineas{"uno dos", "tres"}));
+    EXPECT_EQ(EnLineas("an\u0303o larguisimo", 4), (Lineas{"an\u0303o", "larg", "uisi", "mo"}));
+    EXPECT_EQ(EnLineas("a中文字", 4), (Lineas{"a中", "文字"}));
+    EXPECT_EQ(EnLineas("中a", 1), (Lineas{"中", "a"}));
+}
+
+}  // namespace
+}  // namespace kv::host
