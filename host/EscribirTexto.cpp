@@ -22,6 +22,8 @@ bool EsCantidad(ClaseDato clase) {
 struct Columna {
     std::string rotulo;
     bool derecha = false;
+    /// Below this its cells go on to a second line, and not only its heading.
+    std::size_t comodo = 0;
     /// Below this it cannot be read.
     std::size_t minimo = 0;
     std::size_t ancho = 0;
@@ -64,24 +66,29 @@ Columna Preparar(const Cuadro& listado, std::size_t indice, char separador) {
         columna.celdas.push_back(ValorATexto(fila[indice], origen.clase, separador));
     if (EsCantidad(origen.clase)) AlinearDecimales(columna.celdas, separador);
     const std::size_t celdas = MasAncha(columna.celdas);
+    const std::size_t palabra = PalabraMasAncha(columna.rotulo);
     columna.ancho = std::max(celdas, Anchura(columna.rotulo));
-    columna.minimo = std::max(origen.clase == ClaseDato::Texto ? std::min(celdas, kTextoEstrecho) : celdas,
-                              PalabraMasAncha(columna.rotulo));
+    columna.comodo = std::max(celdas, palabra);
+    columna.minimo =
+        origen.clase == ClaseDato::Texto ? std::max(std::min(celdas, kTextoEstrecho), palabra) : columna.comodo;
     return columna;
 }
 
-// Narrows the widest columns until all fit; false when they cannot.
+// Narrows the widest columns, first those with a long heading, until all fit; false when they cannot.
 bool Encajar(std::vector<Columna>& columnas, std::size_t ancho) {
     std::size_t total = kEntreColumnas * (columnas.size() - 1);
     for (const Columna& columna : columnas) total += columna.ancho;
-    for (; total > ancho; --total) {
-        Columna* ancha = nullptr;
-        for (Columna& columna : columnas)
-            if (columna.ancho > columna.minimo && (ancha == nullptr || columna.ancho > ancha->ancho)) ancha = &columna;
-        if (ancha == nullptr) return false;
-        --ancha->ancho;
+    for (const auto hasta : {&Columna::comodo, &Columna::minimo}) {
+        for (; total > ancho; --total) {
+            Columna* ancha = nullptr;
+            for (Columna& columna : columnas)
+                if (columna.ancho > columna.*hasta && (ancha == nullptr || columna.ancho > ancha->ancho))
+                    ancha = &columna;
+            if (ancha == nullptr) break;
+            --ancha->ancho;
+        }
     }
-    return true;
+    return total <= ancho;
 }
 
 /// Writes rows of cells, each in its column; what does not fit goes on below.

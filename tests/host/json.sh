@@ -63,8 +63,13 @@ caso 'dto-grupo listar' dto-grupo listar --grupo 1
 caso 'dto-familia and dto-grupo poner, cambiar, quitar' dto-familia poner --cliente 5 --clave 0-1-3-0-0 --descuento 2
 caso 'dto-familia and dto-grupo poner, cambiar, quitar' \
     dto-grupo quitar --grupo 1 --clave 111-4-1-1-1 --minimo 1 --maximo 9
-acuerdos='acuerdos ver (nodo and convenio with --nodo), poner, cambiar, quitar (listing only)'
-caso "$acuerdos" acuerdos ver --articulo 113 --nodo 1.1
+todos='acuerdos of all of them'
+caso "acuerdos ver (nodo and convenio with --nodo)|$todos" acuerdos ver --articulo 113 --nodo 1.1
+caso "acuerdos poner, cambiar, quitar|$todos" acuerdos poner --articulo 106 --nodo 1.1 --dto porcentaje:10
+for lista in articulos clientes tarifas almacenes grupos cadenas empresas; do
+    caso "$lista listar, buscar" "$lista" listar
+done
+caso 'tarifas de' tarifas de 101
 stock='stock ver, bloquear, desbloquear, coste, pendiente, ubicacion'
 "$programa" stock ubicacion --articulo 103 --unidades 1 --ubic1 P >/dev/null
 caso "$stock" stock ver --articulo 103
