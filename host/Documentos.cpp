@@ -77,8 +77,7 @@ void Documentar(Documento& d, const aplicacion::RespuestaListado& listado) {
     const std::size_t mostrados = listado.tabla.filas.size();
     d.Anadir({listado.tabla, ""});
     d.Dato("hallados", "Hallados", static_cast<std::int64_t>(listado.hallados), C::Cantidad);
-    if (listado.hallados > mostrados)
-        d.Decir("Se muestran " + std::to_string(mostrados) + "; --limite dice cuántos");
+    if (listado.hallados > mostrados) d.Decir("Se muestran " + std::to_string(mostrados) + "; --limite dice cuántos");
 }
 
 void Documentar(Documento& d, const aplicacion::Tabla& tabla) {
