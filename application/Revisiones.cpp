@@ -54,6 +54,8 @@ constexpr ColumnaTabla kColumnas[] = {
     {"Actualizado", "activo", "Toma parte", ClaseDato::Logico},
     {"Borrado", "retirado", "Retirado", ClaseDato::Logico},
     {"Stock_Actual", "existencias", "Existencias", ClaseDato::Cantidad},
+    {"Procedimiento", "procedimiento", "Procedimiento"},
+    {"Fallo", "fallo", "Fallo"},
 };
 
 // clang-format off
@@ -268,8 +270,10 @@ std::vector<Hallazgo> Revisar(const Sesion& sesion, const std::function<void(std
         avance(hechas++, kTodas);
         const std::string fallo = Llamar(sesion, procedimiento);
         if (!fallo.empty())
-            hallazgos.push_back({procedimiento.revision, std::string(procedimiento.nombre) + ": " + fallo,
-                                 "las cargas siguen sin ese descuento"});
+            hallazgos.push_back(
+                {procedimiento.revision,
+                 {{ColumnaDe("Procedimiento"), std::string(procedimiento.nombre)}, {ColumnaDe("Fallo"), fallo}},
+                 "las cargas siguen sin ese descuento"});
     }
     for (const Revision& revision : kRevisiones) {
         avance(hechas++, kTodas);

@@ -199,10 +199,13 @@ TEST_F(Revisiones, Procedimientos_QueNoSePuedenLlamar) {
     const std::vector<Hallazgo> hallazgos = Hallar();
     ASSERT_EQ(2U, hallazgos.size());
     EXPECT_EQ("descuento de familia que falla", hallazgos[0].que);
-    EXPECT_TRUE(hallazgos[0].clave.starts_with("KVP_DevDtoDescuentosFamilias: no such table: Nada"));
+    EXPECT_TRUE(
+        TextoDe(hallazgos[0]).starts_with("Procedimiento KVP_DevDtoDescuentosFamilias, Fallo no such table: Nada"));
     EXPECT_EQ("descuento de grupo que falla", hallazgos[1].que);
-    EXPECT_EQ("KVP_DevDtoClientesGrupos: No existe el procedimiento almacenado «KVP_DevDtoClientesGrupos»",
-              hallazgos[1].clave);
+    EXPECT_EQ(
+        "Procedimiento KVP_DevDtoClientesGrupos, Fallo No existe el procedimiento almacenado"
+        " «KVP_DevDtoClientesGrupos»",
+        TextoDe(hallazgos[1]));
 }
 
 TEST_F(Revisiones, Coste_ElQueLaEmpresaElige) {
