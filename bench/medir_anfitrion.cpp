@@ -41,8 +41,12 @@ std::shared_ptr<Connection> Abrir(const std::string& ruta) {
 std::vector<std::int32_t> Codigos(const std::string& ruta, const std::string& tabla) {
     const auto conexion = Abrir(ruta);
     std::unique_ptr<Recordset> rs;
-    AbrirLectura(rs, *conexion, "SELECT Codigo FROM " + tabla + " WHERE Cod_Empresa =1 ORDER BY Codigo");
+    AbrirLectura(rs, *conexion, "SELECT COUNT(*) AS Cuantos FROM " + tabla);
     std::vector<std::int32_t> codigos;
+    // At once: a large block that is given back would teach the heap to keep what it has.
+    codigos.reserve(static_cast<std::size_t>(ALong(rs->Fields("Cuantos").Value())));
+    rs->Close();
+    AbrirLectura(rs, *conexion, "SELECT Codigo FROM " + tabla + " WHERE Cod_Empresa =1 ORDER BY Codigo");
     for (; !rs->Eof(); rs->MoveNext()) codigos.push_back(ALong(rs->Fields("Codigo").Value()));
     return codigos;
 }
@@ -54,10 +58,10 @@ class Cargador {
         articulo_.Conexion(std::move(conexion));
         articulo_.cEmpresa(std::make_shared<EmpresaMedida>());
     }
-    /// The i-th load: each article in turn, for one customer after the other.
+    /// The i-th load: every article in turn for a customer, then for the next one.
     void operator()(std::size_t i) {
-        articulo_.Cargar(articulos_[i % articulos_.size()], clientes_[i * 11 % clientes_.size()], kHoy, 1, 1, 2,
-                         Currency::DeEntero(1));
+        articulo_.Cargar(articulos_[i % articulos_.size()], clientes_[i / articulos_.size() % clientes_.size()], kHoy,
+                         1, 1, 2, Currency::DeEntero(1));
     }
 
   private:
@@ -86,7 +90,7 @@ double DeMemoria(const std::string& ruta, std::size_t veces) {
     std::vector<CargaGrabada> cargas;
     for (std::size_t i = 0; i < 256; ++i) {
         grabadora->carga.clear();
-        grabado(i);
+        grabado(i * 61);
         cargas.push_back(grabadora->carga);
     }
     const auto memoria = std::make_shared<ConexionMemoria>();
@@ -94,7 +98,7 @@ double DeMemoria(const std::string& ruta, std::size_t veces) {
     return Medir(
         [&](std::size_t i) {
             memoria->Poner(cargas[i % cargas.size()]);
-            cargar(i % cargas.size());
+            cargar(i % cargas.size() * 61);
         },
         veces);
 }
