@@ -47,7 +47,7 @@ cortada TERM cortada.kv
 [ -z "$(ls cortada.kv* 2>/dev/null)" ] || falla "una señal ha dejado $(ls cortada.kv*)"
 cortada KILL muerta.kv
 [ -e muerta.kv.creando ] || falla 'la muerte no ha dejado nada que tomar'
-es 0 'muerta.kv' crear-demo muerta.kv
+"$programa" crear-demo muerta.kv >/dev/null || falla 'la siguiente no la toma'
 [ "$(ls muerta.kv*)" = muerta.kv ] || falla "ha quedado $(ls muerta.kv*)"
 
 es 3 '«nohay.kv» no existe' cargar --base nohay.kv --articulo 1 --cliente 1

@@ -47,7 +47,7 @@ probar() {
     for nivel in 1 2 3 4 5; do
         no 2 "--ubic$nivel: «x' OR 'a'='a» no vale" stock ubicacion --articulo 106 --unidades 1 "--ubic$nivel" "x' OR 'a'='a"
     done
-    no 2 "--ubic2: «a"$'\x1f'"b» no vale" stock ubicacion --articulo 106 --unidades 1 --ubic2 a$'\x1f'b
+    no 2 "--ubic2: «a b» no vale" stock ubicacion --articulo 106 --unidades 1 --ubic2 a$'\x1f'b
     no 2 '--ubic1: «12345678901» no vale; se espera 10 caracteres como mucho' stock ubicacion --articulo 106 --unidades 1 --ubic1 12345678901
     si '"ñandú56789"' stock ubicacion --articulo 106 --unidades 1 --ubic1 ñandú56789
     no 1 "no hay clientes con «O'Brien»" clientes buscar "O'Brien"
