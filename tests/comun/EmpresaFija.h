@@ -76,7 +76,8 @@ class BibliotecaDePrueba : public BibliotecaComun {
 
   private:
     TextoNumero Marcado(std::string_view marca, TextoNumero texto) const {
-        TextoNumero marcado(marcas_ ? marca : std::string_view());
+        TextoNumero marcado;
+        if (marcas_) marcado.Agregar(marca);
         marcado.Agregar(texto);
         return marcado;
     }
