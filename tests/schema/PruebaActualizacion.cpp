@@ -3,7 +3,6 @@
 #include <sqlite3.h>
 #include <sys/wait.h>
 
-#include <chrono>
 #include <fstream>
 #include <map>
 #include <optional>
@@ -141,31 +140,31 @@ TEST_F(Actualizacion, MuerteAMitad_DejaUnaVersionEntera) {
         "n;");
     const std::string ruta = carpeta.Fichero("muerta.kv");
     int aMedioEscribir = 0;
-    const auto actualizarOtroProceso = [&](std::optional<int> microsegundos) {
+    const auto escrito = [&] {
+        std::error_code sinFichero;
+        const auto octetos = std::filesystem::file_size(ruta + "-wal", sinFichero);
+        return sinFichero ? 0 : octetos;
+    };
+    // Dies as soon as so much is written, or ends by itself.
+    const auto actualizarOtroProceso = [&](std::optional<std::uintmax_t> octetos) {
         for (const char* final_ : {"", "-wal", "-shm"}) std::filesystem::remove(ruta + final_);
         std::filesystem::copy_file(original, ruta);
-        const auto inicio = std::chrono::steady_clock::now();
         const pid_t proceso = fork();
         if (proceso == 0) _exit(Actualizar(ruta) ? 0 : 1);
-        if (microsegundos) {
-            usleep(static_cast<useconds_t>(*microsegundos));
-            kill(proceso, SIGKILL);
-        }
-        waitpid(proceso, nullptr, 0);
-        std::error_code sinFichero;
-        const auto escrito = std::filesystem::file_size(ruta + "-wal", sinFichero);
-        if (!sinFichero && escrito > 0) ++aMedioEscribir;
-        return std::chrono::steady_clock::now() - inicio;
+        bool acabado = false;
+        while (octetos && !acabado && escrito() < *octetos) acabado = waitpid(proceso, nullptr, WNOHANG) == proceso;
+        if (octetos && !acabado) kill(proceso, SIGKILL);
+        if (!acabado) waitpid(proceso, nullptr, 0);
+        if (escrito() > 0) ++aMedioEscribir;
     };
     const auto antes = Contenido(original);
-    const auto todo = std::chrono::duration_cast<std::chrono::microseconds>(actualizarOtroProceso({})).count();
+    actualizarOtroProceso({});
     const auto despues = Contenido(ruta);
     EXPECT_EQ("2|", despues.at("version"));
-    constexpr int kMuertes = 10;
-    for (int muerte = 0; muerte < kMuertes; ++muerte) {
-        actualizarOtroProceso(static_cast<int>(todo * muerte / kMuertes));
+    for (std::uintmax_t octetos = 0; octetos < 3'000'000; octetos += 300'000) {
+        actualizarOtroProceso(octetos);
         const auto queda = Contenido(ruta);
-        EXPECT_TRUE(queda == antes || queda == despues) << muerte << ": " << queda.at("version");
+        EXPECT_TRUE(queda == antes || queda == despues) << octetos << ": " << queda.at("version");
     }
     EXPECT_GT(aMedioEscribir, 0);
 }
