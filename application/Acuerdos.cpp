@@ -1,12 +1,12 @@
-#include "application/Acuerdos.h"
+#include "kvdatosart/application/Acuerdos.h"
 
-#include "application/AcuerdosListados.h"
-#include "application/Comprobaciones.h"
-#include "application/Rechazo.h"
-#include "db/Transaccion.h"
-#include "db/ValoresSql.h"
-#include "rules/DescuentosAcuerdo.h"
-#include "rules/clsClientes_Cadenas_ConvArt.h"
+#include "kvdatosart/application/AcuerdosListados.h"
+#include "kvdatosart/application/Comprobaciones.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/db/Transaccion.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/rules/DescuentosAcuerdo.h"
+#include "kvdatosart/rules/clsClientes_Cadenas_ConvArt.h"
 
 namespace kv::aplicacion {
 namespace {

@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "application/Sesion.h"
-#include "application/Tabla.h"
-#include "base/Currency.h"
-#include "base/Fecha.h"
-#include "rules/ObservadorCadena.h"
+#include "kvdatosart/application/Sesion.h"
+#include "kvdatosart/application/Tabla.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/rules/ObservadorCadena.h"
 
 namespace kv::aplicacion {
 

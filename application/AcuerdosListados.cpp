@@ -1,11 +1,11 @@
-#include "application/AcuerdosListados.h"
+#include "kvdatosart/application/AcuerdosListados.h"
 
 #include <memory>
 
-#include "application/Acuerdos.h"
-#include "application/Comprobaciones.h"
-#include "db/ValoresSql.h"
-#include "rules/DescuentosAcuerdo.h"
+#include "kvdatosart/application/Acuerdos.h"
+#include "kvdatosart/application/Comprobaciones.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/rules/DescuentosAcuerdo.h"
 
 namespace kv::aplicacion {
 namespace {

@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "application/Sesion.h"
-#include "application/Tabla.h"
-#include "base/Fecha.h"
-#include "rules/ObservadorCadena.h"
+#include "kvdatosart/application/Sesion.h"
+#include "kvdatosart/application/Tabla.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/rules/ObservadorCadena.h"
 
 namespace kv::aplicacion {
 

@@ -1,4 +1,4 @@
-#include "application/Averias.h"
+#include "kvdatosart/application/Averias.h"
 
 #include <algorithm>
 #include <string>

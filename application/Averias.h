@@ -2,8 +2,8 @@
 
 #include <stdexcept>
 
-#include "application/Bases.h"
-#include "base/RuntimeError.h"
+#include "kvdatosart/application/Bases.h"
+#include "kvdatosart/base/RuntimeError.h"
 
 namespace kv::aplicacion {
 

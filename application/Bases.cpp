@@ -1,10 +1,10 @@
-#include "application/Bases.h"
+#include "kvdatosart/application/Bases.h"
 
-#include "db/odbc/ConexionOdbc.h"
-#include "db/sqlite/ConexionSqlite.h"
-#include "schema/Demostracion.h"
-#include "schema/DemostracionServidor.h"
-#include "schema/Esquema.h"
+#include "kvdatosart/db/odbc/ConexionOdbc.h"
+#include "kvdatosart/db/sqlite/ConexionSqlite.h"
+#include "kvdatosart/schema/Demostracion.h"
+#include "kvdatosart/schema/DemostracionServidor.h"
+#include "kvdatosart/schema/Esquema.h"
 
 namespace kv::aplicacion {
 namespace {

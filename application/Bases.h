@@ -6,9 +6,9 @@
 #include <optional>
 #include <string>
 
-#include "base/Fecha.h"
-#include "db/ConexionTrazada.h"
-#include "db/Connection.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/db/ConexionTrazada.h"
+#include "kvdatosart/db/Connection.h"
 
 namespace kv::aplicacion {
 

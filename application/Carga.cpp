@@ -1,9 +1,9 @@
-#include "application/Carga.h"
+#include "kvdatosart/application/Carga.h"
 
 #include <string>
 
-#include "application/Comprobaciones.h"
-#include "application/Rechazo.h"
+#include "kvdatosart/application/Comprobaciones.h"
+#include "kvdatosart/application/Rechazo.h"
 
 namespace kv::aplicacion {
 namespace {

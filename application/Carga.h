@@ -5,11 +5,11 @@
 #include <optional>
 #include <vector>
 
-#include "application/Explicacion.h"
-#include "application/Sesion.h"
-#include "base/Currency.h"
-#include "base/Fecha.h"
-#include "component/clsDatosArt.h"
+#include "kvdatosart/application/Explicacion.h"
+#include "kvdatosart/application/Sesion.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/component/clsDatosArt.h"
 
 namespace kv::aplicacion {
 

@@ -1,8 +1,8 @@
-#include "application/Clientes.h"
+#include "kvdatosart/application/Clientes.h"
 
-#include "application/Comprobaciones.h"
-#include "application/Rechazo.h"
-#include "db/Transaccion.h"
+#include "kvdatosart/application/Comprobaciones.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/db/Transaccion.h"
 
 namespace kv::aplicacion {
 namespace {

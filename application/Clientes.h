@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "application/Sesion.h"
-#include "base/Currency.h"
-#include "base/Fecha.h"
-#include "customers/clsCliente.h"
+#include "kvdatosart/application/Sesion.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/customers/clsCliente.h"
 
 namespace kv::aplicacion {
 

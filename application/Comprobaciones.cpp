@@ -1,10 +1,10 @@
-#include "application/Comprobaciones.h"
+#include "kvdatosart/application/Comprobaciones.h"
 
 #include <algorithm>
 
-#include "application/Acuerdos.h"
-#include "application/Rechazo.h"
-#include "db/ValoresSql.h"
+#include "kvdatosart/application/Acuerdos.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv::aplicacion {
 namespace {

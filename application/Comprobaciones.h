@@ -4,10 +4,10 @@
 #include <cstdint>
 #include <string>
 
-#include "application/Sesion.h"
-#include "base/Currency.h"
-#include "base/Fecha.h"
-#include "rules/ObservadorCadena.h"
+#include "kvdatosart/application/Sesion.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/rules/ObservadorCadena.h"
 
 namespace kv::aplicacion {
 

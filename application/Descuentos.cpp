@@ -1,13 +1,13 @@
-#include "application/Descuentos.h"
+#include "kvdatosart/application/Descuentos.h"
 
 #include <memory>
 
-#include "application/Comprobaciones.h"
-#include "application/Rechazo.h"
-#include "db/Transaccion.h"
-#include "db/ValoresSql.h"
-#include "rules/clsCliente_DtosFamilias.h"
-#include "rules/clsCliente_Grp_Dtos.h"
+#include "kvdatosart/application/Comprobaciones.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/db/Transaccion.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/rules/clsCliente_DtosFamilias.h"
+#include "kvdatosart/rules/clsCliente_Grp_Dtos.h"
 
 namespace kv::aplicacion {
 namespace {

@@ -5,9 +5,9 @@
 #include <optional>
 #include <string>
 
-#include "application/Sesion.h"
-#include "application/Tabla.h"
-#include "base/Currency.h"
+#include "kvdatosart/application/Sesion.h"
+#include "kvdatosart/application/Tabla.h"
+#include "kvdatosart/base/Currency.h"
 
 namespace kv::aplicacion {
 

@@ -1,11 +1,11 @@
-#include "application/Existencias.h"
+#include "kvdatosart/application/Existencias.h"
 
-#include "application/Comprobaciones.h"
-#include "application/Rechazo.h"
-#include "db/Transaccion.h"
-#include "db/ValoresSql.h"
-#include "stock/Movimiento.h"
-#include "stock/clsAlmacen_Articulo.h"
+#include "kvdatosart/application/Comprobaciones.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/db/Transaccion.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/stock/Movimiento.h"
+#include "kvdatosart/stock/clsAlmacen_Articulo.h"
 
 namespace kv::aplicacion {
 namespace {

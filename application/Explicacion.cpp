@@ -1,7 +1,7 @@
-#include "application/Explicacion.h"
+#include "kvdatosart/application/Explicacion.h"
 
-#include "db/ValoresSql.h"
-#include "rules/DescuentosAcuerdo.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/rules/DescuentosAcuerdo.h"
 
 namespace kv::aplicacion {
 namespace {

@@ -3,11 +3,11 @@
 #include <string>
 #include <vector>
 
-#include "application/Frase.h"
-#include "application/Sesion.h"
-#include "base/Fecha.h"
-#include "base/Valor.h"
-#include "pricing/ObservadorCarga.h"
+#include "kvdatosart/application/Frase.h"
+#include "kvdatosart/application/Sesion.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/base/Valor.h"
+#include "kvdatosart/pricing/ObservadorCarga.h"
 
 namespace kv::aplicacion {
 

@@ -1,4 +1,4 @@
-#include "application/Frase.h"
+#include "kvdatosart/application/Frase.h"
 
 namespace kv::aplicacion {
 

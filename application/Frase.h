@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "base/Currency.h"
+#include "kvdatosart/base/Currency.h"
 
 namespace kv::aplicacion {
 

@@ -1,12 +1,12 @@
-#include "application/Listados.h"
+#include "kvdatosart/application/Listados.h"
 
 #include <map>
 #include <memory>
 
-#include "application/Acuerdos.h"
-#include "application/Palabras.h"
-#include "application/Rechazo.h"
-#include "db/ValoresSql.h"
+#include "kvdatosart/application/Acuerdos.h"
+#include "kvdatosart/application/Palabras.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv::aplicacion {
 namespace {

@@ -5,10 +5,10 @@
 #include <optional>
 #include <string>
 
-#include "application/Descuentos.h"
-#include "application/Sesion.h"
-#include "application/Tabla.h"
-#include "rules/ObservadorCadena.h"
+#include "kvdatosart/application/Descuentos.h"
+#include "kvdatosart/application/Sesion.h"
+#include "kvdatosart/application/Tabla.h"
+#include "kvdatosart/rules/ObservadorCadena.h"
 
 namespace kv::aplicacion {
 

@@ -1,4 +1,4 @@
-#include "application/Palabras.h"
+#include "kvdatosart/application/Palabras.h"
 
 #include <utf8proc.h>
 

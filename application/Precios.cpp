@@ -1,13 +1,13 @@
-#include "application/Precios.h"
+#include "kvdatosart/application/Precios.h"
 
 #include <memory>
 #include <string>
 
-#include "application/Comprobaciones.h"
-#include "application/Rechazo.h"
-#include "db/Transaccion.h"
-#include "db/ValoresSql.h"
-#include "rules/clsCliente_Articulo.h"
+#include "kvdatosart/application/Comprobaciones.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/db/Transaccion.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/rules/clsCliente_Articulo.h"
 
 namespace kv::aplicacion {
 namespace {

@@ -1,14 +1,14 @@
-#include "application/Revisiones.h"
+#include "kvdatosart/application/Revisiones.h"
 
 #include <algorithm>
 #include <stdexcept>
 #include <string>
 
-#include "base/RuntimeError.h"
-#include "db/BibliotecaComun.h"
-#include "db/Nombres.h"
-#include "db/ValoresSql.h"
-#include "rules/NivelesFamilia.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/db/Nombres.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/rules/NivelesFamilia.h"
 
 namespace kv::aplicacion {
 namespace {

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "application/Sesion.h"
-#include "application/Tabla.h"
+#include "kvdatosart/application/Sesion.h"
+#include "kvdatosart/application/Tabla.h"
 
 namespace kv::aplicacion {
 

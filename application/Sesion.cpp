@@ -1,7 +1,7 @@
-#include "application/Sesion.h"
+#include "kvdatosart/application/Sesion.h"
 
-#include "application/Rechazo.h"
-#include "db/EmpresaTabla.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/db/EmpresaTabla.h"
 
 namespace kv::aplicacion {
 

@@ -4,9 +4,9 @@
 #include <memory>
 #include <string_view>
 
-#include "base/Fecha.h"
-#include "db/Connection.h"
-#include "db/cEmpresa.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/db/Connection.h"
+#include "kvdatosart/db/cEmpresa.h"
 
 namespace kv::aplicacion {
 

@@ -1,8 +1,8 @@
-#include "application/Tabla.h"
+#include "kvdatosart/application/Tabla.h"
 
 #include <memory>
 
-#include "db/ValoresSql.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv::aplicacion {
 namespace {

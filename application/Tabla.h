@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "base/Valor.h"
-#include "db/Connection.h"
+#include "kvdatosart/base/Valor.h"
+#include "kvdatosart/db/Connection.h"
 
 namespace kv::aplicacion {
 

@@ -1,4 +1,4 @@
-#include "application/Tarifas.h"
+#include "kvdatosart/application/Tarifas.h"
 
 #include <algorithm>
 #include <memory>
@@ -6,11 +6,11 @@
 #include <string_view>
 #include <tuple>
 
-#include "application/Comprobaciones.h"
-#include "application/Rechazo.h"
-#include "base/RuntimeError.h"
-#include "component/clsDatosArt.h"
-#include "db/ValoresSql.h"
+#include "kvdatosart/application/Comprobaciones.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/component/clsDatosArt.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv::aplicacion {
 namespace {

@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <optional>
 
-#include "application/Sesion.h"
-#include "application/Tabla.h"
-#include "base/Currency.h"
-#include "base/Fecha.h"
+#include "kvdatosart/application/Sesion.h"
+#include "kvdatosart/application/Tabla.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/base/Fecha.h"
 
 namespace kv::aplicacion {
 

@@ -1,9 +1,9 @@
-#include "application/Ventas.h"
+#include "kvdatosart/application/Ventas.h"
 
-#include "application/Comprobaciones.h"
-#include "db/Transaccion.h"
-#include "db/ValoresSql.h"
-#include "rules/clsCliente_Articulo.h"
+#include "kvdatosart/application/Comprobaciones.h"
+#include "kvdatosart/db/Transaccion.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/rules/clsCliente_Articulo.h"
 
 namespace kv::aplicacion {
 namespace {

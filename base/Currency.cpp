@@ -1,11 +1,11 @@
-#include "base/Currency.h"
+#include "kvdatosart/base/Currency.h"
 
 #include <array>
 #include <cmath>
 #include <limits>
 
-#include "base/Decimal.h"
-#include "base/RuntimeError.h"
+#include "kvdatosart/base/Decimal.h"
+#include "kvdatosart/base/RuntimeError.h"
 
 namespace kv {
 namespace {

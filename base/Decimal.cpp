@@ -1,10 +1,10 @@
-#include "base/Decimal.h"
+#include "kvdatosart/base/Decimal.h"
 
 #include <algorithm>
 #include <limits>
 #include <string>
 
-#include "base/RuntimeError.h"
+#include "kvdatosart/base/RuntimeError.h"
 
 namespace kv {
 namespace {

@@ -1,10 +1,10 @@
-#include "base/Fecha.h"
+#include "kvdatosart/base/Fecha.h"
 
 #include <array>
 #include <charconv>
 #include <cmath>
 
-#include "base/RuntimeError.h"
+#include "kvdatosart/base/RuntimeError.h"
 
 namespace kv {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/TextoNumero.h"
+#include "kvdatosart/base/TextoNumero.h"
 
 namespace kv {
 

@@ -1,4 +1,4 @@
-#include "base/RuntimeError.h"
+#include "kvdatosart/base/RuntimeError.h"
 
 #include <new>
 

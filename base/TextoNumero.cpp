@@ -1,10 +1,10 @@
-#include "base/TextoNumero.h"
+#include "kvdatosart/base/TextoNumero.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cmath>
 
-#include "base/RuntimeError.h"
+#include "kvdatosart/base/RuntimeError.h"
 
 namespace kv {
 namespace {

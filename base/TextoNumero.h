@@ -4,7 +4,6 @@
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -17,10 +16,7 @@ class TextoNumero {
     /// At most 47 characters; what stands beyond them is a programming error.
     explicit TextoNumero(std::string_view texto) { Agregar(texto); }
 
-    void Agregar(std::string_view texto) {
-        std::memcpy(datos_.data() + largo_, texto.data(), texto.size());
-        largo_ += texto.size();
-    }
+    void Agregar(std::string_view texto) { largo_ += texto.copy(datos_.data() + largo_, datos_.size() - largo_); }
     void Agregar(char caracter) { datos_[largo_++] = caracter; }
     void AgregarEntero(std::int64_t valor) {
         largo_ = static_cast<std::size_t>(

@@ -1,12 +1,12 @@
-#include "base/Valor.h"
+#include "kvdatosart/base/Valor.h"
 
 #include <charconv>
 #include <cmath>
 #include <limits>
 #include <type_traits>
 
-#include "base/Decimal.h"
-#include "base/RuntimeError.h"
+#include "kvdatosart/base/Decimal.h"
+#include "kvdatosart/base/RuntimeError.h"
 
 namespace kv {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <variant>
 
-#include "base/Currency.h"
-#include "base/Fecha.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/base/Fecha.h"
 
 namespace kv {
 

@@ -1,11 +1,11 @@
-#include "bench/BaseGrande.h"
+#include "kvdatosart/bench/BaseGrande.h"
 
 #include <sqlite3.h>
 
 #include <stdexcept>
 
-#include "db/sqlite/ConexionSqlite.h"
-#include "schema/Esquema.h"
+#include "kvdatosart/db/sqlite/ConexionSqlite.h"
+#include "kvdatosart/schema/Esquema.h"
 
 namespace kv::bench {
 namespace {

@@ -1,7 +1,7 @@
-#include "bench/Consultas.h"
+#include "kvdatosart/bench/Consultas.h"
 
-#include "customers/ColumnasCliente.h"
-#include "db/ValoresSql.h"
+#include "kvdatosart/customers/ColumnasCliente.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv::bench {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "base/Currency.h"
-#include "base/Fecha.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/base/Fecha.h"
 
 namespace kv::bench {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "db/cEmpresa.h"
+#include "kvdatosart/db/cEmpresa.h"
 
 namespace kv::bench {
 

@@ -1,8 +1,8 @@
-#include "bench/Grabadora.h"
+#include "kvdatosart/bench/Grabadora.h"
 
 #include <stdexcept>
 
-#include "db/Nombres.h"
+#include "kvdatosart/db/Nombres.h"
 
 namespace kv::bench {
 

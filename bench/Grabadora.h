@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "db/Connection.h"
+#include "kvdatosart/db/Connection.h"
 
 namespace kv::bench {
 

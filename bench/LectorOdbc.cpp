@@ -1,12 +1,12 @@
-#include "bench/LectorOdbc.h"
+#include "kvdatosart/bench/LectorOdbc.h"
 
 #include <array>
 #include <stdexcept>
 
-#include "base/Valor.h"
-#include "db/odbc/ConexionOdbc.h"
-#include "db/odbc/Nativo.h"
-#include "db/odbc/TextoAncho.h"
+#include "kvdatosart/base/Valor.h"
+#include "kvdatosart/db/odbc/ConexionOdbc.h"
+#include "kvdatosart/db/odbc/Nativo.h"
+#include "kvdatosart/db/odbc/TextoAncho.h"
 
 namespace kv::bench {
 namespace {

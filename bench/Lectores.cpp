@@ -1,16 +1,16 @@
-#include "bench/Lectores.h"
+#include "kvdatosart/bench/Lectores.h"
 
 #include <sqlite3.h>
 
 #include <charconv>
 #include <stdexcept>
 
-#include "base/Valor.h"
-#include "db/Columnas.h"
-#include "db/sqlite/ConexionSqlite.h"
-#include "db/sqlite/Plantilla.h"
-#include "db/sqlite/Traduccion.h"
-#include "schema/Esquema.h"
+#include "kvdatosart/base/Valor.h"
+#include "kvdatosart/db/Columnas.h"
+#include "kvdatosart/db/sqlite/ConexionSqlite.h"
+#include "kvdatosart/db/sqlite/Plantilla.h"
+#include "kvdatosart/db/sqlite/Traduccion.h"
+#include "kvdatosart/schema/Esquema.h"
 
 namespace kv::bench {
 namespace {

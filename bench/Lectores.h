@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "bench/Consultas.h"
+#include "kvdatosart/bench/Consultas.h"
 
 namespace kv::bench {
 

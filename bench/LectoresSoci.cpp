@@ -1,7 +1,7 @@
 #include <soci/soci.h>
 #include <soci/sqlite3/soci-sqlite3.h>
 
-#include "bench/Lectores.h"
+#include "kvdatosart/bench/Lectores.h"
 
 namespace kv::bench {
 namespace {

@@ -1,12 +1,12 @@
-#include "bench/PisoGrabado.h"
+#include "kvdatosart/bench/PisoGrabado.h"
 
 #include <sqlite3.h>
 
 #include <charconv>
 #include <stdexcept>
 
-#include "db/Nombres.h"
-#include "db/sqlite/Traduccion.h"
+#include "kvdatosart/db/Nombres.h"
+#include "kvdatosart/db/sqlite/Traduccion.h"
 
 namespace kv::bench {
 namespace {

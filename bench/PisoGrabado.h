@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/Grabadora.h"
+#include "kvdatosart/bench/Grabadora.h"
 
 struct sqlite3;
 struct sqlite3_stmt;

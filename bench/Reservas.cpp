@@ -1,4 +1,4 @@
-#include "bench/Reservas.h"
+#include "kvdatosart/bench/Reservas.h"
 
 #include <atomic>
 #include <cstdlib>

@@ -9,13 +9,13 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "bench/BaseGrande.h"
-#include "bench/EmpresaMedida.h"
-#include "bench/Grabadora.h"
-#include "component/clsDatosArt.h"
-#include "db/sqlite/ConexionSqlite.h"
-#include "schema/Demostracion.h"
-#include "schema/Esquema.h"
+#include "kvdatosart/bench/BaseGrande.h"
+#include "kvdatosart/bench/EmpresaMedida.h"
+#include "kvdatosart/bench/Grabadora.h"
+#include "kvdatosart/component/clsDatosArt.h"
+#include "kvdatosart/db/sqlite/ConexionSqlite.h"
+#include "kvdatosart/schema/Demostracion.h"
+#include "kvdatosart/schema/Esquema.h"
 
 namespace kv::bench {
 namespace {

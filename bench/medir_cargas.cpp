@@ -11,14 +11,14 @@
 #include <functional>
 #include <map>
 
-#include "bench/EmpresaMedida.h"
-#include "bench/Grabadora.h"
-#include "bench/PisoGrabado.h"
-#include "bench/Reservas.h"
-#include "component/clsDatosArt.h"
-#include "db/sqlite/ConexionSqlite.h"
-#include "schema/Demostracion.h"
-#include "schema/Esquema.h"
+#include "kvdatosart/bench/EmpresaMedida.h"
+#include "kvdatosart/bench/Grabadora.h"
+#include "kvdatosart/bench/PisoGrabado.h"
+#include "kvdatosart/bench/Reservas.h"
+#include "kvdatosart/component/clsDatosArt.h"
+#include "kvdatosart/db/sqlite/ConexionSqlite.h"
+#include "kvdatosart/schema/Demostracion.h"
+#include "kvdatosart/schema/Esquema.h"
 
 namespace kv::bench {
 namespace {

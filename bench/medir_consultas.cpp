@@ -13,9 +13,9 @@
 #include <memory>
 #include <random>
 
-#include "bench/BaseGrande.h"
-#include "bench/Lectores.h"
-#include "bench/Reservas.h"
+#include "kvdatosart/bench/BaseGrande.h"
+#include "kvdatosart/bench/Lectores.h"
+#include "kvdatosart/bench/Reservas.h"
 
 namespace kv::bench {
 namespace {

@@ -10,15 +10,15 @@
 #include <filesystem>
 #include <map>
 
-#include "bench/BaseGrande.h"
-#include "bench/EmpresaMedida.h"
-#include "bench/Grabadora.h"
-#include "bench/PisoGrabado.h"
-#include "bench/Reservas.h"
-#include "db/sqlite/ConexionSqlite.h"
-#include "schema/Esquema.h"
-#include "stock/Movimiento.h"
-#include "stock/clsAlmacen_Articulo.h"
+#include "kvdatosart/bench/BaseGrande.h"
+#include "kvdatosart/bench/EmpresaMedida.h"
+#include "kvdatosart/bench/Grabadora.h"
+#include "kvdatosart/bench/PisoGrabado.h"
+#include "kvdatosart/bench/Reservas.h"
+#include "kvdatosart/db/sqlite/ConexionSqlite.h"
+#include "kvdatosart/schema/Esquema.h"
+#include "kvdatosart/stock/Movimiento.h"
+#include "kvdatosart/stock/clsAlmacen_Articulo.h"
 
 namespace kv::bench {
 namespace {

@@ -13,8 +13,8 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "bench/LectorOdbc.h"
-#include "db/odbc/ConexionOdbc.h"
+#include "kvdatosart/bench/LectorOdbc.h"
+#include "kvdatosart/db/odbc/ConexionOdbc.h"
 
 namespace kv::bench {
 namespace {

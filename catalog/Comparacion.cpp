@@ -1,8 +1,8 @@
-#include "catalog/Comparacion.h"
+#include "kvdatosart/catalog/Comparacion.h"
 
 #include <cmath>
 
-#include "db/ValoresSql.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv {
 namespace {

@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
-#include "base/Currency.h"
-#include "db/Connection.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/db/Connection.h"
 
 namespace kv {
 

@@ -1,4 +1,4 @@
-#include "catalog/ConexionMemo.h"
+#include "kvdatosart/catalog/ConexionMemo.h"
 
 #include <functional>
 

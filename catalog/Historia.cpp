@@ -1,13 +1,13 @@
-#include "catalog/Historia.h"
+#include "kvdatosart/catalog/Historia.h"
 
 #include <algorithm>
 #include <array>
 #include <set>
 #include <string>
 
-#include "catalog/ConexionMemo.h"
-#include "db/BibliotecaComun.h"
-#include "db/ValoresSql.h"
+#include "kvdatosart/catalog/ConexionMemo.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "catalog/Tasacion.h"
+#include "kvdatosart/catalog/Tasacion.h"
 
 namespace kv {
 

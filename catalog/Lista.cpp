@@ -1,8 +1,8 @@
-#include "catalog/Lista.h"
+#include "kvdatosart/catalog/Lista.h"
 
 #include <algorithm>
 
-#include "catalog/Taller.h"
+#include "kvdatosart/catalog/Taller.h"
 
 namespace kv {
 namespace {

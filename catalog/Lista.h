@@ -4,8 +4,8 @@
 #include <functional>
 #include <vector>
 
-#include "catalog/Seleccion.h"
-#include "catalog/Tasacion.h"
+#include "kvdatosart/catalog/Seleccion.h"
+#include "kvdatosart/catalog/Tasacion.h"
 
 namespace kv {
 

@@ -1,4 +1,4 @@
-#include "catalog/MotivoPrecio.h"
+#include "kvdatosart/catalog/MotivoPrecio.h"
 
 namespace kv {
 namespace {

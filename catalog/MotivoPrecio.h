@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "pricing/ObservadorCarga.h"
+#include "kvdatosart/pricing/ObservadorCarga.h"
 
 namespace kv {
 

@@ -1,6 +1,6 @@
-#include "catalog/Neto.h"
+#include "kvdatosart/catalog/Neto.h"
 
-#include "db/BibliotecaComun.h"
+#include "kvdatosart/db/BibliotecaComun.h"
 
 namespace kv {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "base/Currency.h"
+#include "kvdatosart/base/Currency.h"
 
 namespace kv {
 

@@ -1,8 +1,8 @@
-#include "catalog/Seleccion.h"
+#include "kvdatosart/catalog/Seleccion.h"
 
 #include <algorithm>
 
-#include "db/ValoresSql.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv {
 namespace {

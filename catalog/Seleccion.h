@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "catalog/Tasacion.h"
-#include "rules/ObservadorCadena.h"
+#include "kvdatosart/catalog/Tasacion.h"
+#include "kvdatosart/rules/ObservadorCadena.h"
 
 namespace kv {
 

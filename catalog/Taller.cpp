@@ -1,9 +1,9 @@
-#include "catalog/Taller.h"
+#include "kvdatosart/catalog/Taller.h"
 
-#include "base/RuntimeError.h"
-#include "catalog/ConexionMemo.h"
-#include "db/BibliotecaComun.h"
-#include "db/ValoresSql.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/catalog/ConexionMemo.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv {
 namespace {

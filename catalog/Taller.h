@@ -9,7 +9,7 @@
 #include <thread>
 #include <vector>
 
-#include "catalog/Lista.h"
+#include "kvdatosart/catalog/Lista.h"
 
 namespace kv {
 

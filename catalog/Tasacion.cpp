@@ -1,7 +1,7 @@
-#include "catalog/Tasacion.h"
+#include "kvdatosart/catalog/Tasacion.h"
 
-#include "base/RuntimeError.h"
-#include "catalog/Neto.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/catalog/Neto.h"
 
 namespace kv {
 namespace {

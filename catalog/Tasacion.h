@@ -5,12 +5,12 @@
 #include <memory>
 #include <string>
 
-#include "base/Currency.h"
-#include "base/Fecha.h"
-#include "catalog/MotivoPrecio.h"
-#include "component/clsDatosArt.h"
-#include "db/Connection.h"
-#include "db/cEmpresa.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/catalog/MotivoPrecio.h"
+#include "kvdatosart/component/clsDatosArt.h"
+#include "kvdatosart/db/Connection.h"
+#include "kvdatosart/db/cEmpresa.h"
 
 namespace kv {
 

@@ -1,8 +1,12 @@
 # Build rules shared by every folder.
 
+# Headers are included as "kvdatosart/base/Currency.h", in this tree as in a host's that has installed them.
+file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/include)
+file(CREATE_LINK ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/include/kvdatosart SYMBOLIC)
+
 add_library(kv_avisos INTERFACE)
 target_compile_features(kv_avisos INTERFACE cxx_std_20)
-target_include_directories(kv_avisos INTERFACE ${PROJECT_SOURCE_DIR})
+target_include_directories(kv_avisos INTERFACE ${PROJECT_BINARY_DIR}/include)
 target_compile_options(kv_avisos INTERFACE
   $<$<COMPILE_LANG_AND_ID:CXX,GNU,Clang>:-Wall;-Wextra;-Wpedantic;-Wconversion;-Wshadow>)
 # GCC 12 warns of an overlap in std::string's own operator+ when it optimises.
@@ -31,7 +35,7 @@ function(kv_biblioteca nombre)
   target_link_libraries(${nombre} PUBLIC ${KV_USA} PRIVATE $<BUILD_INTERFACE:kv_avisos> ${KV_PRIVADO})
   target_compile_features(${nombre} PUBLIC cxx_std_20)
   target_include_directories(${nombre} PUBLIC
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:include/kvdatosart>)
+    $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/include> $<INSTALL_INTERFACE:include>)
   set_target_properties(${nombre} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
   if(KV_PAQUETE)
     if(KV_PAQUETE STREQUAL "TODAS")
@@ -60,6 +64,7 @@ function(kv_prueba nombre)
   cmake_parse_arguments(KV "" "" "FUENTES;USA" ${ARGN})
   add_executable(${nombre} ${KV_FUENTES})
   target_link_libraries(${nombre} PRIVATE kv_avisos kv_prueba_comun ${KV_USA} GTest::gtest_main)
+  target_precompile_headers(${nombre} REUSE_FROM kv_prueba_comun)
   set_target_properties(${nombre} PROPERTIES CXX_EXTENSIONS OFF)
   add_test(NAME ${nombre} COMMAND ${nombre})
   set_tests_properties(${nombre} PROPERTIES TIMEOUT 300)

@@ -1,4 +1,4 @@
-#include "component/clsDatosArt.h"
+#include "kvdatosart/component/clsDatosArt.h"
 
 namespace kv {
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <memory>
 
-#include "pricing/CargaArticulo.h"
-#include "pricing/DatosArticulo.h"
+#include "kvdatosart/pricing/CargaArticulo.h"
+#include "kvdatosart/pricing/DatosArticulo.h"
 
 namespace kv {
 

@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "customers/clsCliente.h"
-#include "db/Columnas.h"
+#include "kvdatosart/customers/clsCliente.h"
+#include "kvdatosart/db/Columnas.h"
 
 namespace kv {
 

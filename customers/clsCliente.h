@@ -5,9 +5,9 @@
 #include <optional>
 #include <string>
 
-#include "base/Currency.h"
-#include "base/Fecha.h"
-#include "db/Inyectado.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/db/Inyectado.h"
 
 namespace kv {
 

@@ -1,6 +1,6 @@
-#include "customers/clsCliente.h"
-#include "db/BibliotecaComun.h"
-#include "db/ValoresSql.h"
+#include "kvdatosart/customers/clsCliente.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv {
 namespace {

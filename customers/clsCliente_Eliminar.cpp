@@ -1,9 +1,9 @@
 #include <array>
 
-#include "customers/clsCliente.h"
-#include "db/BibliotecaComun.h"
-#include "db/Transaccion.h"
-#include "db/ValoresSql.h"
+#include "kvdatosart/customers/clsCliente.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/db/Transaccion.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv {
 namespace {

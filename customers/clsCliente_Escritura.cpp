@@ -1,7 +1,7 @@
 #include <type_traits>
 
-#include "customers/ColumnasCliente.h"
-#include "db/ValoresSql.h"
+#include "kvdatosart/customers/ColumnasCliente.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv {
 namespace {

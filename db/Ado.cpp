@@ -1,10 +1,10 @@
-#include "db/Ado.h"
+#include "kvdatosart/db/Ado.h"
 
 #include <algorithm>
 
-#include "base/RuntimeError.h"
-#include "db/Connection.h"
-#include "db/Nombres.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/Connection.h"
+#include "kvdatosart/db/Nombres.h"
 
 namespace kv {
 

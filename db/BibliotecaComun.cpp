@@ -1,9 +1,9 @@
-#include "db/BibliotecaComun.h"
+#include "kvdatosart/db/BibliotecaComun.h"
 
 #include <atomic>
 
-#include "base/RuntimeError.h"
-#include "db/Sistema.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/Sistema.h"
 
 namespace kv {
 namespace {

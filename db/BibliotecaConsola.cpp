@@ -1,4 +1,4 @@
-#include "db/BibliotecaConsola.h"
+#include "kvdatosart/db/BibliotecaConsola.h"
 
 #include <iostream>
 

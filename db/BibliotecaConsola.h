@@ -1,6 +1,6 @@
 #pragma once
 
-#include "db/BibliotecaComun.h"
+#include "kvdatosart/db/BibliotecaComun.h"
 
 namespace kv {
 

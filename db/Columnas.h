@@ -8,9 +8,9 @@
 #include <type_traits>
 #include <variant>
 
-#include "base/Valor.h"
-#include "db/BibliotecaComun.h"
-#include "db/Recordset.h"
+#include "kvdatosart/base/Valor.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/db/Recordset.h"
 
 namespace kv {
 

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "base/Valor.h"
-#include "db/Ado.h"
+#include "kvdatosart/base/Valor.h"
+#include "kvdatosart/db/Ado.h"
 
 namespace kv {
 

@@ -1,6 +1,6 @@
-#include "db/ConexionTrazada.h"
+#include "kvdatosart/db/ConexionTrazada.h"
 
-#include "base/RuntimeError.h"
+#include "kvdatosart/base/RuntimeError.h"
 
 namespace kv {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "db/Connection.h"
+#include "kvdatosart/db/Connection.h"
 
 namespace kv {
 

@@ -4,9 +4,9 @@
 #include <memory>
 #include <string_view>
 
-#include "db/Ado.h"
-#include "db/Command.h"
-#include "db/Recordset.h"
+#include "kvdatosart/db/Ado.h"
+#include "kvdatosart/db/Command.h"
+#include "kvdatosart/db/Recordset.h"
 
 namespace kv {
 

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "db/Connection.h"
-#include "db/ValoresSql.h"
+#include "kvdatosart/db/Connection.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv {
 

@@ -1,8 +1,8 @@
-#include "db/EmpresaTabla.h"
+#include "kvdatosart/db/EmpresaTabla.h"
 
-#include "base/RuntimeError.h"
-#include "db/Columnas.h"
-#include "db/ValoresSql.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/Columnas.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv {
 

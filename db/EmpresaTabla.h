@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "db/Connection.h"
-#include "db/cEmpresa.h"
+#include "kvdatosart/db/Connection.h"
+#include "kvdatosart/db/cEmpresa.h"
 
 namespace kv {
 

@@ -3,9 +3,9 @@
 #include <memory>
 #include <utility>
 
-#include "base/RuntimeError.h"
-#include "db/Connection.h"
-#include "db/cEmpresa.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/Connection.h"
+#include "kvdatosart/db/cEmpresa.h"
 
 namespace kv {
 

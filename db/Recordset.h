@@ -4,8 +4,8 @@
 #include <memory>
 #include <string_view>
 
-#include "base/Valor.h"
-#include "db/Ado.h"
+#include "kvdatosart/base/Valor.h"
+#include "kvdatosart/db/Ado.h"
 
 namespace kv {
 

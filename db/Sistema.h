@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "base/Fecha.h"
+#include "kvdatosart/base/Fecha.h"
 
 namespace kv {
 

@@ -2,8 +2,8 @@
 #include <locale>
 #include <stdexcept>
 
-#include "db/BibliotecaConsola.h"
-#include "db/Sistema.h"
+#include "kvdatosart/db/BibliotecaConsola.h"
+#include "kvdatosart/db/Sistema.h"
 
 namespace kv {
 

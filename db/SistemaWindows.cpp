@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "db/Sistema.h"
+#include "kvdatosart/db/Sistema.h"
 
 namespace kv {
 namespace {

@@ -1,11 +1,11 @@
-#include "db/Tokens.h"
+#include "kvdatosart/db/Tokens.h"
 
 #include <algorithm>
 #include <array>
 #include <string>
 
-#include "base/RuntimeError.h"
-#include "db/Nombres.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/Nombres.h"
 
 namespace kv {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "db/Connection.h"
+#include "kvdatosart/db/Connection.h"
 
 namespace kv {
 

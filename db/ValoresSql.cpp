@@ -1,6 +1,6 @@
-#include "db/ValoresSql.h"
+#include "kvdatosart/db/ValoresSql.h"
 
-#include "db/BibliotecaComun.h"
+#include "kvdatosart/db/BibliotecaComun.h"
 
 namespace kv {
 

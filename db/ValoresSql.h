@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "base/Currency.h"
-#include "base/Fecha.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/base/Fecha.h"
 
 namespace kv {
 

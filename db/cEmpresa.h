@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "base/Valor.h"
+#include "kvdatosart/base/Valor.h"
 
 namespace kv {
 

@@ -1,4 +1,4 @@
-#include "host/Anchura.h"
+#include "kvdatosart/host/Anchura.h"
 
 #include <utf8proc.h>
 

@@ -1,4 +1,4 @@
-#include "host/Documentos.h"
+#include "kvdatosart/host/Documentos.h"
 
 namespace kv::host {
 namespace {

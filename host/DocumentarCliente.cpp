@@ -1,7 +1,7 @@
 #include <algorithm>
 
-#include "customers/ColumnasCliente.h"
-#include "host/Documentos.h"
+#include "kvdatosart/customers/ColumnasCliente.h"
+#include "kvdatosart/host/Documentos.h"
 
 namespace kv::host {
 namespace {

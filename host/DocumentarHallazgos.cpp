@@ -1,5 +1,5 @@
-#include "host/Documentos.h"
-#include "host/EscribirTexto.h"
+#include "kvdatosart/host/Documentos.h"
+#include "kvdatosart/host/EscribirTexto.h"
 
 namespace kv::host {
 namespace {

@@ -1,4 +1,4 @@
-#include "host/Documento.h"
+#include "kvdatosart/host/Documento.h"
 
 namespace kv::host {
 

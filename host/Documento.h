@@ -6,8 +6,8 @@
 #include <variant>
 #include <vector>
 
-#include "application/Tabla.h"
-#include "base/Valor.h"
+#include "kvdatosart/application/Tabla.h"
+#include "kvdatosart/base/Valor.h"
 
 namespace kv::host {
 

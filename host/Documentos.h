@@ -1,16 +1,16 @@
 #pragma once
 
-#include "application/Acuerdos.h"
-#include "application/Carga.h"
-#include "application/Clientes.h"
-#include "application/Descuentos.h"
-#include "application/Existencias.h"
-#include "application/Listados.h"
-#include "application/Precios.h"
-#include "application/Revisiones.h"
-#include "application/Tabla.h"
-#include "application/Tarifas.h"
-#include "host/Documento.h"
+#include "kvdatosart/application/Acuerdos.h"
+#include "kvdatosart/application/Carga.h"
+#include "kvdatosart/application/Clientes.h"
+#include "kvdatosart/application/Descuentos.h"
+#include "kvdatosart/application/Existencias.h"
+#include "kvdatosart/application/Listados.h"
+#include "kvdatosart/application/Precios.h"
+#include "kvdatosart/application/Revisiones.h"
+#include "kvdatosart/application/Tabla.h"
+#include "kvdatosart/application/Tarifas.h"
+#include "kvdatosart/host/Documento.h"
 
 namespace kv::host {
 

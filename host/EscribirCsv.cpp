@@ -1,7 +1,7 @@
-#include "host/EscribirCsv.h"
+#include "kvdatosart/host/EscribirCsv.h"
 
-#include "application/Rechazo.h"
-#include "host/EscribirJson.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/host/EscribirJson.h"
 
 namespace kv::host {
 namespace {

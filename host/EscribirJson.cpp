@@ -1,9 +1,9 @@
-#include "host/EscribirJson.h"
+#include "kvdatosart/host/EscribirJson.h"
 
 #include <cmath>
 #include <nlohmann/json.hpp>
 
-#include "base/RuntimeError.h"
+#include "kvdatosart/base/RuntimeError.h"
 
 namespace kv::host {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "host/Documento.h"
+#include "kvdatosart/host/Documento.h"
 
 namespace kv::host {
 

@@ -1,9 +1,9 @@
-#include "host/EscribirTexto.h"
+#include "kvdatosart/host/EscribirTexto.h"
 
 #include <algorithm>
 
-#include "base/RuntimeError.h"
-#include "host/Anchura.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/host/Anchura.h"
 
 namespace kv::host {
 namespace {

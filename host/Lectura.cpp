@@ -1,12 +1,12 @@
-#include "host/Lectura.h"
+#include "kvdatosart/host/Lectura.h"
 
 #include <algorithm>
 #include <charconv>
 #include <limits>
 #include <nlohmann/json.hpp>
 
-#include "application/Rechazo.h"
-#include "base/RuntimeError.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/base/RuntimeError.h"
 
 namespace kv::host {
 namespace {

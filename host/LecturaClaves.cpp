@@ -1,12 +1,12 @@
-#include "host/LecturaClaves.h"
+#include "kvdatosart/host/LecturaClaves.h"
 
 #include <algorithm>
 #include <limits>
 #include <string_view>
 #include <vector>
 
-#include "application/Rechazo.h"
-#include "host/Lectura.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/host/Lectura.h"
 
 namespace kv::host {
 namespace {

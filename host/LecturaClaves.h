@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "application/Acuerdos.h"
-#include "application/Descuentos.h"
-#include "application/Existencias.h"
+#include "kvdatosart/application/Acuerdos.h"
+#include "kvdatosart/application/Descuentos.h"
+#include "kvdatosart/application/Existencias.h"
 
 namespace kv::host {
 

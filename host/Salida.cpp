@@ -1,4 +1,4 @@
-#include "host/Salida.h"
+#include "kvdatosart/host/Salida.h"
 
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -11,7 +11,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "db/BibliotecaComun.h"
+#include "kvdatosart/db/BibliotecaComun.h"
 
 namespace kv::host {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "host/EscribirTexto.h"
+#include "kvdatosart/host/EscribirTexto.h"
 
 namespace kv::host {
 

@@ -1,7 +1,7 @@
-#include "pricing/CargaArticulo.h"
+#include "kvdatosart/pricing/CargaArticulo.h"
 
-#include "db/BibliotecaComun.h"
-#include "rules/clsCliente_Articulo.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/rules/clsCliente_Articulo.h"
 
 namespace kv {
 

@@ -3,14 +3,14 @@
 #include <cstdint>
 #include <optional>
 
-#include "base/Currency.h"
-#include "base/Fecha.h"
-#include "customers/clsCliente.h"
-#include "db/Consulta.h"
-#include "db/Inyectado.h"
-#include "pricing/DatosArticulo.h"
-#include "pricing/ObservadorCarga.h"
-#include "rules/clsClientes_Cadenas_ConvArt.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/customers/clsCliente.h"
+#include "kvdatosart/db/Consulta.h"
+#include "kvdatosart/db/Inyectado.h"
+#include "kvdatosart/pricing/DatosArticulo.h"
+#include "kvdatosart/pricing/ObservadorCarga.h"
+#include "kvdatosart/rules/clsClientes_Cadenas_ConvArt.h"
 
 namespace kv {
 

@@ -1,6 +1,6 @@
-#include "pricing/CargaArticulo.h"
-#include "rules/clsCliente_DtosFamilias.h"
-#include "rules/clsCliente_Grp_Dtos.h"
+#include "kvdatosart/pricing/CargaArticulo.h"
+#include "kvdatosart/rules/clsCliente_DtosFamilias.h"
+#include "kvdatosart/rules/clsCliente_Grp_Dtos.h"
 
 namespace kv {
 namespace {

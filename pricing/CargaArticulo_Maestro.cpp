@@ -1,7 +1,7 @@
 #include <array>
 
-#include "db/Columnas.h"
-#include "pricing/CargaArticulo.h"
+#include "kvdatosart/db/Columnas.h"
+#include "kvdatosart/pricing/CargaArticulo.h"
 
 namespace kv {
 namespace {

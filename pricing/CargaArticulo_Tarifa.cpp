@@ -1,7 +1,7 @@
 #include <array>
 
-#include "db/BibliotecaComun.h"
-#include "pricing/CargaArticulo.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/pricing/CargaArticulo.h"
 
 namespace kv {
 namespace {

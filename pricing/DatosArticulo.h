@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "base/Currency.h"
+#include "kvdatosart/base/Currency.h"
 
 namespace kv {
 

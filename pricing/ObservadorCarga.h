@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "base/Currency.h"
-#include "rules/ObservadorCadena.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/rules/ObservadorCadena.h"
 
 namespace kv {
 

@@ -1,4 +1,4 @@
-#include "rules/DescuentosAcuerdo.h"
+#include "kvdatosart/rules/DescuentosAcuerdo.h"
 
 namespace kv {
 

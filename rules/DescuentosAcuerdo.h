@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "base/Fecha.h"
-#include "db/Recordset.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/db/Recordset.h"
 
 namespace kv {
 

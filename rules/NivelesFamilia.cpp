@@ -1,11 +1,11 @@
-#include "rules/NivelesFamilia.h"
+#include "kvdatosart/rules/NivelesFamilia.h"
 
 #include <charconv>
 #include <limits>
 
-#include "base/RuntimeError.h"
-#include "base/Valor.h"
-#include "db/Tokens.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/base/Valor.h"
+#include "kvdatosart/db/Tokens.h"
 
 namespace kv {
 namespace {

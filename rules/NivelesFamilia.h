@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "db/Command.h"
-#include "db/cEmpresa.h"
+#include "kvdatosart/db/Command.h"
+#include "kvdatosart/db/cEmpresa.h"
 
 namespace kv {
 

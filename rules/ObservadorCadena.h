@@ -3,8 +3,8 @@
 #include <array>
 #include <cstdint>
 
-#include "base/Currency.h"
-#include "base/Valor.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/base/Valor.h"
 
 namespace kv {
 

@@ -1,8 +1,8 @@
-#include "rules/clsCliente_Articulo.h"
+#include "kvdatosart/rules/clsCliente_Articulo.h"
 
-#include "db/BibliotecaComun.h"
-#include "db/Columnas.h"
-#include "db/ValoresSql.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/db/Columnas.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv {
 

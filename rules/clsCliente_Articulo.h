@@ -5,10 +5,10 @@
 #include <string>
 #include <string_view>
 
-#include "base/Currency.h"
-#include "base/Fecha.h"
-#include "base/Valor.h"
-#include "db/Inyectado.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/base/Valor.h"
+#include "kvdatosart/db/Inyectado.h"
 
 namespace kv {
 

@@ -1,7 +1,7 @@
-#include "db/BibliotecaComun.h"
-#include "db/ValoresSql.h"
-#include "rules/clsCliente_Articulo.h"
-#include "stock/clsAlmacen_Articulo.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/rules/clsCliente_Articulo.h"
+#include "kvdatosart/stock/clsAlmacen_Articulo.h"
 
 namespace kv {
 namespace {

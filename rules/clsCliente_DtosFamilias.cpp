@@ -1,7 +1,7 @@
-#include "rules/clsCliente_DtosFamilias.h"
+#include "kvdatosart/rules/clsCliente_DtosFamilias.h"
 
-#include "db/ValoresSql.h"
-#include "rules/NivelesFamilia.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/rules/NivelesFamilia.h"
 
 namespace kv {
 namespace {

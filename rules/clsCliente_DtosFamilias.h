@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "db/Inyectado.h"
+#include "kvdatosart/db/Inyectado.h"
 
 namespace kv {
 

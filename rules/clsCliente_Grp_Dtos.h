@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "base/Currency.h"
-#include "db/Inyectado.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/db/Inyectado.h"
 
 namespace kv {
 

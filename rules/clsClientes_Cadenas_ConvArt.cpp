@@ -1,8 +1,8 @@
-#include "rules/clsClientes_Cadenas_ConvArt.h"
+#include "kvdatosart/rules/clsClientes_Cadenas_ConvArt.h"
 
-#include "db/BibliotecaComun.h"
-#include "db/Consulta.h"
-#include "rules/DescuentosAcuerdo.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/db/Consulta.h"
+#include "kvdatosart/rules/DescuentosAcuerdo.h"
 
 namespace kv {
 namespace {

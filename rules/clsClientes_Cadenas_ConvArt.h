@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "base/Currency.h"
-#include "base/Fecha.h"
-#include "base/Valor.h"
-#include "db/Inyectado.h"
-#include "rules/ObservadorCadena.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/base/Valor.h"
+#include "kvdatosart/db/Inyectado.h"
+#include "kvdatosart/rules/ObservadorCadena.h"
 
 namespace kv {
 

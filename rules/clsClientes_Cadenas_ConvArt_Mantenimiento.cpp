@@ -1,6 +1,6 @@
-#include "db/ValoresSql.h"
-#include "rules/DescuentosAcuerdo.h"
-#include "rules/clsClientes_Cadenas_ConvArt.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/rules/DescuentosAcuerdo.h"
+#include "kvdatosart/rules/clsClientes_Cadenas_ConvArt.h"
 
 namespace kv {
 

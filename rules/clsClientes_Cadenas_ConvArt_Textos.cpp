@@ -1,7 +1,7 @@
-#include "db/BibliotecaComun.h"
-#include "db/ValoresSql.h"
-#include "rules/DescuentosAcuerdo.h"
-#include "rules/clsClientes_Cadenas_ConvArt.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/rules/DescuentosAcuerdo.h"
+#include "kvdatosart/rules/clsClientes_Cadenas_ConvArt.h"
 
 namespace kv {
 namespace {

@@ -1,7 +1,7 @@
-#include "schema/Demostracion.h"
+#include "kvdatosart/schema/Demostracion.h"
 
-#include "db/Transaccion.h"
-#include "schema/DemostracionPartes.h"
+#include "kvdatosart/db/Transaccion.h"
+#include "kvdatosart/schema/DemostracionPartes.h"
 
 namespace kv {
 namespace {

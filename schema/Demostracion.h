@@ -1,7 +1,7 @@
 #pragma once
 
-#include "base/Fecha.h"
-#include "db/Connection.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/db/Connection.h"
 
 namespace kv {
 

@@ -1,7 +1,7 @@
 #include <array>
 #include <string>
 
-#include "schema/DemostracionPartes.h"
+#include "kvdatosart/schema/DemostracionPartes.h"
 
 namespace kv::demo {
 namespace {

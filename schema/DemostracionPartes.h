@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "base/Currency.h"
-#include "schema/Escritor.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/schema/Escritor.h"
 
 namespace kv::demo {
 

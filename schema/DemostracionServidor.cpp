@@ -1,12 +1,12 @@
-#include "schema/DemostracionServidor.h"
+#include "kvdatosart/schema/DemostracionServidor.h"
 
 #include <memory>
 
-#include "base/RuntimeError.h"
-#include "db/Transaccion.h"
-#include "schema/Demostracion.h"
-#include "schema/Esquema.h"
-#include "schema/Lotes.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/Transaccion.h"
+#include "kvdatosart/schema/Demostracion.h"
+#include "kvdatosart/schema/Esquema.h"
+#include "kvdatosart/schema/Lotes.h"
 
 namespace kv {
 namespace {

@@ -3,8 +3,8 @@
 #include <functional>
 #include <string_view>
 
-#include "base/Fecha.h"
-#include "db/Connection.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/db/Connection.h"
 
 namespace kv {
 

@@ -1,6 +1,6 @@
 #include <array>
 
-#include "schema/DemostracionPartes.h"
+#include "kvdatosart/schema/DemostracionPartes.h"
 
 namespace kv::demo {
 namespace {

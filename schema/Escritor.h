@@ -3,10 +3,10 @@
 #include <string>
 #include <string_view>
 
-#include "base/Currency.h"
-#include "base/Fecha.h"
-#include "db/Connection.h"
-#include "db/ValoresSql.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/db/Connection.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv::demo {
 

@@ -1,8 +1,8 @@
-#include "schema/Lotes.h"
+#include "kvdatosart/schema/Lotes.h"
 
 #include <algorithm>
 
-#include "db/Nombres.h"
+#include "kvdatosart/db/Nombres.h"
 
 namespace kv {
 namespace {

@@ -1,6 +1,6 @@
-#include "stock/Movimiento.h"
+#include "kvdatosart/stock/Movimiento.h"
 
-#include "db/ValoresSql.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "base/Fecha.h"
+#include "kvdatosart/base/Fecha.h"
 
 namespace kv {
 

@@ -1,7 +1,7 @@
-#include "stock/clsAlmacen_Articulo.h"
+#include "kvdatosart/stock/clsAlmacen_Articulo.h"
 
-#include "db/BibliotecaComun.h"
-#include "db/ValoresSql.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv {
 

@@ -1,6 +1,6 @@
-#include "db/BibliotecaComun.h"
-#include "db/ValoresSql.h"
-#include "stock/clsAlmacen_Articulo.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/stock/clsAlmacen_Articulo.h"
 
 namespace kv {
 

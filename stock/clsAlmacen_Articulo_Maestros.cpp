@@ -1,6 +1,6 @@
-#include "db/ValoresSql.h"
-#include "stock/Movimiento.h"
-#include "stock/clsAlmacen_Articulo.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/stock/Movimiento.h"
+#include "kvdatosart/stock/clsAlmacen_Articulo.h"
 
 // What a movement asks of the article master and tells it and the warehouse master.
 

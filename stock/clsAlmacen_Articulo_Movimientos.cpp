@@ -1,6 +1,6 @@
-#include "db/ValoresSql.h"
-#include "stock/Movimiento.h"
-#include "stock/clsAlmacen_Articulo.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/stock/Movimiento.h"
+#include "kvdatosart/stock/clsAlmacen_Articulo.h"
 
 // A movement on the plain article's row and on a variant's: the same steps, in the same order, each with statements and
 // guards of its own. What stands here twice differs; what does not stands once.

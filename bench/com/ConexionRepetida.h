@@ -3,9 +3,9 @@
 #include <memory>
 #include <stdexcept>
 
-#include "db/Connection.h"
-#include "db/Nombres.h"
-#include "tests/com/Grabacion.h"
+#include "kvdatosart/db/Connection.h"
+#include "kvdatosart/db/Nombres.h"
+#include "kvdatosart/tests/com/Grabacion.h"
 
 namespace kv::prueba {
 

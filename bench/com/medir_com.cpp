@@ -7,14 +7,14 @@
 #include <deque>
 #include <iostream>
 
-#include "bench/com/ConexionRepetida.h"
-#include "component/clsDatosArt.h"
-#include "db/ado/ConexionAdo.h"
-#include "db/ado/EmpresaDispatch.h"
-#include "db/ado/FabricaAdo.h"
-#include "tests/com/Escena.h"
-#include "tests/com/Llamada.h"
-#include "tests/comun/EmpresaFija.h"
+#include "kvdatosart/bench/com/ConexionRepetida.h"
+#include "kvdatosart/component/clsDatosArt.h"
+#include "kvdatosart/db/ado/ConexionAdo.h"
+#include "kvdatosart/db/ado/EmpresaDispatch.h"
+#include "kvdatosart/db/ado/FabricaAdo.h"
+#include "kvdatosart/tests/com/Escena.h"
+#include "kvdatosart/tests/com/Llamada.h"
+#include "kvdatosart/tests/comun/EmpresaFija.h"
 
 namespace kv::prueba {
 namespace {

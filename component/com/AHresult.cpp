@@ -1,13 +1,13 @@
-#include "component/com/AHresult.h"
+#include "kvdatosart/component/com/AHresult.h"
 
 #include <oaidl.h>
 
 #include <new>
 
-#include "base/RuntimeError.h"
-#include "component/com/NumeroError.h"
-#include "db/ado/PunteroCom.h"
-#include "db/ado/Variante.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/component/com/NumeroError.h"
+#include "kvdatosart/db/ado/PunteroCom.h"
+#include "kvdatosart/db/ado/Variante.h"
 
 namespace kv {
 namespace {

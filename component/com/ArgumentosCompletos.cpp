@@ -1,4 +1,4 @@
-#include "component/com/ArgumentosCompletos.h"
+#include "kvdatosart/component/com/ArgumentosCompletos.h"
 
 #include <algorithm>
 

@@ -1,10 +1,10 @@
 #include <windows.h>
 
 #include "KVDatosArt_h.h"
-#include "component/com/AHresult.h"
-#include "component/com/Fabrica.h"
-#include "component/com/Modulo.h"
-#include "component/com/Registro.h"
+#include "kvdatosart/component/com/AHresult.h"
+#include "kvdatosart/component/com/Fabrica.h"
+#include "kvdatosart/component/com/Modulo.h"
+#include "kvdatosart/component/com/Registro.h"
 
 STDAPI DllGetClassObject(REFCLSID clase, REFIID iid, void** objeto) {
     static kv::Fabrica fabrica;

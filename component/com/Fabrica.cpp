@@ -1,8 +1,8 @@
-#include "component/com/Fabrica.h"
+#include "kvdatosart/component/com/Fabrica.h"
 
-#include "component/com/AHresult.h"
-#include "component/com/Modulo.h"
-#include "component/com/ObjetoDatosArt.h"
+#include "kvdatosart/component/com/AHresult.h"
+#include "kvdatosart/component/com/Modulo.h"
+#include "kvdatosart/component/com/ObjetoDatosArt.h"
 
 namespace kv {
 

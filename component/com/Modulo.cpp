@@ -1,4 +1,4 @@
-#include "component/com/Modulo.h"
+#include "kvdatosart/component/com/Modulo.h"
 
 #include <array>
 #include <atomic>

@@ -1,11 +1,11 @@
-#include "component/com/ObjetoDatosArt.h"
+#include "kvdatosart/component/com/ObjetoDatosArt.h"
 
-#include "base/RuntimeError.h"
-#include "component/com/AHresult.h"
-#include "component/com/Modulo.h"
-#include "db/ado/ConexionAdo.h"
-#include "db/ado/EmpresaDispatch.h"
-#include "db/ado/Variante.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/component/com/AHresult.h"
+#include "kvdatosart/component/com/Modulo.h"
+#include "kvdatosart/db/ado/ConexionAdo.h"
+#include "kvdatosart/db/ado/EmpresaDispatch.h"
+#include "kvdatosart/db/ado/Variante.h"
 
 namespace kv {
 namespace {
@@ -93,7 +93,7 @@ HRESULT ObjetoDatosArt::InterfaceSupportsErrorInfo(REFIID iid) {
     } catch (...) {                                         \
         return AHresult();                                  \
     }
-#include "component/com/Propiedades.inc"
+#include "kvdatosart/component/com/Propiedades.inc"
 #undef KV_PROPIEDAD
 
 HRESULT ObjetoDatosArt::putref_Conexion(IDispatch* nueva) try {

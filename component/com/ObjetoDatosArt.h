@@ -4,8 +4,8 @@
 #include <memory>
 
 #include "KVDatosArt_h.h"
-#include "component/clsDatosArt.h"
-#include "db/ado/PunteroCom.h"
+#include "kvdatosart/component/clsDatosArt.h"
+#include "kvdatosart/db/ado/PunteroCom.h"
 
 namespace kv {
 
@@ -33,7 +33,7 @@ class ObjetoDatosArt final : public ::_clsDatosArt, public ISupportErrorInfo {
 #define KV_PROPIEDAD(nombre, tipo)                          \
     HRESULT STDMETHODCALLTYPE get_##nombre(tipo* valor) override; \
     HRESULT STDMETHODCALLTYPE put_##nombre(tipo nuevo) override;
-#include "component/com/Propiedades.inc"
+#include "kvdatosart/component/com/Propiedades.inc"
 #undef KV_PROPIEDAD
     // clang-format on
 

@@ -1,8 +1,8 @@
 #include <climits>
 
-#include "component/com/ArgumentosCompletos.h"
-#include "component/com/Modulo.h"
-#include "component/com/ObjetoDatosArt.h"
+#include "kvdatosart/component/com/ArgumentosCompletos.h"
+#include "kvdatosart/component/com/Modulo.h"
+#include "kvdatosart/component/com/ObjetoDatosArt.h"
 
 namespace kv {
 namespace {

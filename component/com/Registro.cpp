@@ -1,11 +1,11 @@
-#include "component/com/Registro.h"
+#include "kvdatosart/component/com/Registro.h"
 
 #include <oleauto.h>
 
 #include <string>
 
 #include "KVDatosArt_h.h"
-#include "component/com/Modulo.h"
+#include "kvdatosart/component/com/Modulo.h"
 
 // Declared here because not every compiler's headers have them; oleaut32 exports both.
 extern "C" HRESULT WINAPI RegisterTypeLibForUser(ITypeLib* tipos, OLECHAR* ruta, OLECHAR* ayuda);

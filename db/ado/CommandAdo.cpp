@@ -1,11 +1,11 @@
-#include "db/ado/CommandAdo.h"
+#include "kvdatosart/db/ado/CommandAdo.h"
 
 #include <vector>
 
-#include "base/RuntimeError.h"
-#include "db/Tokens.h"
-#include "db/ado/ErrorCom.h"
-#include "db/ado/Variante.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/Tokens.h"
+#include "kvdatosart/db/ado/ErrorCom.h"
+#include "kvdatosart/db/ado/Variante.h"
 
 namespace kv {
 namespace {

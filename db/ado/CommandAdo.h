@@ -2,10 +2,10 @@
 
 #include <memory>
 
-#include "db/Command.h"
-#include "db/ado/FabricaAdo.h"
-#include "db/ado/InterfacesAdo.h"
-#include "db/ado/PunteroCom.h"
+#include "kvdatosart/db/Command.h"
+#include "kvdatosart/db/ado/FabricaAdo.h"
+#include "kvdatosart/db/ado/InterfacesAdo.h"
+#include "kvdatosart/db/ado/PunteroCom.h"
 
 namespace kv {
 

@@ -3,10 +3,10 @@
 #include <memory>
 #include <string_view>
 
-#include "db/Connection.h"
-#include "db/ado/FabricaAdo.h"
-#include "db/ado/InterfacesAdo.h"
-#include "db/ado/PunteroCom.h"
+#include "kvdatosart/db/Connection.h"
+#include "kvdatosart/db/ado/FabricaAdo.h"
+#include "kvdatosart/db/ado/InterfacesAdo.h"
+#include "kvdatosart/db/ado/PunteroCom.h"
 
 namespace kv {
 

@@ -1,8 +1,8 @@
-#include "db/ado/EmpresaDispatch.h"
+#include "kvdatosart/db/ado/EmpresaDispatch.h"
 
-#include "base/RuntimeError.h"
-#include "db/ado/ErrorCom.h"
-#include "db/ado/Variante.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/ado/ErrorCom.h"
+#include "kvdatosart/db/ado/Variante.h"
 
 namespace kv {
 namespace {

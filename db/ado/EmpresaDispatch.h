@@ -5,8 +5,8 @@
 
 #include <array>
 
-#include "db/ado/PunteroCom.h"
-#include "db/cEmpresa.h"
+#include "kvdatosart/db/ado/PunteroCom.h"
+#include "kvdatosart/db/cEmpresa.h"
 
 namespace kv {
 

@@ -1,4 +1,4 @@
-#include "db/ado/ErrorCom.h"
+#include "kvdatosart/db/ado/ErrorCom.h"
 
 #include <oaidl.h>
 
@@ -6,9 +6,9 @@
 #include <cstdio>
 #include <string>
 
-#include "base/RuntimeError.h"
-#include "db/ado/PunteroCom.h"
-#include "db/ado/Variante.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/ado/PunteroCom.h"
+#include "kvdatosart/db/ado/Variante.h"
 
 namespace kv {
 

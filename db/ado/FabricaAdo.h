@@ -4,8 +4,8 @@
 
 #include <span>
 
-#include "db/ado/ErrorCom.h"
-#include "db/ado/PunteroCom.h"
+#include "kvdatosart/db/ado/ErrorCom.h"
+#include "kvdatosart/db/ado/PunteroCom.h"
 
 namespace kv {
 

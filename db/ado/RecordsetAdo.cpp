@@ -1,10 +1,10 @@
-#include "db/ado/RecordsetAdo.h"
+#include "kvdatosart/db/ado/RecordsetAdo.h"
 
-#include "base/RuntimeError.h"
-#include "db/Tokens.h"
-#include "db/ado/ConexionAdo.h"
-#include "db/ado/ErrorCom.h"
-#include "db/ado/Variante.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/Tokens.h"
+#include "kvdatosart/db/ado/ConexionAdo.h"
+#include "kvdatosart/db/ado/ErrorCom.h"
+#include "kvdatosart/db/ado/Variante.h"
 
 namespace kv {
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "db/Recordset.h"
-#include "db/ado/InterfacesAdo.h"
-#include "db/ado/PunteroCom.h"
+#include "kvdatosart/db/Recordset.h"
+#include "kvdatosart/db/ado/InterfacesAdo.h"
+#include "kvdatosart/db/ado/PunteroCom.h"
 
 namespace kv {
 

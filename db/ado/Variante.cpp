@@ -1,9 +1,9 @@
-#include "db/ado/Variante.h"
+#include "kvdatosart/db/ado/Variante.h"
 
 #include <new>
 #include <type_traits>
 
-#include "base/RuntimeError.h"
+#include "kvdatosart/base/RuntimeError.h"
 
 namespace kv {
 namespace {

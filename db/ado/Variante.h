@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/Valor.h"
+#include "kvdatosart/base/Valor.h"
 
 namespace kv {
 

@@ -1,6 +1,6 @@
-#include "db/odbc/Asidero.h"
+#include "kvdatosart/db/odbc/Asidero.h"
 
-#include "db/odbc/ErrorOdbc.h"
+#include "kvdatosart/db/odbc/ErrorOdbc.h"
 
 namespace kv {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "db/odbc/Nativo.h"
+#include "kvdatosart/db/odbc/Nativo.h"
 
 namespace kv {
 

@@ -1,9 +1,9 @@
-#include "db/odbc/CadenaConexion.h"
+#include "kvdatosart/db/odbc/CadenaConexion.h"
 
 #include <algorithm>
 #include <array>
 
-#include "db/Nombres.h"
+#include "kvdatosart/db/Nombres.h"
 
 namespace kv {
 namespace {

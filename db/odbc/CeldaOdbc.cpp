@@ -1,8 +1,8 @@
-#include "db/odbc/CeldaOdbc.h"
+#include "kvdatosart/db/odbc/CeldaOdbc.h"
 
 #include <cstring>
 
-#include "base/RuntimeError.h"
+#include "kvdatosart/base/RuntimeError.h"
 
 namespace kv {
 namespace {

@@ -3,10 +3,10 @@
 #include <array>
 #include <cstddef>
 
-#include "base/Valor.h"
-#include "db/odbc/Asidero.h"
-#include "db/odbc/ColumnaOdbc.h"
-#include "db/odbc/TextoAncho.h"
+#include "kvdatosart/base/Valor.h"
+#include "kvdatosart/db/odbc/Asidero.h"
+#include "kvdatosart/db/odbc/ColumnaOdbc.h"
+#include "kvdatosart/db/odbc/TextoAncho.h"
 
 namespace kv {
 

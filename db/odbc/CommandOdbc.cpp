@@ -1,11 +1,11 @@
-#include "db/odbc/CommandOdbc.h"
+#include "kvdatosart/db/odbc/CommandOdbc.h"
 
 #include <algorithm>
 #include <vector>
 
-#include "base/RuntimeError.h"
-#include "db/odbc/EnlaceParametro.h"
-#include "db/odbc/ErrorOdbc.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/odbc/EnlaceParametro.h"
+#include "kvdatosart/db/odbc/ErrorOdbc.h"
 
 namespace kv {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "db/odbc/InteriorOdbc.h"
+#include "kvdatosart/db/odbc/InteriorOdbc.h"
 
 namespace kv {
 

@@ -1,12 +1,12 @@
-#include "db/odbc/ConexionOdbc.h"
+#include "kvdatosart/db/odbc/ConexionOdbc.h"
 
-#include "base/RuntimeError.h"
-#include "db/Tokens.h"
-#include "db/odbc/CommandOdbc.h"
-#include "db/odbc/ErrorOdbc.h"
-#include "db/odbc/InteriorOdbc.h"
-#include "db/odbc/RecordsetOdbc.h"
-#include "db/odbc/SesionTransactSql.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/Tokens.h"
+#include "kvdatosart/db/odbc/CommandOdbc.h"
+#include "kvdatosart/db/odbc/ErrorOdbc.h"
+#include "kvdatosart/db/odbc/InteriorOdbc.h"
+#include "kvdatosart/db/odbc/RecordsetOdbc.h"
+#include "kvdatosart/db/odbc/SesionTransactSql.h"
 
 namespace kv {
 

@@ -1,9 +1,9 @@
-#include "db/odbc/EnlaceParametro.h"
+#include "kvdatosart/db/odbc/EnlaceParametro.h"
 
 #include <algorithm>
 
-#include "base/RuntimeError.h"
-#include "db/BibliotecaComun.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/BibliotecaComun.h"
 
 namespace kv {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <array>
 
-#include "db/Command.h"
-#include "db/odbc/Nativo.h"
-#include "db/odbc/TextoAncho.h"
+#include "kvdatosart/db/Command.h"
+#include "kvdatosart/db/odbc/Nativo.h"
+#include "kvdatosart/db/odbc/TextoAncho.h"
 
 namespace kv {
 

@@ -1,13 +1,13 @@
-#include "db/odbc/ErrorOdbc.h"
+#include "kvdatosart/db/odbc/ErrorOdbc.h"
 
 #include <algorithm>
 #include <array>
 #include <string>
 
-#include "base/RuntimeError.h"
-#include "db/odbc/Asidero.h"
-#include "db/odbc/ConexionOdbc.h"
-#include "db/odbc/TextoAncho.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/odbc/Asidero.h"
+#include "kvdatosart/db/odbc/ConexionOdbc.h"
+#include "kvdatosart/db/odbc/TextoAncho.h"
 
 namespace kv {
 namespace {

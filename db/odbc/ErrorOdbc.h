@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "db/odbc/Nativo.h"
+#include "kvdatosart/db/odbc/Nativo.h"
 
 namespace kv {
 

@@ -1,9 +1,9 @@
-#include "db/odbc/FormasConocidas.h"
+#include "kvdatosart/db/odbc/FormasConocidas.h"
 
 #include <algorithm>
 
-#include "db/Nombres.h"
-#include "db/Tokens.h"
+#include "kvdatosart/db/Nombres.h"
+#include "kvdatosart/db/Tokens.h"
 
 namespace kv {
 namespace {

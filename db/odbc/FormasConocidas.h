@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "db/odbc/ColumnaOdbc.h"
+#include "kvdatosart/db/odbc/ColumnaOdbc.h"
 
 namespace kv {
 

@@ -1,13 +1,13 @@
-#include "db/odbc/InteriorOdbc.h"
+#include "kvdatosart/db/odbc/InteriorOdbc.h"
 
 #include <algorithm>
 #include <array>
 #include <limits>
 
-#include "base/RuntimeError.h"
-#include "db/Tokens.h"
-#include "db/odbc/CadenaConexion.h"
-#include "db/odbc/ErrorOdbc.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/Tokens.h"
+#include "kvdatosart/db/odbc/CadenaConexion.h"
+#include "kvdatosart/db/odbc/ErrorOdbc.h"
 
 namespace kv {
 namespace {

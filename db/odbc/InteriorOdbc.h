@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "db/odbc/Asidero.h"
-#include "db/odbc/ConexionOdbc.h"
-#include "db/odbc/LectorResultado.h"
-#include "db/odbc/TextoAncho.h"
+#include "kvdatosart/db/odbc/Asidero.h"
+#include "kvdatosart/db/odbc/ConexionOdbc.h"
+#include "kvdatosart/db/odbc/LectorResultado.h"
+#include "kvdatosart/db/odbc/TextoAncho.h"
 
 namespace kv {
 

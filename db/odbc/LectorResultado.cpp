@@ -1,11 +1,11 @@
-#include "db/odbc/LectorResultado.h"
+#include "kvdatosart/db/odbc/LectorResultado.h"
 
 #include <algorithm>
 #include <array>
 
-#include "base/RuntimeError.h"
-#include "db/Nombres.h"
-#include "db/odbc/ErrorOdbc.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/Nombres.h"
+#include "kvdatosart/db/odbc/ErrorOdbc.h"
 
 namespace kv {
 namespace {

@@ -5,12 +5,12 @@
 #include <string_view>
 #include <vector>
 
-#include "base/Valor.h"
-#include "db/odbc/Asidero.h"
-#include "db/odbc/CeldaOdbc.h"
-#include "db/odbc/ColumnaOdbc.h"
-#include "db/odbc/FormasConocidas.h"
-#include "db/odbc/TextoAncho.h"
+#include "kvdatosart/base/Valor.h"
+#include "kvdatosart/db/odbc/Asidero.h"
+#include "kvdatosart/db/odbc/CeldaOdbc.h"
+#include "kvdatosart/db/odbc/ColumnaOdbc.h"
+#include "kvdatosart/db/odbc/FormasConocidas.h"
+#include "kvdatosart/db/odbc/TextoAncho.h"
 
 namespace kv {
 

@@ -1,10 +1,10 @@
-#include "db/odbc/RecordsetOdbc.h"
+#include "kvdatosart/db/odbc/RecordsetOdbc.h"
 
 #include <algorithm>
 
-#include "base/RuntimeError.h"
-#include "db/Nombres.h"
-#include "db/Tokens.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/Nombres.h"
+#include "kvdatosart/db/Tokens.h"
 
 namespace kv {
 

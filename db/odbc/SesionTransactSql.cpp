@@ -1,9 +1,9 @@
-#include "db/odbc/SesionTransactSql.h"
+#include "kvdatosart/db/odbc/SesionTransactSql.h"
 
 #include <array>
 #include <string>
 
-#include "base/RuntimeError.h"
+#include "kvdatosart/base/RuntimeError.h"
 
 namespace kv {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "db/odbc/InteriorOdbc.h"
+#include "kvdatosart/db/odbc/InteriorOdbc.h"
 
 namespace kv {
 

@@ -1,9 +1,9 @@
-#include "db/odbc/TextoAncho.h"
+#include "kvdatosart/db/odbc/TextoAncho.h"
 
 #include <cstdint>
 #include <cstring>
 
-#include "base/RuntimeError.h"
+#include "kvdatosart/base/RuntimeError.h"
 
 namespace kv {
 namespace {

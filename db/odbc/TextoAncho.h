@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "db/odbc/Nativo.h"
+#include "kvdatosart/db/odbc/Nativo.h"
 
 namespace kv {
 

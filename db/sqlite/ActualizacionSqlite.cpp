@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <set>
 
-#include "db/sqlite/ConexionSqlite.h"
-#include "db/sqlite/ErrorSqlite.h"
-#include "db/sqlite/InteriorSqlite.h"
+#include "kvdatosart/db/sqlite/ConexionSqlite.h"
+#include "kvdatosart/db/sqlite/ErrorSqlite.h"
+#include "kvdatosart/db/sqlite/InteriorSqlite.h"
 
 namespace kv {
 namespace {

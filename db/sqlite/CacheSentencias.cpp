@@ -1,8 +1,8 @@
-#include "db/sqlite/CacheSentencias.h"
+#include "kvdatosart/db/sqlite/CacheSentencias.h"
 
 #include <algorithm>
 
-#include "db/sqlite/Traduccion.h"
+#include "kvdatosart/db/sqlite/Traduccion.h"
 
 namespace kv {
 

@@ -9,9 +9,9 @@
 #include <unordered_map>
 #include <vector>
 
-#include "db/sqlite/Plantilla.h"
-#include "db/sqlite/Sentencia.h"
-#include "db/sqlite/TipoColumna.h"
+#include "kvdatosart/db/sqlite/Plantilla.h"
+#include "kvdatosart/db/sqlite/Sentencia.h"
+#include "kvdatosart/db/sqlite/TipoColumna.h"
 
 struct sqlite3;
 

@@ -1,8 +1,8 @@
-#include "db/sqlite/CommandSqlite.h"
+#include "kvdatosart/db/sqlite/CommandSqlite.h"
 
-#include "base/RuntimeError.h"
-#include "db/sqlite/InteriorSqlite.h"
-#include "db/sqlite/RecordsetSqlite.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/sqlite/InteriorSqlite.h"
+#include "kvdatosart/db/sqlite/RecordsetSqlite.h"
 
 namespace kv {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "db/sqlite/ConexionSqlite.h"
+#include "kvdatosart/db/sqlite/ConexionSqlite.h"
 
 namespace kv {
 

@@ -1,11 +1,11 @@
-#include "db/sqlite/ConexionSqlite.h"
+#include "kvdatosart/db/sqlite/ConexionSqlite.h"
 
-#include "base/RuntimeError.h"
-#include "db/sqlite/CommandSqlite.h"
-#include "db/sqlite/ErrorSqlite.h"
-#include "db/sqlite/FicheroNuevo.h"
-#include "db/sqlite/InteriorSqlite.h"
-#include "db/sqlite/RecordsetSqlite.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/sqlite/CommandSqlite.h"
+#include "kvdatosart/db/sqlite/ErrorSqlite.h"
+#include "kvdatosart/db/sqlite/FicheroNuevo.h"
+#include "kvdatosart/db/sqlite/InteriorSqlite.h"
+#include "kvdatosart/db/sqlite/RecordsetSqlite.h"
 
 namespace kv {
 

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "db/Connection.h"
+#include "kvdatosart/db/Connection.h"
 
 namespace kv {
 

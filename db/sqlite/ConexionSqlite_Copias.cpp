@@ -1,10 +1,10 @@
 #include <cstdio>
 #include <filesystem>
 
-#include "base/RuntimeError.h"
-#include "db/sqlite/ConexionSqlite.h"
-#include "db/sqlite/ErrorSqlite.h"
-#include "db/sqlite/InteriorSqlite.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/sqlite/ConexionSqlite.h"
+#include "kvdatosart/db/sqlite/ErrorSqlite.h"
+#include "kvdatosart/db/sqlite/InteriorSqlite.h"
 
 namespace kv {
 namespace {

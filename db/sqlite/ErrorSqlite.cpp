@@ -1,8 +1,8 @@
-#include "db/sqlite/ErrorSqlite.h"
+#include "kvdatosart/db/sqlite/ErrorSqlite.h"
 
 #include <sqlite3.h>
 
-#include "base/RuntimeError.h"
+#include "kvdatosart/base/RuntimeError.h"
 
 namespace kv {
 

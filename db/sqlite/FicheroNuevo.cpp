@@ -1,4 +1,4 @@
-#include "db/sqlite/FicheroNuevo.h"
+#include "kvdatosart/db/sqlite/FicheroNuevo.h"
 
 #include <fcntl.h>
 #include <sqlite3.h>
@@ -12,8 +12,8 @@
 #include <filesystem>
 #include <system_error>
 
-#include "base/RuntimeError.h"
-#include "db/sqlite/ErrorSqlite.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/sqlite/ErrorSqlite.h"
 
 namespace kv {
 namespace {

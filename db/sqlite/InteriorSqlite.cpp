@@ -1,11 +1,11 @@
-#include "db/sqlite/InteriorSqlite.h"
+#include "kvdatosart/db/sqlite/InteriorSqlite.h"
 
 #include <cstdio>
 #include <filesystem>
 
-#include "base/RuntimeError.h"
-#include "db/sqlite/ErrorSqlite.h"
-#include "db/sqlite/FicheroNuevo.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/sqlite/ErrorSqlite.h"
+#include "kvdatosart/db/sqlite/FicheroNuevo.h"
 
 namespace kv {
 namespace {

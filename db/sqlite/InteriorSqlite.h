@@ -7,8 +7,8 @@
 #include <memory>
 #include <string>
 
-#include "db/sqlite/CacheSentencias.h"
-#include "db/sqlite/ConexionSqlite.h"
+#include "kvdatosart/db/sqlite/CacheSentencias.h"
+#include "kvdatosart/db/sqlite/ConexionSqlite.h"
 
 namespace kv {
 

@@ -1,9 +1,9 @@
-#include "db/sqlite/Plantilla.h"
+#include "kvdatosart/db/sqlite/Plantilla.h"
 
 #include <cstring>
 
-#include "db/Nombres.h"
-#include "db/Tokens.h"
+#include "kvdatosart/db/Nombres.h"
+#include "kvdatosart/db/Tokens.h"
 
 namespace kv {
 namespace {

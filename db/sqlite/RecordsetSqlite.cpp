@@ -1,7 +1,7 @@
-#include "db/sqlite/RecordsetSqlite.h"
+#include "kvdatosart/db/sqlite/RecordsetSqlite.h"
 
-#include "base/RuntimeError.h"
-#include "db/sqlite/InteriorSqlite.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/sqlite/InteriorSqlite.h"
 
 namespace kv {
 

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "db/sqlite/ConexionSqlite.h"
-#include "db/sqlite/Sentencia.h"
+#include "kvdatosart/db/sqlite/ConexionSqlite.h"
+#include "kvdatosart/db/sqlite/Sentencia.h"
 
 namespace kv {
 

@@ -1,4 +1,4 @@
-#include "db/sqlite/Sentencia.h"
+#include "kvdatosart/db/sqlite/Sentencia.h"
 
 #include <sqlite3.h>
 
@@ -6,9 +6,9 @@
 #include <charconv>
 #include <limits>
 
-#include "base/RuntimeError.h"
-#include "db/Nombres.h"
-#include "db/sqlite/ErrorSqlite.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/Nombres.h"
+#include "kvdatosart/db/sqlite/ErrorSqlite.h"
 
 namespace kv {
 namespace {

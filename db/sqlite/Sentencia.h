@@ -8,9 +8,9 @@
 #include <string_view>
 #include <vector>
 
-#include "base/Valor.h"
-#include "db/sqlite/Plantilla.h"
-#include "db/sqlite/TipoColumna.h"
+#include "kvdatosart/base/Valor.h"
+#include "kvdatosart/db/sqlite/Plantilla.h"
+#include "kvdatosart/db/sqlite/TipoColumna.h"
 
 struct sqlite3;
 struct sqlite3_stmt;

@@ -1,12 +1,12 @@
-#include "db/sqlite/TipoColumna.h"
+#include "kvdatosart/db/sqlite/TipoColumna.h"
 
 #include <sqlite3.h>
 
 #include <array>
 #include <utility>
 
-#include "db/Nombres.h"
-#include "db/sqlite/ErrorSqlite.h"
+#include "kvdatosart/db/Nombres.h"
+#include "kvdatosart/db/sqlite/ErrorSqlite.h"
 
 namespace kv {
 namespace {

@@ -1,6 +1,6 @@
-#include "db/sqlite/Traduccion.h"
+#include "kvdatosart/db/sqlite/Traduccion.h"
 
-#include "db/Tokens.h"
+#include "kvdatosart/db/Tokens.h"
 
 namespace kv {
 namespace {

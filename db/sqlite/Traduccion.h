@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "db/sqlite/Plantilla.h"
+#include "kvdatosart/db/sqlite/Plantilla.h"
 
 namespace kv {
 

@@ -1,14 +1,14 @@
-#include "host/cli/Ayuda.h"
+#include "kvdatosart/host/cli/Ayuda.h"
 
 #include <algorithm>
 #include <memory>
 #include <utility>
 #include <vector>
 
-#include "application/Rechazo.h"
-#include "host/EscribirTexto.h"
-#include "host/Salida.h"
-#include "host/cli/OpcionesSalida.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/host/EscribirTexto.h"
+#include "kvdatosart/host/Salida.h"
+#include "kvdatosart/host/cli/OpcionesSalida.h"
 
 namespace kv::host {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "db/BibliotecaConsola.h"
+#include "kvdatosart/db/BibliotecaConsola.h"
 
 namespace kv::host {
 

@@ -1,4 +1,4 @@
-#include "host/cli/Interrupcion.h"
+#include "kvdatosart/host/cli/Interrupcion.h"
 
 #include <csignal>
 #include <stdexcept>

@@ -1,4 +1,4 @@
-#include "host/cli/MalEscrita.h"
+#include "kvdatosart/host/cli/MalEscrita.h"
 
 #include <algorithm>
 #include <numeric>

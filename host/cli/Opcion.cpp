@@ -1,4 +1,4 @@
-#include "host/cli/Opcion.h"
+#include "kvdatosart/host/cli/Opcion.h"
 
 namespace kv::host {
 

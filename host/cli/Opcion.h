@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "base/Currency.h"
-#include "base/Fecha.h"
-#include "host/Lectura.h"
-#include "host/LecturaClaves.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/host/Lectura.h"
+#include "kvdatosart/host/LecturaClaves.h"
 
 namespace kv::host {
 

@@ -1,15 +1,15 @@
-#include "host/cli/OpcionesSalida.h"
+#include "kvdatosart/host/cli/OpcionesSalida.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
 
-#include "application/Rechazo.h"
-#include "host/EscribirCsv.h"
-#include "host/EscribirJson.h"
-#include "host/EscribirTexto.h"
-#include "host/Salida.h"
-#include "host/cli/Opcion.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/host/EscribirCsv.h"
+#include "kvdatosart/host/EscribirJson.h"
+#include "kvdatosart/host/EscribirTexto.h"
+#include "kvdatosart/host/Salida.h"
+#include "kvdatosart/host/cli/Opcion.h"
 
 namespace kv::host {
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "host/Documento.h"
+#include "kvdatosart/host/Documento.h"
 
 namespace CLI {
 class App;

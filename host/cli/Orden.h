@@ -3,10 +3,10 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
-#include "application/Averias.h"
-#include "host/Documentos.h"
-#include "host/cli/Opcion.h"
-#include "host/cli/Trabajo.h"
+#include "kvdatosart/application/Averias.h"
+#include "kvdatosart/host/Documentos.h"
+#include "kvdatosart/host/cli/Opcion.h"
+#include "kvdatosart/host/cli/Trabajo.h"
 
 namespace kv::host {
 

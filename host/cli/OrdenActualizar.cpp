@@ -1,11 +1,11 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
-#include "application/Averias.h"
-#include "application/Bases.h"
-#include "host/Salida.h"
-#include "host/cli/OpcionesSalida.h"
-#include "host/cli/Ordenes.h"
+#include "kvdatosart/application/Averias.h"
+#include "kvdatosart/application/Bases.h"
+#include "kvdatosart/host/Salida.h"
+#include "kvdatosart/host/cli/OpcionesSalida.h"
+#include "kvdatosart/host/cli/Ordenes.h"
 
 namespace kv::host {
 namespace {

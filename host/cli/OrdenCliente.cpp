@@ -1,6 +1,6 @@
-#include "application/Clientes.h"
-#include "host/cli/Orden.h"
-#include "host/cli/Ordenes.h"
+#include "kvdatosart/application/Clientes.h"
+#include "kvdatosart/host/cli/Orden.h"
+#include "kvdatosart/host/cli/Ordenes.h"
 
 namespace kv::host {
 namespace {

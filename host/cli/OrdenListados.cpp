@@ -1,7 +1,7 @@
-#include "application/Listados.h"
-#include "application/Tarifas.h"
-#include "host/cli/Orden.h"
-#include "host/cli/Ordenes.h"
+#include "kvdatosart/application/Listados.h"
+#include "kvdatosart/application/Tarifas.h"
+#include "kvdatosart/host/cli/Orden.h"
+#include "kvdatosart/host/cli/Ordenes.h"
 
 namespace kv::host {
 namespace {

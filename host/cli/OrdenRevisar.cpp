@@ -3,10 +3,10 @@
 #include <chrono>
 #include <iostream>
 
-#include "application/Revisiones.h"
-#include "host/cli/CodigosSalida.h"
-#include "host/cli/Orden.h"
-#include "host/cli/Ordenes.h"
+#include "kvdatosart/application/Revisiones.h"
+#include "kvdatosart/host/cli/CodigosSalida.h"
+#include "kvdatosart/host/cli/Orden.h"
+#include "kvdatosart/host/cli/Ordenes.h"
 
 namespace kv::host {
 namespace {

@@ -1,13 +1,13 @@
 #include <functional>
 #include <memory>
 
-#include "application/Averias.h"
-#include "application/Bases.h"
-#include "application/Tarifas.h"
-#include "db/BibliotecaComun.h"
-#include "host/cli/Interrupcion.h"
-#include "host/cli/Orden.h"
-#include "host/cli/Ordenes.h"
+#include "kvdatosart/application/Averias.h"
+#include "kvdatosart/application/Bases.h"
+#include "kvdatosart/application/Tarifas.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/host/cli/Interrupcion.h"
+#include "kvdatosart/host/cli/Orden.h"
+#include "kvdatosart/host/cli/Ordenes.h"
 
 namespace kv::host {
 namespace {

@@ -1,12 +1,12 @@
-#include "host/cli/Trabajo.h"
+#include "kvdatosart/host/cli/Trabajo.h"
 
 #include <CLI/CLI.hpp>
 #include <cstdlib>
 #include <iostream>
 
-#include "application/Rechazo.h"
-#include "host/cli/BibliotecaPrograma.h"
-#include "host/cli/Opcion.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/host/cli/BibliotecaPrograma.h"
+#include "kvdatosart/host/cli/Opcion.h"
 
 namespace kv::host {
 

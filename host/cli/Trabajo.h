@@ -3,11 +3,11 @@
 #include <memory>
 #include <string>
 
-#include "application/Bases.h"
-#include "application/Sesion.h"
-#include "host/Salida.h"
-#include "host/cli/OpcionesSalida.h"
-#include "host/cli/Traza.h"
+#include "kvdatosart/application/Bases.h"
+#include "kvdatosart/application/Sesion.h"
+#include "kvdatosart/host/Salida.h"
+#include "kvdatosart/host/cli/OpcionesSalida.h"
+#include "kvdatosart/host/cli/Traza.h"
 
 namespace CLI {
 class App;

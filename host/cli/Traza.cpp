@@ -1,4 +1,4 @@
-#include "host/cli/Traza.h"
+#include "kvdatosart/host/cli/Traza.h"
 
 #include <cstdio>
 #include <iostream>

@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "db/ConexionTrazada.h"
+#include "kvdatosart/db/ConexionTrazada.h"
 
 namespace kv::host {
 

@@ -4,18 +4,18 @@
 #include <string>
 #include <vector>
 
-#include "application/Rechazo.h"
-#include "base/RuntimeError.h"
-#include "host/Anchura.h"
-#include "host/EscribirJson.h"
-#include "host/Lectura.h"
-#include "host/Salida.h"
-#include "host/cli/Ayuda.h"
-#include "host/cli/BibliotecaPrograma.h"
-#include "host/cli/CodigosSalida.h"
-#include "host/cli/MalEscrita.h"
-#include "host/cli/Opcion.h"
-#include "host/cli/Ordenes.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/host/Anchura.h"
+#include "kvdatosart/host/EscribirJson.h"
+#include "kvdatosart/host/Lectura.h"
+#include "kvdatosart/host/Salida.h"
+#include "kvdatosart/host/cli/Ayuda.h"
+#include "kvdatosart/host/cli/BibliotecaPrograma.h"
+#include "kvdatosart/host/cli/CodigosSalida.h"
+#include "kvdatosart/host/cli/MalEscrita.h"
+#include "kvdatosart/host/cli/Opcion.h"
+#include "kvdatosart/host/cli/Ordenes.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 // What the adapter does that no database shows: how failures come out, procedures and the company object.
 
-#include "db/Tokens.h"
-#include "db/ado/ConexionAdo.h"
-#include "db/ado/EmpresaDispatch.h"
-#include "tests/com/Escena.h"
-#include "tests/comun/ConexionGuion.h"
-#include "tests/comun/Errores.h"
+#include "kvdatosart/db/Tokens.h"
+#include "kvdatosart/db/ado/ConexionAdo.h"
+#include "kvdatosart/db/ado/EmpresaDispatch.h"
+#include "kvdatosart/tests/com/Escena.h"
+#include "kvdatosart/tests/comun/ConexionGuion.h"
+#include "kvdatosart/tests/comun/Errores.h"
 
 namespace kv::prueba {
 namespace {

@@ -5,14 +5,14 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "db/ado/ConexionAdo.h"
-#include "db/ado/FabricaAdo.h"
-#include "db/ado/Variante.h"
-#include "db/odbc/ConexionOdbc.h"
-#include "tests/com/AdoFalso.h"
-#include "tests/comun/Errores.h"
-#include "tests/comun/LeerValor.h"
-#include "tests/odbc/ContratoSqlite.h"
+#include "kvdatosart/db/ado/ConexionAdo.h"
+#include "kvdatosart/db/ado/FabricaAdo.h"
+#include "kvdatosart/db/ado/Variante.h"
+#include "kvdatosart/db/odbc/ConexionOdbc.h"
+#include "kvdatosart/tests/com/AdoFalso.h"
+#include "kvdatosart/tests/comun/Errores.h"
+#include "kvdatosart/tests/comun/LeerValor.h"
+#include "kvdatosart/tests/odbc/ContratoSqlite.h"
 
 namespace kv::prueba {
 namespace {

@@ -15,7 +15,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "db/ado/InterfacesAdo.h"
+#include "kvdatosart/db/ado/InterfacesAdo.h"
 
 namespace kv::prueba {
 namespace {

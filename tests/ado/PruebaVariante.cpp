@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "db/ado/Variante.h"
-#include "tests/comun/Errores.h"
+#include "kvdatosart/db/ado/Variante.h"
+#include "kvdatosart/tests/comun/Errores.h"
 
 namespace kv::prueba {
 namespace {

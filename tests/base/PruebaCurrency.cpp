@@ -3,9 +3,9 @@
 #include <cmath>
 #include <limits>
 
-#include "base/Currency.h"
-#include "base/TextoNumero.h"
-#include "tests/comun/Errores.h"
+#include "kvdatosart/base/Currency.h"
+#include "kvdatosart/base/TextoNumero.h"
+#include "kvdatosart/tests/comun/Errores.h"
 
 namespace kv::prueba {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "base/Fecha.h"
-#include "tests/comun/Errores.h"
+#include "kvdatosart/base/Fecha.h"
+#include "kvdatosart/tests/comun/Errores.h"
 
 namespace kv::prueba {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <new>
 
-#include "base/Valor.h"
-#include "tests/comun/Errores.h"
+#include "kvdatosart/base/Valor.h"
+#include "kvdatosart/tests/comun/Errores.h"
 
 namespace kv::prueba {
 namespace {

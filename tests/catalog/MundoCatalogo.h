@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "catalog/Lista.h"
-#include "tests/comun/BaseDemo.h"
-#include "tests/comun/EmpresaFija.h"
+#include "kvdatosart/catalog/Lista.h"
+#include "kvdatosart/tests/comun/BaseDemo.h"
+#include "kvdatosart/tests/comun/EmpresaFija.h"
 
 namespace kv::prueba {
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "catalog/Comparacion.h"
-#include "db/sqlite/ConexionSqlite.h"
+#include "kvdatosart/catalog/Comparacion.h"
+#include "kvdatosart/db/sqlite/ConexionSqlite.h"
 
 namespace kv::prueba {
 namespace {

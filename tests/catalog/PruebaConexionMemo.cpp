@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "catalog/ConexionMemo.h"
-#include "tests/catalog/MundoCatalogo.h"
-#include "tests/comun/ConexionQueFalla.h"
-#include "tests/comun/Errores.h"
+#include "kvdatosart/catalog/ConexionMemo.h"
+#include "kvdatosart/tests/catalog/MundoCatalogo.h"
+#include "kvdatosart/tests/comun/ConexionQueFalla.h"
+#include "kvdatosart/tests/comun/Errores.h"
 
 namespace kv::prueba {
 namespace {

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "catalog/Historia.h"
-#include "db/Transaccion.h"
-#include "schema/Escritor.h"
-#include "tests/catalog/MundoCatalogo.h"
-#include "tests/servidor/Azar.h"
+#include "kvdatosart/catalog/Historia.h"
+#include "kvdatosart/db/Transaccion.h"
+#include "kvdatosart/schema/Escritor.h"
+#include "kvdatosart/tests/catalog/MundoCatalogo.h"
+#include "kvdatosart/tests/servidor/Azar.h"
 
 namespace kv::prueba {
 namespace {

@@ -5,10 +5,10 @@
 #include <set>
 #include <thread>
 
-#include "db/ConexionTrazada.h"
-#include "tests/catalog/MundoCatalogo.h"
-#include "tests/comun/Errores.h"
-#include "tests/servidor/Azar.h"
+#include "kvdatosart/db/ConexionTrazada.h"
+#include "kvdatosart/tests/catalog/MundoCatalogo.h"
+#include "kvdatosart/tests/comun/Errores.h"
+#include "kvdatosart/tests/servidor/Azar.h"
 
 namespace kv::prueba {
 namespace {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "catalog/Neto.h"
-#include "tests/catalog/MundoCatalogo.h"
-#include "tests/comun/Errores.h"
+#include "kvdatosart/catalog/Neto.h"
+#include "kvdatosart/tests/catalog/MundoCatalogo.h"
+#include "kvdatosart/tests/comun/Errores.h"
 
 namespace kv::prueba {
 namespace {

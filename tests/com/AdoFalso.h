@@ -8,11 +8,11 @@
 #include <utility>
 #include <vector>
 
-#include "base/RuntimeError.h"
-#include "db/Connection.h"
-#include "db/ado/InterfacesAdo.h"
-#include "db/ado/PunteroCom.h"
-#include "db/ado/Variante.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/Connection.h"
+#include "kvdatosart/db/ado/InterfacesAdo.h"
+#include "kvdatosart/db/ado/PunteroCom.h"
+#include "kvdatosart/db/ado/Variante.h"
 
 // COM objects with ADO's interfaces before any connection of ours, whose failures go out as a provider's.
 namespace kv::prueba {

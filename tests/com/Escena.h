@@ -2,8 +2,8 @@
 
 #include <map>
 
-#include "tests/com/AdoFalso.h"
-#include "tests/com/Grabacion.h"
+#include "kvdatosart/tests/com/AdoFalso.h"
+#include "kvdatosart/tests/com/Grabacion.h"
 
 namespace kv::prueba {
 

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "base/Valor.h"
-#include "tests/comun/ConexionGuion.h"
+#include "kvdatosart/base/Valor.h"
+#include "kvdatosart/tests/comun/ConexionGuion.h"
 
 // The recorded traffic of loads: one line per event, its first letter the kind, its fields parted by tabs.
 //   C arguments...        a load starts    T            what comes next is of its price, then of its parent

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "KVDatosArt_h.h"
-#include "db/ado/PunteroCom.h"
-#include "db/ado/Variante.h"
-#include "tests/com/Grabacion.h"
+#include "kvdatosart/db/ado/PunteroCom.h"
+#include "kvdatosart/db/ado/Variante.h"
+#include "kvdatosart/tests/com/Grabacion.h"
 
 namespace kv::prueba {
 

@@ -1,4 +1,4 @@
-#include "tests/com/Registrada.h"
+#include "kvdatosart/tests/com/Registrada.h"
 
 // Every recorded load, by slot and by name in each way of passing the arguments.
 namespace kv::prueba {

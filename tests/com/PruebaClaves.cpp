@@ -2,8 +2,8 @@
 
 #include <cstdlib>
 
-#include "component/com/Registro.h"
-#include "tests/com/Llamada.h"
+#include "kvdatosart/component/com/Registro.h"
+#include "kvdatosart/tests/com/Llamada.h"
 
 namespace kv::prueba {
 namespace {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "component/com/NumeroError.h"
+#include "kvdatosart/component/com/NumeroError.h"
 
 namespace kv {
 namespace {

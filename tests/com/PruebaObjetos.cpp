@@ -1,5 +1,5 @@
-#include "component/com/ArgumentosCompletos.h"
-#include "tests/com/Registrada.h"
+#include "kvdatosart/component/com/ArgumentosCompletos.h"
+#include "kvdatosart/tests/com/Registrada.h"
 
 namespace kv::prueba {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/com/Registrada.h"
+#include "kvdatosart/tests/com/Registrada.h"
 
 // Every member of the interface: its description in the type library, its slot and its name.
 namespace kv::prueba {

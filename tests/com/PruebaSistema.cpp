@@ -9,12 +9,12 @@
 #include <string>
 #include <utility>
 
-#include "customers/clsCliente.h"
-#include "db/BibliotecaConsola.h"
-#include "db/ValoresSql.h"
-#include "db/ado/Variante.h"
-#include "tests/comun/ConexionGuion.h"
-#include "tests/comun/EmpresaFija.h"
+#include "kvdatosart/customers/clsCliente.h"
+#include "kvdatosart/db/BibliotecaConsola.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/db/ado/Variante.h"
+#include "kvdatosart/tests/comun/ConexionGuion.h"
+#include "kvdatosart/tests/comun/EmpresaFija.h"
 
 namespace kv::prueba {
 namespace {

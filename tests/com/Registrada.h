@@ -4,8 +4,8 @@
 
 #include <cstdlib>
 
-#include "tests/com/Escena.h"
-#include "tests/com/Llamada.h"
+#include "kvdatosart/tests/com/Escena.h"
+#include "kvdatosart/tests/com/Llamada.h"
 
 namespace kv::prueba {
 

@@ -3,12 +3,12 @@
 #include <fstream>
 #include <iostream>
 
-#include "component/clsDatosArt.h"
-#include "db/BibliotecaComun.h"
-#include "db/ConexionTrazada.h"
-#include "db/EmpresaTabla.h"
-#include "tests/com/Grabacion.h"
-#include "tests/comun/BaseDemo.h"
+#include "kvdatosart/component/clsDatosArt.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/db/ConexionTrazada.h"
+#include "kvdatosart/db/EmpresaTabla.h"
+#include "kvdatosart/tests/com/Grabacion.h"
+#include "kvdatosart/tests/comun/BaseDemo.h"
 
 namespace kv::prueba {
 namespace {
@@ -71,7 +71,7 @@ void Grabar(std::ostream& salida, clsDatosArt& a, int articulo, int cliente, Fec
     const std::int16_t estado = a.Cargar(articulo, cliente, dia, tarifa, 1, 2, Currency::DeEntero(vuelta % 15));
     salida << "D\tEstado\t" << Codificar(estado) << '\n';
 #define KV_PROPIEDAD(nombre, tipo) salida << "R\t" #nombre "\t" << Codificar(Valor(a.nombre)) << '\n';
-#include "component/com/Propiedades.inc"
+#include "kvdatosart/component/com/Propiedades.inc"
 #undef KV_PROPIEDAD
     salida << "T\n";
     try {

@@ -1,6 +1,6 @@
 // A recording as a script sees it, class KVPrueba.Guion: the fakes it stands on live in the script host's process.
 
-#include "tests/com/Escena.h"
+#include "kvdatosart/tests/com/Escena.h"
 
 namespace kv::prueba {
 namespace {

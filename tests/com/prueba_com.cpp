@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "tests/com/AdoFalso.h"
+#include "kvdatosart/tests/com/AdoFalso.h"
 
 namespace {
 

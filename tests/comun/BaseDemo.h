@@ -3,11 +3,11 @@
 #include <memory>
 #include <string>
 
-#include "db/sqlite/ConexionSqlite.h"
-#include "schema/Demostracion.h"
-#include "schema/Esquema.h"
-#include "tests/comun/FicheroTemporal.h"
-#include "tests/comun/LeerValor.h"
+#include "kvdatosart/db/sqlite/ConexionSqlite.h"
+#include "kvdatosart/schema/Demostracion.h"
+#include "kvdatosart/schema/Esquema.h"
+#include "kvdatosart/tests/comun/FicheroTemporal.h"
+#include "kvdatosart/tests/comun/LeerValor.h"
 
 namespace kv::prueba {
 

@@ -4,10 +4,10 @@
 
 #include <memory>
 
-#include "db/Inyectado.h"
-#include "tests/comun/ConexionGuion.h"
-#include "tests/comun/EmpresaFija.h"
-#include "tests/comun/Errores.h"
+#include "kvdatosart/db/Inyectado.h"
+#include "kvdatosart/tests/comun/ConexionGuion.h"
+#include "kvdatosart/tests/comun/EmpresaFija.h"
+#include "kvdatosart/tests/comun/Errores.h"
 
 namespace kv::prueba {
 

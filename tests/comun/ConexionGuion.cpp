@@ -1,11 +1,11 @@
-#include "tests/comun/ConexionGuion.h"
+#include "kvdatosart/tests/comun/ConexionGuion.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <exception>
 
-#include "db/Nombres.h"
+#include "kvdatosart/db/Nombres.h"
 
 namespace kv::prueba {
 namespace {

@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "base/RuntimeError.h"
-#include "db/Connection.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/Connection.h"
 
 namespace kv::prueba {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "base/RuntimeError.h"
-#include "db/ConexionTrazada.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/ConexionTrazada.h"
 
 namespace kv::prueba {
 

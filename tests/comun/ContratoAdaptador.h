@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "db/Connection.h"
-#include "db/Tokens.h"
-#include "tests/comun/Errores.h"
+#include "kvdatosart/db/Connection.h"
+#include "kvdatosart/db/Tokens.h"
+#include "kvdatosart/tests/comun/Errores.h"
 
 namespace kv::prueba {
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "db/BibliotecaComun.h"
-#include "db/cEmpresa.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/db/cEmpresa.h"
 
 namespace kv::prueba {
 

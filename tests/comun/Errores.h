@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/RuntimeError.h"
+#include "kvdatosart/base/RuntimeError.h"
 
 namespace kv::prueba {
 

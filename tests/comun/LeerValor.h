@@ -3,7 +3,7 @@
 #include <memory>
 #include <string_view>
 
-#include "db/Connection.h"
+#include "kvdatosart/db/Connection.h"
 
 namespace kv::prueba {
 

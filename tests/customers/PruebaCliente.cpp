@@ -1,7 +1,7 @@
-#include "customers/ColumnasCliente.h"
-#include "customers/clsCliente.h"
-#include "tests/comun/BaseDemo.h"
-#include "tests/comun/ConGuion.h"
+#include "kvdatosart/customers/ColumnasCliente.h"
+#include "kvdatosart/customers/clsCliente.h"
+#include "kvdatosart/tests/comun/BaseDemo.h"
+#include "kvdatosart/tests/comun/ConGuion.h"
 
 namespace kv::prueba {
 namespace {

@@ -1,10 +1,10 @@
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
-#include "db/ConexionTrazada.h"
-#include "db/EmpresaTabla.h"
-#include "tests/comun/ConexionGuion.h"
-#include "tests/comun/Errores.h"
+#include "kvdatosart/db/ConexionTrazada.h"
+#include "kvdatosart/db/EmpresaTabla.h"
+#include "kvdatosart/tests/comun/ConexionGuion.h"
+#include "kvdatosart/tests/comun/Errores.h"
 
 namespace kv::prueba {
 namespace {

@@ -5,13 +5,13 @@
 #include <ctime>
 #include <thread>
 
-#include "db/Ado.h"
-#include "db/BibliotecaComun.h"
-#include "db/Nombres.h"
-#include "db/Tokens.h"
-#include "db/ValoresSql.h"
-#include "tests/comun/Errores.h"
-#include "tests/comun/FicheroTemporal.h"
+#include "kvdatosart/db/Ado.h"
+#include "kvdatosart/db/BibliotecaComun.h"
+#include "kvdatosart/db/Nombres.h"
+#include "kvdatosart/db/Tokens.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/tests/comun/Errores.h"
+#include "kvdatosart/tests/comun/FicheroTemporal.h"
 
 namespace kv::prueba {
 namespace {

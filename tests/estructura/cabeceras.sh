@@ -3,10 +3,14 @@
 set -euo pipefail
 cd "$1"
 export compilador=$2
+incluir=$(mktemp -d)
+trap 'rm -rf "$incluir"' EXIT
+ln -s "$PWD" "$incluir/kvdatosart"
+export incluir
 
 sola() {
     local errores
-    errores=$("$compilador" -std=c++20 -fsyntax-only -I. -x c++ "$1" 2>&1) && return
+    errores=$("$compilador" -std=c++20 -fsyntax-only -I"$incluir" -x c++ "$1" 2>&1) && return
     printf '%s no compila sola:\n%s\n' "$1" "$(head -n 5 <<<"$errores")"
     return 1
 }

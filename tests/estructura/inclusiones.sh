@@ -41,7 +41,11 @@ comprobar() {
             *" $destino "*) ;;
             *) echo "$fichero incluye $incluida: $propia no puede usar $destino"; mal=1 ;;
         esac
-    done < <(sed -n 's/^#include "\(.*\)"$/\1/p' "$fichero" | grep / || true)
+    done < <(sed -n 's|^#include "kvdatosart/\(.*\)"$|\1|p' "$fichero" | grep / || true)
+    if grep -n '^#include ".*/' "$fichero" | grep -v '"kvdatosart/'; then
+        echo "$fichero: una cabecera propia empieza por kvdatosart/"
+        mal=1
+    fi
     # What a person asks knows neither how it is read nor how it is written.
     if [ "$propia" = application ] &&
         grep -nE '#include <(CLI/.*|nlohmann/.*|iostream|ostream|istream|fstream|sstream|cstdio)>' "$fichero"; then

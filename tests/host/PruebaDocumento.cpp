@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "application/Rechazo.h"
-#include "host/Anchura.h"
-#include "host/EscribirCsv.h"
-#include "host/EscribirJson.h"
-#include "host/EscribirTexto.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/host/Anchura.h"
+#include "kvdatosart/host/EscribirCsv.h"
+#include "kvdatosart/host/EscribirJson.h"
+#include "kvdatosart/host/EscribirTexto.h"
 
 namespace kv::host {
 namespace {

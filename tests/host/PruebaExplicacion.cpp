@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "application/Carga.h"
-#include "tests/comun/BaseDemo.h"
-#include "tests/comun/EmpresaFija.h"
+#include "kvdatosart/application/Carga.h"
+#include "kvdatosart/tests/comun/BaseDemo.h"
+#include "kvdatosart/tests/comun/EmpresaFija.h"
 
 namespace kv::aplicacion {
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "application/Rechazo.h"
-#include "host/Lectura.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/host/Lectura.h"
 
 namespace kv::host {
 namespace {

@@ -3,10 +3,10 @@
 #include <CLI/CLI.hpp>
 #include <set>
 
-#include "application/Revisiones.h"
-#include "host/cli/Ordenes.h"
-#include "tests/comun/BaseDemo.h"
-#include "tests/comun/EmpresaFija.h"
+#include "kvdatosart/application/Revisiones.h"
+#include "kvdatosart/host/cli/Ordenes.h"
+#include "kvdatosart/tests/comun/BaseDemo.h"
+#include "kvdatosart/tests/comun/EmpresaFija.h"
 
 namespace kv::host {
 namespace {

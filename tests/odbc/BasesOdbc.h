@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "db/odbc/ConexionOdbc.h"
+#include "kvdatosart/db/odbc/ConexionOdbc.h"
 
 namespace kv::prueba {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/comun/ContratoAdaptador.h"
+#include "kvdatosart/tests/comun/ContratoAdaptador.h"
 
 namespace kv::prueba {
 

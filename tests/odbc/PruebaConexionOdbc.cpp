@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "base/RuntimeError.h"
-#include "tests/comun/Errores.h"
-#include "tests/comun/LeerValor.h"
-#include "tests/odbc/BasesOdbc.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/tests/comun/Errores.h"
+#include "kvdatosart/tests/comun/LeerValor.h"
+#include "kvdatosart/tests/odbc/BasesOdbc.h"
 
 namespace kv::prueba {
 namespace {

@@ -1,6 +1,6 @@
-#include "tests/comun/FicheroTemporal.h"
-#include "tests/odbc/BasesOdbc.h"
-#include "tests/odbc/ContratoSqlite.h"
+#include "kvdatosart/tests/comun/FicheroTemporal.h"
+#include "kvdatosart/tests/odbc/BasesOdbc.h"
+#include "kvdatosart/tests/odbc/ContratoSqlite.h"
 
 namespace kv::prueba {
 namespace {

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "base/RuntimeError.h"
-#include "db/odbc/CadenaConexion.h"
-#include "db/odbc/FormasConocidas.h"
-#include "db/odbc/TextoAncho.h"
-#include "tests/comun/Errores.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/odbc/CadenaConexion.h"
+#include "kvdatosart/db/odbc/FormasConocidas.h"
+#include "kvdatosart/db/odbc/TextoAncho.h"
+#include "kvdatosart/tests/comun/Errores.h"
 
 namespace kv::prueba {
 namespace {

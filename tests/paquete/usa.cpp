@@ -1,12 +1,12 @@
 // Prices a line with the installed headers and libraries only.
 #include <cstdio>
 
-#include "catalog/Historia.h"
-#include "component/clsDatosArt.h"
-#include "db/EmpresaTabla.h"
-#include "db/sqlite/ConexionSqlite.h"
-#include "schema/Demostracion.h"
-#include "schema/Esquema.h"
+#include "kvdatosart/catalog/Historia.h"
+#include "kvdatosart/component/clsDatosArt.h"
+#include "kvdatosart/db/EmpresaTabla.h"
+#include "kvdatosart/db/sqlite/ConexionSqlite.h"
+#include "kvdatosart/schema/Demostracion.h"
+#include "kvdatosart/schema/Esquema.h"
 
 int main(int argc, char** argv) {
     if (argc != 2) return 2;

@@ -1,5 +1,5 @@
-#include "component/clsDatosArt.h"
-#include "tests/comun/ConGuion.h"
+#include "kvdatosart/component/clsDatosArt.h"
+#include "kvdatosart/tests/comun/ConGuion.h"
 
 namespace kv::prueba {
 namespace {

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "component/clsDatosArt.h"
-#include "tests/comun/BaseDemo.h"
-#include "tests/comun/ConexionQueFalla.h"
-#include "tests/comun/EmpresaFija.h"
-#include "tests/comun/Errores.h"
+#include "kvdatosart/component/clsDatosArt.h"
+#include "kvdatosart/tests/comun/BaseDemo.h"
+#include "kvdatosart/tests/comun/ConexionQueFalla.h"
+#include "kvdatosart/tests/comun/EmpresaFija.h"
+#include "kvdatosart/tests/comun/Errores.h"
 
 namespace kv::prueba {
 namespace {

@@ -5,12 +5,12 @@
 #include <map>
 #include <optional>
 
-#include "component/clsDatosArt.h"
-#include "db/Transaccion.h"
-#include "schema/Escritor.h"
-#include "tests/comun/BaseDemo.h"
-#include "tests/comun/ConexionQueFalla.h"
-#include "tests/comun/EmpresaFija.h"
+#include "kvdatosart/component/clsDatosArt.h"
+#include "kvdatosart/db/Transaccion.h"
+#include "kvdatosart/schema/Escritor.h"
+#include "kvdatosart/tests/comun/BaseDemo.h"
+#include "kvdatosart/tests/comun/ConexionQueFalla.h"
+#include "kvdatosart/tests/comun/EmpresaFija.h"
 
 namespace kv::prueba {
 namespace {

@@ -1,5 +1,5 @@
-#include "rules/clsClientes_Cadenas_ConvArt.h"
-#include "tests/comun/ConGuion.h"
+#include "kvdatosart/rules/clsClientes_Cadenas_ConvArt.h"
+#include "kvdatosart/tests/comun/ConGuion.h"
 
 namespace kv::prueba {
 namespace {

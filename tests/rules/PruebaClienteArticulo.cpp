@@ -1,6 +1,6 @@
-#include "db/ValoresSql.h"
-#include "rules/clsCliente_Articulo.h"
-#include "tests/comun/ConGuion.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/rules/clsCliente_Articulo.h"
+#include "kvdatosart/tests/comun/ConGuion.h"
 
 namespace kv::prueba {
 namespace {

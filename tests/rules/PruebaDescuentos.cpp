@@ -1,9 +1,9 @@
 #include <stdexcept>
 
-#include "rules/NivelesFamilia.h"
-#include "rules/clsCliente_DtosFamilias.h"
-#include "rules/clsCliente_Grp_Dtos.h"
-#include "tests/comun/ConGuion.h"
+#include "kvdatosart/rules/NivelesFamilia.h"
+#include "kvdatosart/rules/clsCliente_DtosFamilias.h"
+#include "kvdatosart/rules/clsCliente_Grp_Dtos.h"
+#include "kvdatosart/tests/comun/ConGuion.h"
 
 namespace kv::prueba {
 namespace {

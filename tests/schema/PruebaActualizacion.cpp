@@ -8,10 +8,10 @@
 #include <optional>
 #include <sstream>
 
-#include "component/clsDatosArt.h"
-#include "db/EmpresaTabla.h"
-#include "tests/comun/BaseDemo.h"
-#include "tests/comun/Errores.h"
+#include "kvdatosart/component/clsDatosArt.h"
+#include "kvdatosart/db/EmpresaTabla.h"
+#include "kvdatosart/tests/comun/BaseDemo.h"
+#include "kvdatosart/tests/comun/Errores.h"
 
 namespace kv::prueba {
 namespace {

@@ -3,11 +3,11 @@
 
 #include <map>
 
-#include "db/ConexionTrazada.h"
-#include "db/sqlite/Traduccion.h"
-#include "tests/comun/BaseDemo.h"
-#include "tests/comun/EmpresaFija.h"
-#include "tests/servidor/Escenarios.h"
+#include "kvdatosart/db/ConexionTrazada.h"
+#include "kvdatosart/db/sqlite/Traduccion.h"
+#include "kvdatosart/tests/comun/BaseDemo.h"
+#include "kvdatosart/tests/comun/EmpresaFija.h"
+#include "kvdatosart/tests/servidor/Escenarios.h"
 
 namespace kv::prueba {
 namespace {

@@ -3,11 +3,11 @@
 #include <fstream>
 #include <functional>
 
-#include "base/RuntimeError.h"
-#include "component/clsDatosArt.h"
-#include "db/EmpresaTabla.h"
-#include "tests/comun/BaseDemo.h"
-#include "tests/comun/EmpresaFija.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/component/clsDatosArt.h"
+#include "kvdatosart/db/EmpresaTabla.h"
+#include "kvdatosart/tests/comun/BaseDemo.h"
+#include "kvdatosart/tests/comun/EmpresaFija.h"
 
 namespace kv::prueba {
 namespace {

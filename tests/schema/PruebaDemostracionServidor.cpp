@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "schema/DemostracionServidor.h"
-#include "schema/Lotes.h"
-#include "tests/comun/ConexionGuion.h"
-#include "tests/comun/Errores.h"
+#include "kvdatosart/schema/DemostracionServidor.h"
+#include "kvdatosart/schema/Lotes.h"
+#include "kvdatosart/tests/comun/ConexionGuion.h"
+#include "kvdatosart/tests/comun/Errores.h"
 
 namespace kv::prueba {
 namespace {

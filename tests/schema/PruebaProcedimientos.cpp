@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "db/Transaccion.h"
-#include "rules/clsCliente_DtosFamilias.h"
-#include "rules/clsCliente_Grp_Dtos.h"
-#include "schema/Escritor.h"
-#include "tests/comun/BaseDemo.h"
-#include "tests/comun/EmpresaFija.h"
-#include "tests/servidor/Escenarios.h"
+#include "kvdatosart/db/Transaccion.h"
+#include "kvdatosart/rules/clsCliente_DtosFamilias.h"
+#include "kvdatosart/rules/clsCliente_Grp_Dtos.h"
+#include "kvdatosart/schema/Escritor.h"
+#include "kvdatosart/tests/comun/BaseDemo.h"
+#include "kvdatosart/tests/comun/EmpresaFija.h"
+#include "kvdatosart/tests/servidor/Escenarios.h"
 
 namespace kv::prueba {
 namespace {

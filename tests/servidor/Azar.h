@@ -6,7 +6,7 @@
 #include <random>
 #include <string>
 
-#include "base/Valor.h"
+#include "kvdatosart/base/Valor.h"
 
 namespace kv::prueba {
 

@@ -1,13 +1,13 @@
-#include "application/Acuerdos.h"
-#include "application/Descuentos.h"
-#include "application/Existencias.h"
-#include "application/Listados.h"
-#include "application/Precios.h"
-#include "application/Rechazo.h"
-#include "application/Revisiones.h"
-#include "application/Tarifas.h"
-#include "application/Ventas.h"
-#include "tests/servidor/Escenarios.h"
+#include "kvdatosart/application/Acuerdos.h"
+#include "kvdatosart/application/Descuentos.h"
+#include "kvdatosart/application/Existencias.h"
+#include "kvdatosart/application/Listados.h"
+#include "kvdatosart/application/Precios.h"
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/application/Revisiones.h"
+#include "kvdatosart/application/Tarifas.h"
+#include "kvdatosart/application/Ventas.h"
+#include "kvdatosart/tests/servidor/Escenarios.h"
 
 namespace kv::prueba {
 namespace {

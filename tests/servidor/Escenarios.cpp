@@ -1,21 +1,21 @@
-#include "tests/servidor/Escenarios.h"
+#include "kvdatosart/tests/servidor/Escenarios.h"
 
-#include "component/clsDatosArt.h"
-#include "customers/ColumnasCliente.h"
-#include "db/ValoresSql.h"
-#include "rules/clsCliente_Articulo.h"
-#include "rules/clsCliente_DtosFamilias.h"
-#include "rules/clsCliente_Grp_Dtos.h"
-#include "rules/clsClientes_Cadenas_ConvArt.h"
-#include "stock/clsAlmacen_Articulo.h"
-#include "tests/comun/ConexionQueFalla.h"
+#include "kvdatosart/component/clsDatosArt.h"
+#include "kvdatosart/customers/ColumnasCliente.h"
+#include "kvdatosart/db/ValoresSql.h"
+#include "kvdatosart/rules/clsCliente_Articulo.h"
+#include "kvdatosart/rules/clsCliente_DtosFamilias.h"
+#include "kvdatosart/rules/clsCliente_Grp_Dtos.h"
+#include "kvdatosart/rules/clsClientes_Cadenas_ConvArt.h"
+#include "kvdatosart/stock/clsAlmacen_Articulo.h"
+#include "kvdatosart/tests/comun/ConexionQueFalla.h"
 
 namespace kv::prueba {
 namespace {
 
 void Anotar(Respuestas& r, const std::string& prefijo, const DatosArticulo& a) {
 #define KV_PROPIEDAD(nombre, tipo) r(prefijo + #nombre, a.nombre);
-#include "component/com/Propiedades.inc"
+#include "kvdatosart/component/com/Propiedades.inc"
 #undef KV_PROPIEDAD
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/servidor/Pareja.h"
+#include "kvdatosart/tests/servidor/Pareja.h"
 
 namespace kv::prueba {
 

@@ -1,12 +1,12 @@
-#include "tests/servidor/Pareja.h"
+#include "kvdatosart/tests/servidor/Pareja.h"
 
 #include <algorithm>
 #include <cmath>
 #include <set>
 
-#include "db/EmpresaTabla.h"
-#include "db/Nombres.h"
-#include "tests/servidor/ProtocoloTds.h"
+#include "kvdatosart/db/EmpresaTabla.h"
+#include "kvdatosart/db/Nombres.h"
+#include "kvdatosart/tests/servidor/ProtocoloTds.h"
 
 namespace kv::prueba {
 namespace {

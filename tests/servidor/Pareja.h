@@ -8,11 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "base/RuntimeError.h"
-#include "db/Columnas.h"
-#include "db/Connection.h"
-#include "db/cEmpresa.h"
-#include "tests/servidor/Azar.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/Columnas.h"
+#include "kvdatosart/db/Connection.h"
+#include "kvdatosart/db/cEmpresa.h"
+#include "kvdatosart/tests/servidor/Azar.h"
 
 namespace kv::prueba {
 

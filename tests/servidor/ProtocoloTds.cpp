@@ -1,13 +1,13 @@
-#include "tests/servidor/ProtocoloTds.h"
+#include "kvdatosart/tests/servidor/ProtocoloTds.h"
 
 #include <algorithm>
 #include <bit>
 #include <cstdlib>
 #include <stdexcept>
 
-#include "db/odbc/TextoAncho.h"
-#include "schema/Esquema.h"
-#include "schema/Lotes.h"
+#include "kvdatosart/db/odbc/TextoAncho.h"
+#include "kvdatosart/schema/Esquema.h"
+#include "kvdatosart/schema/Lotes.h"
 
 namespace kv::prueba {
 namespace {

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "base/Valor.h"
-#include "db/Tokens.h"
+#include "kvdatosart/base/Valor.h"
+#include "kvdatosart/db/Tokens.h"
 
 namespace kv::prueba {
 

@@ -5,19 +5,19 @@
 #include <iostream>
 #include <stdexcept>
 
-#include "db/ConexionTrazada.h"
-#include "db/EmpresaTabla.h"
-#include "db/Nombres.h"
-#include "db/odbc/ConexionOdbc.h"
-#include "schema/DemostracionServidor.h"
-#include "schema/Lotes.h"
-#include "tests/comun/BaseDemo.h"
-#include "tests/comun/ConexionGuion.h"
-#include "tests/comun/EmpresaFija.h"
-#include "tests/comun/Errores.h"
-#include "tests/odbc/BasesOdbc.h"
-#include "tests/servidor/Escenarios.h"
-#include "tests/servidor/ServidorTds.h"
+#include "kvdatosart/db/ConexionTrazada.h"
+#include "kvdatosart/db/EmpresaTabla.h"
+#include "kvdatosart/db/Nombres.h"
+#include "kvdatosart/db/odbc/ConexionOdbc.h"
+#include "kvdatosart/schema/DemostracionServidor.h"
+#include "kvdatosart/schema/Lotes.h"
+#include "kvdatosart/tests/comun/BaseDemo.h"
+#include "kvdatosart/tests/comun/ConexionGuion.h"
+#include "kvdatosart/tests/comun/EmpresaFija.h"
+#include "kvdatosart/tests/comun/Errores.h"
+#include "kvdatosart/tests/odbc/BasesOdbc.h"
+#include "kvdatosart/tests/servidor/Escenarios.h"
+#include "kvdatosart/tests/servidor/ServidorTds.h"
 
 namespace kv::prueba {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/servidor/ServidorTds.h"
+#include "kvdatosart/tests/servidor/ServidorTds.h"
 
 #include <arpa/inet.h>
 #include <sys/socket.h>
@@ -7,10 +7,10 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "base/RuntimeError.h"
-#include "db/Nombres.h"
-#include "schema/Esquema.h"
-#include "schema/Lotes.h"
+#include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/db/Nombres.h"
+#include "kvdatosart/schema/Esquema.h"
+#include "kvdatosart/schema/Lotes.h"
 
 namespace kv::prueba {
 namespace {

@@ -7,8 +7,8 @@
 #include <thread>
 #include <vector>
 
-#include "db/Connection.h"
-#include "tests/servidor/ProtocoloTds.h"
+#include "kvdatosart/db/Connection.h"
+#include "kvdatosart/tests/servidor/ProtocoloTds.h"
 
 namespace kv::prueba {
 

@@ -8,10 +8,10 @@
 #include <set>
 #include <thread>
 
-#include "db/sqlite/ConexionSqlite.h"
-#include "tests/comun/Errores.h"
-#include "tests/comun/FicheroTemporal.h"
-#include "tests/comun/LeerValor.h"
+#include "kvdatosart/db/sqlite/ConexionSqlite.h"
+#include "kvdatosart/tests/comun/Errores.h"
+#include "kvdatosart/tests/comun/FicheroTemporal.h"
+#include "kvdatosart/tests/comun/LeerValor.h"
 
 namespace kv::prueba {
 namespace {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "db/sqlite/Plantilla.h"
-#include "db/sqlite/Traduccion.h"
-#include "tests/comun/Errores.h"
+#include "kvdatosart/db/sqlite/Plantilla.h"
+#include "kvdatosart/db/sqlite/Traduccion.h"
+#include "kvdatosart/tests/comun/Errores.h"
 
 namespace kv::prueba {
 namespace {

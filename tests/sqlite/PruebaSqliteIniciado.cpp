@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
-#include "db/sqlite/ConexionSqlite.h"
-#include "tests/comun/FicheroTemporal.h"
-#include "tests/comun/LeerValor.h"
+#include "kvdatosart/db/sqlite/ConexionSqlite.h"
+#include "kvdatosart/tests/comun/FicheroTemporal.h"
+#include "kvdatosart/tests/comun/LeerValor.h"
 
 namespace kv::prueba {
 namespace {

@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <functional>
 
-#include "stock/clsAlmacen_Articulo.h"
-#include "tests/comun/ConGuion.h"
+#include "kvdatosart/stock/clsAlmacen_Articulo.h"
+#include "kvdatosart/tests/comun/ConGuion.h"
 
 namespace kv::prueba {
 namespace {

@@ -6,10 +6,10 @@
 #include <cmath>
 #include <csignal>
 
-#include "db/Transaccion.h"
-#include "stock/clsAlmacen_Articulo.h"
-#include "tests/comun/BaseDemo.h"
-#include "tests/comun/EmpresaFija.h"
+#include "kvdatosart/db/Transaccion.h"
+#include "kvdatosart/stock/clsAlmacen_Articulo.h"
+#include "kvdatosart/tests/comun/BaseDemo.h"
+#include "kvdatosart/tests/comun/EmpresaFija.h"
 
 namespace kv::prueba {
 namespace {
