@@ -7,7 +7,7 @@
 namespace kv::aplicacion {
 namespace {
 
-/// How the embedded engine begins a text, and what it means.
+/// How the embedded engine, or the system below it, begins a text, and what it means.
 struct Sintoma {
     std::string_view empieza;
     std::string_view cuenta;
@@ -23,7 +23,11 @@ constexpr Sintoma kSintomas[] = {
     {"attempt to write a readonly database",
      "es de solo lectura o falta permiso para escribir en ella y en su carpeta"},
     {"unable to open database file", "no se puede abrir: falta permiso en ella o en su carpeta"},
-    {"disk I/O error", "el disco falla al leerla o escribirla"},
+    {"Permission denied", "no se puede abrir: falta permiso en ella o en su carpeta"},
+    {"Read-only file system", "está en un disco de solo lectura"},
+    {"No such file or directory", "no se puede crear: su carpeta no existe"},
+    {"No space left on device", "no cabe: el disco está lleno"},
+    {"disk I/O error", "no se puede leer o escribir: el disco falla o está lleno"},
     {"CHECK constraint failed", "no admite esos datos"},
     {"FOREIGN KEY constraint failed", "no admite esos datos"},
     {"NOT NULL constraint failed", "no admite esos datos"},
@@ -40,22 +44,24 @@ std::string SinSentencia(const std::string& descripcion) {
     return descripcion.substr(0, descripcion.find("; sentencia: "));
 }
 
-// What the engine said when the file was opened follows the adapter's own words.
-std::string DelMotor(const std::string& descripcion) {
-    constexpr std::string_view kAlAbrir = "» no se puede leer: ";
-    const auto pos = descripcion.find(kAlAbrir);
-    return pos == std::string::npos ? descripcion : descripcion.substr(pos + kAlAbrir.size());
+// What was said when the file was opened follows the adapter's own words.
+std::string Causa(const std::string& descripcion) {
+    for (const std::string_view palabras : {"» no se puede leer: ", "»: "}) {
+        const auto pos = descripcion.find(palabras);
+        if (EsNuestro(descripcion) && pos != std::string::npos) return descripcion.substr(pos + palabras.size());
+    }
+    return descripcion;
 }
 
 std::string Contar(const OrigenBase& origen, const RuntimeError& error) {
-    const std::string descripcion = DelMotor(error.descripcion);
-    if (EsNuestro(descripcion)) return descripcion;
+    const std::string causa = Causa(error.descripcion);
     const std::string base = origen.fichero.empty() ? "la base del servidor" : "«" + origen.fichero + "»";
     if (!origen.fichero.empty())
         for (const Sintoma& sintoma : kSintomas)
-            if (descripcion.starts_with(sintoma.empieza))
-                return base + " " + std::string(sintoma.cuenta) + " (" + SinSentencia(descripcion) + ")";
-    return base + " ha fallado: " + error.origen + ": error " + std::to_string(error.numero) + ": " + descripcion;
+            if (causa.starts_with(sintoma.empieza))
+                return base + " " + std::string(sintoma.cuenta) + " (" + SinSentencia(causa) + ")";
+    if (EsNuestro(error.descripcion)) return error.descripcion;
+    return base + " ha fallado: " + error.origen + ": error " + std::to_string(error.numero) + ": " + error.descripcion;
 }
 
 }  // namespace

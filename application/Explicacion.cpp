@@ -84,7 +84,7 @@ void Explicacion::Tarifa(const TarifaProbada& tarifa) {
     r.porCualidad = tarifa.porCualidad;
     if (tarifa.hallada) {
         r.paso.importe = tarifa.pvp;
-        r.paso.resultado = {"hallada: {}", {tarifa.pvp}};
+        r.paso.resultado = {"hallada: {$}", {tarifa.pvp}};
         return;
     }
     r.duda = tarifa.programada ? Duda::Cambio : Duda::Tarifa;
@@ -135,7 +135,7 @@ void Explicacion::DescuentoFallido(FuenteDescuento fuente, std::string_view proc
 void Explicacion::NodoBase(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, Currency base) {
     preguntadaCadena_ = true;
     NuevoNodo("Acuerdo: precio base", nodo, acuerdo,
-              base == Currency() ? Frase{"sin precio base"} : Frase{"hallado: {}", {base}})
+              base == Currency() ? Frase{"sin precio base"} : Frase{"hallado: {$}", {base}})
         .paso.importe = base == Currency() ? Valor(Nulo{}) : Valor(base);
 }
 
@@ -163,17 +163,17 @@ void Explicacion::DescuentoCadena(const DescuentoAplicado& d) {
     r.paso.antes = d.antes;
     r.paso.despues = d.despues;
     r.paso.importe = d.importe;
-    r.paso.resultado = {"quita {}, redondeado {}", {d.sinRedondear, d.redondeado}};
+    r.paso.resultado = {"quita {$}, redondeado {$}", {d.sinRedondear, d.redondeado}};
     switch (d.tipo) {
         case kDtoPorcentaje:
-            r.paso.clave = {d.cascada ? "{} % en cascada sobre {}" : "{} % sobre {}", {d.importe, d.base}};
+            r.paso.clave = {d.cascada ? "{} % en cascada sobre {$}" : "{} % sobre {$}", {d.importe, d.base}};
             break;
         case kDtoImporte:
-            r.paso.clave = {"importe {}", {d.importe}};
+            r.paso.clave = {"importe {$}", {d.importe}};
             break;
         case kDtoOferta:
             r.paso.clave = {"oferta {} + {} gratis", {d.importe, d.cantidad}};
-            r.paso.resultado.texto = "precio {}, redondeado {}";
+            r.paso.resultado.texto = "precio {$}, redondeado {$}";
             break;
         default:
             r.paso.clave = {"clase " + std::to_string(d.tipo)};

@@ -102,10 +102,10 @@ void DocumentarExplicacion(Documento& d, const std::vector<aplicacion::PasoExpli
     const char separador = d.Separador();
     for (const auto& paso : pasos) {
         if (paso.decide) gente.destacada = gente.tabla.filas.size();
-        gente.tabla.filas.push_back(
-            {paso.fuente, paso.clave.Con(separador), paso.resultado.Con(separador), paso.antes, paso.despues});
-        programas.tabla.filas.push_back({paso.fuente, paso.clave.Con('.'), paso.tarifa, paso.nodo, paso.importe,
-                                         paso.resultado.Con('.'), paso.antes, paso.despues, paso.decide});
+        gente.tabla.filas.push_back({paso.fuente, paso.clave.ParaGente(separador), paso.resultado.ParaGente(separador),
+                                     paso.antes, paso.despues});
+        programas.tabla.filas.push_back({paso.fuente, paso.clave.ParaProgramas(), paso.tarifa, paso.nodo, paso.importe,
+                                         paso.resultado.ParaProgramas(), paso.antes, paso.despues, paso.decide});
     }
     d.Anadir(std::move(gente));
     d.Anadir(std::move(programas));

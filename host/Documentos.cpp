@@ -1,12 +1,14 @@
 #include "kvdatosart/host/Documentos.h"
 
+#include <algorithm>
+
 namespace kv::host {
 namespace {
 
 using aplicacion::ColumnaTabla;
 using C = aplicacion::ClaseDato;
 
-// For people, the discounts of an agreement, mostly fewer than five, are one column.
+// For people, the discounts of an agreement, mostly fewer than five, are one column, with their own decimal separator.
 constexpr ColumnaTabla kAcuerdosParaGente[] = {
     {"", "nodo", "Nodo"},
     {"", "desde", "Desde", C::Fecha},
@@ -23,6 +25,7 @@ void DocumentarAcuerdos(Documento& d, const aplicacion::Tabla& acuerdos) {
         for (std::size_t i = 0; i < fila.size(); ++i)
             if (acuerdos.columnas[i].clave.starts_with("dto") && !EsNulo(fila[i]))
                 descuentos += (descuentos.empty() ? "" : ", ") + AString(fila[i], '.');
+        std::replace(descuentos.begin(), descuentos.end(), '.', d.Separador());
         gente.tabla.filas.push_back({fila.at(0), fila.at(1), fila.at(2), fila.at(3), descuentos, fila.back()});
     }
     d.Anadir(std::move(gente));

@@ -1,7 +1,9 @@
 #include "kvdatosart/host/EscribirTexto.h"
 
 #include <algorithm>
+#include <cmath>
 
+#include "kvdatosart/application/Frase.h"
 #include "kvdatosart/base/RuntimeError.h"
 #include "kvdatosart/host/Anchura.h"
 
@@ -216,21 +218,18 @@ class Escritor {
     bool trasListado_ = false;
 };
 
-// An amount of 24.5 reads 24.50: people compare them by their length.
-std::string ConDosDecimales(std::string numero) {
-    if (numero.find_first_not_of("-0123456789.") != std::string::npos) return numero;
-    const std::size_t punto = numero.find('.');
-    if (punto == std::string::npos) return numero + ".00";
-    return numero.size() - punto == 2 ? numero + '0' : numero;
+bool EsInfinito(const Valor& valor) {
+    const double* const numero = std::get_if<double>(&valor);
+    return numero != nullptr && !std::isfinite(*numero);
 }
 
 std::string Numero(const Valor& valor, ClaseDato clase, char separador) {
-    std::string texto = AString(valor, '.');
     if (clase == ClaseDato::Importe) try {
-            texto = ConDosDecimales(ACurrency(valor).ATexto('.').Cadena());
+            return aplicacion::ImporteParaGente(ACurrency(valor), separador);
         } catch (const RuntimeError&) {
             // Beyond money's range it shows as it is.
         }
+    std::string texto = AString(valor, '.');
     std::replace(texto.begin(), texto.end(), '.', separador);
     return texto;
 }
@@ -238,7 +237,7 @@ std::string Numero(const Valor& valor, ClaseDato clase, char separador) {
 }  // namespace
 
 std::string ValorATexto(const Valor& valor, ClaseDato clase, char separador) {
-    if (EsNulo(valor)) return "-";
+    if (EsNulo(valor) || EsInfinito(valor)) return "-";
     if (const Fecha* dia = std::get_if<Fecha>(&valor)) return EsNingunDia(*dia) ? "-" : dia->ATexto().Cadena();
     if (const std::string* texto = std::get_if<std::string>(&valor)) return texto->empty() ? "-" : Mostrable(*texto);
     if (clase == ClaseDato::Logico || std::holds_alternative<bool>(valor)) return ABoolean(valor) ? "sí" : "no";

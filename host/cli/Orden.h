@@ -51,7 +51,7 @@ class Orden {
                 Trabajo trabajo(datos->comunes, acceso);
                 accion(trabajo, datos->peticion);
             } catch (const RuntimeError& error) {
-                throw aplicacion::Averia(datos->comunes.Base(), error);
+                throw aplicacion::Averia(OHabitual(datos->comunes.base), error);
             }
         });
     }

@@ -19,6 +19,17 @@ void ExigirUnaBase(const aplicacion::OrigenBase& base, const std::string& uso) {
         aplicacion::RechazarImposible("espera", "solo es para un fichero; en un servidor decide él");
 }
 
+void AnadirBase(CLI::App& orden, std::string& fichero) {
+    Opcion(orden, "base", fichero, "FICHERO", "Fichero de la base de datos (KV_BASE si no se dice)")
+        ->group(kGrupoComun);
+}
+
+aplicacion::OrigenBase OHabitual(aplicacion::OrigenBase base) {
+    const char* const habitual = std::getenv("KV_BASE");
+    if (base.fichero.empty() && base.odbc.empty() && habitual != nullptr) base.fichero = habitual;
+    return base;
+}
+
 void AnadirTraza(CLI::App& orden, bool& traza) {
     orden.add_flag("--traza", traza, "Muestra cada sentencia enviada y su tiempo (en la salida de errores)")
         ->group(kGrupoComun);
@@ -35,8 +46,7 @@ Fecha FijarHoy(const std::optional<Fecha>& hoy) {
 }
 
 void OpcionesComunes::Anadir(CLI::App& orden) {
-    Opcion(orden, "base", base.fichero, "FICHERO", "Fichero de la base de datos (KV_BASE si no se dice)")
-        ->group(kGrupoComun);
+    AnadirBase(orden, base.fichero);
     Opcion(orden, "odbc", base.odbc, "CADENA", "Servidor, en vez de fichero: su cadena de conexión ODBC")
         ->group(kGrupoComun);
     Opcion(orden, "espera", base.espera, "SEGUNDOS", "Cuánto se espera a que otro programa suelte la base (10)",
@@ -46,13 +56,6 @@ void OpcionesComunes::Anadir(CLI::App& orden) {
     salida.Anadir(orden);
     AnadirHoy(orden, hoy);
     AnadirTraza(orden, traza);
-}
-
-aplicacion::OrigenBase OpcionesComunes::Base() const {
-    aplicacion::OrigenBase origen = base;
-    const char* const habitual = std::getenv("KV_BASE");
-    if (origen.fichero.empty() && origen.odbc.empty() && habitual != nullptr) origen.fichero = habitual;
-    return origen;
 }
 
 Trabajo::Trabajo(const OpcionesComunes& opciones, aplicacion::Acceso acceso)
@@ -65,7 +68,7 @@ Trabajo::~Trabajo() = default;
 
 aplicacion::Sesion Trabajo::Abrir(const OpcionesComunes& opciones, aplicacion::Acceso acceso) {
     salida_.Exigir();
-    const aplicacion::OrigenBase base = opciones.Base();
+    const aplicacion::OrigenBase base = OHabitual(opciones.base);
     ExigirUnaBase(base, "{base} FICHERO");
     std::shared_ptr<Connection> conexion = AbrirBase(base, acceso, [fichero = base.fichero] {
         std::cerr << "kvdatosart: esperando a que otro programa suelte «" << fichero << "»...\n";

@@ -26,9 +26,12 @@ struct OpcionesComunes {
 
     /// Adds them to a command.
     void Anadir(CLI::App& orden);
-    /// The database that they name, or the environment's KV_BASE when they name none.
-    aplicacion::OrigenBase Base() const;
 };
+
+/// Adds --base.
+void AnadirBase(CLI::App& orden, std::string& fichero);
+/// What the options name, or the environment's KV_BASE when they name none.
+aplicacion::OrigenBase OHabitual(aplicacion::OrigenBase base);
 
 /// Rechazo unless exactly one of both names a database; `uso` is how the command takes the file.
 void ExigirUnaBase(const aplicacion::OrigenBase& base, const std::string& uso);

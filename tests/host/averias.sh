@@ -11,11 +11,13 @@ falla() {
     echo "FALLA: $*"
     fallos=$((fallos + 1))
 }
+# What the program is run by.
+delante=()
 # es CODE TEXT ARGUMENT...: the exit code and a text of its only line.
 es() {
     local codigo=$1 texto=$2 salida real
     shift 2
-    salida=$("$programa" "$@" 2>&1 </dev/null)
+    salida=$("${delante[@]}" "$programa" "$@" 2>&1 </dev/null)
     real=$?
     [ "$real" -eq "$codigo" ] && [[ "$salida" == *"$texto"* && "$salida" != *$'\n'* ]] ||
         falla "$* (esperado $codigo con «$texto»; real $real: $salida)"
@@ -57,11 +59,43 @@ es 3 '«texto.kv» no es una base de datos' cargar --base texto.kv --articulo 1 
 head -c 50000 muerta.kv >rota.kv
 es 3 '«rota.kv» está dañada; hace falta una copia de seguridad (database disk image is malformed)' revisar --base rota.kv
 es 2 '--espera: solo es para un fichero' cargar --odbc DSN=x --espera 1 --articulo 1 --cliente 1
-if [ "$(id -u)" -eq 0 ] && mkdir lleno && mount -t tmpfs -o size=300k none lleno 2>/dev/null; then
-    es 3 '«lleno/llena.kv» no cabe más: el disco está lleno' crear-demo lleno/llena.kv
-    [ -z "$(ls lleno)" ] || falla "ha quedado $(ls lleno)"
-    umount lleno
-fi
+# A file that may not grow: what is half made goes.
+delante=(bash -c 'trap "" XFSZ; ulimit -f 300; exec "$@"' _)
+es 3 '«corta.kv» no se puede leer o escribir: el disco falla o está lleno (disk I/O error' crear-demo corta.kv
+[ -z "$(ls corta.kv* 2>/dev/null)" ] || falla "ha quedado $(ls corta.kv*)"
+
+# Nobody's permissions; root has all of them.
+cp muerta.kv prohibida.kv
+cp "$programa" copia
+chmod 000 prohibida.kv
+chmod 555 .
+delante=()
+[ "$(id -u)" -ne 0 ] || delante=(setpriv --reuid=65534 --regid=65534 --clear-groups)
+de_todos=$programa
+programa=$carpeta/copia
+es 3 '«prohibida.kv» no se puede abrir: falta permiso en ella o en su carpeta (' cargar --base prohibida.kv --articulo 1 --cliente 1
+es 3 '«muerta.kv» es de solo lectura o falta permiso para escribir' stock bloquear --base muerta.kv --articulo 106
+es 3 '«nueva.kv» no se puede abrir: falta permiso en ella o en su carpeta (Permission denied)' crear-demo nueva.kv
+es 3 '«prohibida.kv» no se puede abrir: falta permiso' actualizar --base prohibida.kv
+chmod 755 .
+programa=$de_todos
+delante=()
+
+# Another program that holds the base.
+bloquear=(stock bloquear --base muerta.kv --articulo 106)
+coproc OTRO { sqlite3 muerta.kv; }
+echo 'BEGIN IMMEDIATE; SELECT 1;' >&"${OTRO[1]}"
+read -r _ <&"${OTRO[0]}"
+es 3 '«muerta.kv» la está usando otro programa; se vuelve a probar cuando acabe, o se le espera más con --espera (database is locked' "${bloquear[@]}" --espera 0
+"$programa" "${bloquear[@]}" --espera 60 >salida.txt 2>error.txt &
+esperando=$!
+vueltas=0
+until [ -s error.txt ] || [ $((vueltas += 1)) -gt 500 ]; do sleep 0.01; done
+[ "$(cat error.txt)" = 'kvdatosart: esperando a que otro programa suelte «muerta.kv»...' ] || falla "al esperar dice: $(cat error.txt)"
+echo 'COMMIT;' >&"${OTRO[1]}"
+wait "$esperando" && grep -q ' sí ' salida.txt || falla "suelta la base, no sigue: $(cat salida.txt error.txt)"
+exec {OTRO[1]}>&-
+wait "$OTRO_PID"
 
 echo "$fallos failed"
 [ "$fallos" -eq 0 ]

@@ -30,7 +30,7 @@ manana=$(date -d '+40 days' +%d/%m/%Y)
 
 caso 0 'Creada la base' crear-demo demo.kv
 caso 3 'ya existe y no se toca' crear-demo demo.kv
-caso 3 'No se puede abrir «/no/hay' crear-demo /no/hay/demo.kv
+caso 3 '«/no/hay/demo.kv» no se puede crear: su carpeta no existe (No such' crear-demo /no/hay/demo.kv
 caso 0 'Precio      24.50' devpvp "${b[@]}" --articulo 102 --tarifa 1
 caso 0 '"precio": 26.9' devpvp "${b[@]}" --articulo 102 --tarifa 1 --fecha "$manana" --json
 caso 0 '|SELECT TOP 1 Cod_Tarifa, Pvp FROM Tarifas_Modificacion WHERE' \
@@ -60,7 +60,7 @@ caso 0 'oferta 5 + 1 gratis' cargar "${b[@]}" --articulo 113 --cliente 11 --expl
 caso 0 'lo sustituye: Precio del cliente' cargar "${b[@]}" --articulo 106 --cliente 3 --explica
 caso 0 'fuera de sus fechas' cargar "${b[@]}" --articulo 101 --cliente 3 --explica
 caso 0 '1 descuento vigente (acuerdo desde el 01/01/2024)' cargar "${b[@]}" --articulo 113 --cliente 11 --explica
-caso 0 'hallado: 255 (acuerdo del 01/01/2024 al ' cargar "${b[@]}" --articulo 116 --cliente 20 --explica
+caso 0 'hallado: 255.00 (acuerdo del 01/01/2024 al ' cargar "${b[@]}" --articulo 116 --cliente 20 --explica
 caso 0 'acuerdo fuera de sus fechas: desde el 01/01/2024' \
     cargar "${b[@]}" --articulo 113 --cliente 11 --fecha 1/1/2023 --explica
 caso 0 'Padre de venta              119' cargar "${b[@]}" --articulo 118 --cliente 1 --padre
@@ -127,7 +127,8 @@ caso 0 'Actualizada la base «vieja.kv»' actualizar --base vieja.kv
 caso 0 'La base «vieja.kv» ya está al día' actualizar --base vieja.kv
 caso 0 'oferta 5 + 1 gratis' cargar --base vieja.kv --articulo 113 --cliente 11 --explica
 caso 3 '«nohay.kv» no existe' actualizar --base nohay.kv
-caso 2 'falta --base' actualizar
+caso 2 'falta --base FICHERO' actualizar
+KV_BASE=vieja.kv caso 0 'La base «vieja.kv» ya está al día' actualizar
 
 echo "$((casos - fallos)) passed, $fallos failed"
 [ "$fallos" -eq 0 ]
