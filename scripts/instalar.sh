@@ -9,6 +9,7 @@ paquetes() {
         windows) echo g++-mingw-w64-x86-64 g++-mingw-w64-i686 mingw-w64-tools libwine-dev wine64 wine patchelf unixodbc libsqliteodbc googletest ;;
         odbc) echo unixodbc libsqliteodbc odbc-postgresql postgresql tdsodbc ;;
         bench) echo libbenchmark-dev libsoci-dev libboost-dev valgrind ;;
+        fuzz) echo clang libclang-rt-14-dev llvm ;;
         *) echo "instalar.sh: grupo desconocido: $1" >&2; exit 2 ;;
     esac
 }

@@ -107,8 +107,8 @@ void ConexionSqlite::Actualizacion::Medir(const std::string& tabla) {
          Leer(interior_, "SELECT name, pk FROM pragma_table_info('" + tabla + "') WHERE pk > 0 ORDER BY pk"))
         clave += (clave.empty() ? "'" : " || ', ") + columna + " ' || " + EntreComillas(columna);
     for (const auto& [columna, tipo] : Columnas(Anterior(tabla))) {
-        const auto nueva =
-            std::find_if(nuevas.begin(), nuevas.end(), [&](const auto& una) { return una.first == columna; });
+        const auto nueva = std::find_if(nuevas.begin(), nuevas.end(),
+                                        [&columna = columna](const auto& una) { return una.first == columna; });
         if (nueva == nuevas.end()) {
             impedimentos_.push_back(tabla + ": la columna " + columna + " no está en la nueva");
             continue;

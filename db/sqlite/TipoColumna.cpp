@@ -47,18 +47,21 @@ TipoColumna CatalogoColumnas::Tipo(const std::vector<std::string>& tablas, const
 }
 
 const CatalogoColumnas::Columnas& CatalogoColumnas::DeTabla(const std::string& tabla) {
-    const auto [sitio, nueva] = tablas_.try_emplace(Minusculas(tabla));
-    if (!nueva) return sitio->second;
+    const std::string clave = Minusculas(tabla);
+    const auto sabida = tablas_.find(clave);
+    if (sabida != tablas_.end()) return sabida->second;
     sqlite3_stmt* consulta = nullptr;
     constexpr const char* kConsulta = "SELECT name, type FROM pragma_table_info(?)";
     if (sqlite3_prepare_v2(base_, kConsulta, -1, &consulta, nullptr) != SQLITE_OK) LanzarErrorSqlite(base_, kConsulta);
     sqlite3_bind_text(consulta, 1, tabla.c_str(), -1, SQLITE_TRANSIENT);
+    Columnas columnas;
     while (sqlite3_step(consulta) == SQLITE_ROW) {
         const auto texto = [&](int i) { return reinterpret_cast<const char*>(sqlite3_column_text(consulta, i)); };
-        sitio->second.emplace(Minusculas(texto(0)), LeerTipoColumna(texto(1)));
+        columnas.emplace(Minusculas(texto(0)), LeerTipoColumna(texto(1)));
     }
-    sqlite3_finalize(consulta);
-    return sitio->second;
+    // A table that could not be read now is not remembered as one without columns.
+    if (sqlite3_finalize(consulta) != SQLITE_OK) LanzarErrorSqlite(base_, kConsulta);
+    return tablas_.emplace(clave, std::move(columnas)).first->second;
 }
 
 }  // namespace kv

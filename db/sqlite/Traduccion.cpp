@@ -13,10 +13,11 @@ class Traductor {
 
     Traduccion Traducir() {
         for (Token token = lector_.Siguiente(); token.tipo != Token::Tipo::Fin; token = lector_.Siguiente()) {
+            CopiarHueco(token.texto.data());
             Copiar(token);
             Recordar(token);
         }
-        resultado_.texto.append(texto_.substr(copiado_));
+        CopiarHueco(texto_.data() + texto_.size());
         if (!limites_.empty()) CerrarLimite();
         return std::move(resultado_);
     }
@@ -29,7 +30,15 @@ class Traductor {
 
     const char* Fin(const Token& token) const { return token.texto.data() + token.texto.size(); }
 
-    // Copies what stands before the token and the token itself, or what takes its place.
+    // What stands before a token. A comment becomes a blank: for SQLite one within another would end before it does.
+    void CopiarHueco(const char* fin) {
+        const auto hasta = static_cast<std::size_t>(fin - texto_.data());
+        const std::string_view hueco = texto_.substr(copiado_, hasta - copiado_);
+        resultado_.texto.append(hueco.find_first_of("-/") == std::string_view::npos ? hueco : " ");
+        copiado_ = hasta;
+    }
+
+    // Copies the token, or what takes its place.
     void Copiar(Token& token) {
         if (EsLiteralSiguiente(token)) {
             resultado_.destinos.push_back({ColumnaDeLiteral()});

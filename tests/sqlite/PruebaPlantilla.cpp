@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
+#include "kvdatosart/base/RuntimeError.h"
 #include "kvdatosart/db/sqlite/Plantilla.h"
+#include "kvdatosart/db/sqlite/TipoColumna.h"
 #include "kvdatosart/db/sqlite/Traduccion.h"
 #include "kvdatosart/tests/comun/Errores.h"
 
@@ -28,7 +31,7 @@ TEST(Traduccion, LevantaLosLiteralesQueCambianYSabeSuColumna) {
         {"SELECT A FROM T WHERE (10 <= B AND B >= 10) OR C LIKE 'x%'",
          "SELECT A FROM T WHERE (10 <= B AND B >= ?) OR C LIKE 'x%'", "B=10 "},
         {"SELECT A AS T1 FROM T1 a WHERE a.B1 = c.D2", "SELECT A AS T1 FROM T1 a WHERE a.B1 = c.D2", ""},
-        {"SELECT A FROM T WHERE B = -C AND D =--5\n 6", "SELECT A FROM T WHERE B = -C AND D =--5\n ?", "D=6 "},
+        {"SELECT A FROM T WHERE B = -C AND D =--5\n 6", "SELECT A FROM T WHERE B = -C AND D = ?", "D=6 "},
         {"SELECT * FROM T WHERE A IN (SELECT TOP (1) A FROM T WHERE B > 3 ORDER BY A ASC) AND C =1",
          "SELECT * FROM T WHERE A IN (SELECT  A FROM T WHERE B > ? ORDER BY A ASC LIMIT 1) AND C =?", "B=3 C=1 "},
         {"SELECT TOP 2 A FROM T WHERE A =(SELECT TOP 3 B FROM U)",
@@ -67,6 +70,19 @@ TEST(Plantilla, CoincideSoloConSusTextos) {
           "SELECT A FROM T WHERE B =12,5 AND C ='x' ORDER BY A", "SELECT A FROM T WHERE B = AND C ='x' ORDER BY A",
           "SELECT A FROM T WHERE B =12 AND C ='x ORDER BY A", ""})
         EXPECT_FALSE(plantilla.Coincide(otro, literales)) << otro;
+}
+
+TEST(CatalogoColumnas, LoQueNoSePudoLeerNoQuedaComoTablaSinColumnas) {
+    sqlite3* base = nullptr;
+    ASSERT_EQ(SQLITE_OK, sqlite3_open(":memory:", &base));
+    const std::unique_ptr<sqlite3, int (*)(sqlite3*)> cierra(base, sqlite3_close);
+    sqlite3_exec(base, "CREATE TABLE T (Dia datetime)", nullptr, nullptr, nullptr);
+    CatalogoColumnas catalogo(base);
+    sqlite3_progress_handler(
+        base, 1, [](void*) { return 1; }, nullptr);
+    EXPECT_THROW(catalogo.Tipo({"T"}, "Dia"), RuntimeError);
+    sqlite3_progress_handler(base, 0, nullptr, nullptr);
+    EXPECT_EQ(TipoColumna::Fecha, catalogo.Tipo({"T"}, "Dia"));
 }
 
 }  // namespace
