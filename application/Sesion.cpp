@@ -1,9 +1,14 @@
 #include "kvdatosart/application/Sesion.h"
 
 #include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/catalog/Tasacion.h"
 #include "kvdatosart/db/EmpresaTabla.h"
 
 namespace kv::aplicacion {
+
+kv::Puesto Sesion::EnPuesto() const {
+    return {conexion_, empresa_};
+}
 
 bool Sesion::Hay(std::string_view sql) const {
     std::unique_ptr<Recordset> rs;

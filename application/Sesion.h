@@ -8,6 +8,10 @@
 #include "kvdatosart/db/Connection.h"
 #include "kvdatosart/db/cEmpresa.h"
 
+namespace kv {
+struct Puesto;
+}
+
 namespace kv::aplicacion {
 
 /// Where and when a person asks: an open database, a company and a day that stays the same while the session lasts.
@@ -28,6 +32,9 @@ class Sesion {
         objeto.Conexion(conexion_);
         objeto.cEmpresa(empresa_);
     }
+
+    /// Where the price lists and histories of this session are made.
+    kv::Puesto EnPuesto() const;
 
     /// Whether a query has a row.
     bool Hay(std::string_view sql) const;

@@ -5,6 +5,7 @@
 #include "kvdatosart/application/Clientes.h"
 #include "kvdatosart/application/Descuentos.h"
 #include "kvdatosart/application/Existencias.h"
+#include "kvdatosart/application/Historias.h"
 #include "kvdatosart/application/Listados.h"
 #include "kvdatosart/application/Precios.h"
 #include "kvdatosart/application/Revisiones.h"
@@ -18,6 +19,7 @@ namespace kv::host {
 
 void Documentar(Documento& d, const aplicacion::RespuestaPvp& pvp);
 void Documentar(Documento& d, const aplicacion::RespuestaCarga& carga);
+void Documentar(Documento& d, const aplicacion::RespuestaHistoria& historia);
 void Documentar(Documento& d, const aplicacion::RespuestaExistencias& existencias);
 void Documentar(Documento& d, const aplicacion::RespuestaMovimiento& movimiento);
 void Documentar(Documento& d, const aplicacion::RespuestaCliente& cliente);

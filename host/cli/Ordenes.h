@@ -12,6 +12,7 @@ namespace kv::host {
 void AnadirCrearDemo(CLI::App& programa);
 void AnadirDevPvp(CLI::App& programa);
 void AnadirCargar(CLI::App& programa);
+void AnadirHistoria(CLI::App& programa);
 void AnadirCliente(CLI::App& programa);
 void AnadirPrecios(CLI::App& programa);
 void AnadirDescuentos(CLI::App& programa);

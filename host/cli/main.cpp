@@ -88,6 +88,7 @@ int main(int argc, char** argv) {
     kv::host::AnadirCrearDemo(programa);
     kv::host::AnadirDevPvp(programa);
     kv::host::AnadirCargar(programa);
+    kv::host::AnadirHistoria(programa);
     kv::host::AnadirCliente(programa);
     kv::host::AnadirPrecios(programa);
     kv::host::AnadirDescuentos(programa);

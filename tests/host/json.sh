@@ -48,6 +48,8 @@ caso 'actualizar' actualizar --base demo.kv
 caso 'devpvp' devpvp --articulo 101 --tarifa 1
 caso 'cargar' cargar --articulo 101 --cliente 1
 caso 'cargar|cargar --padre (then also)|cargar --explica (then also)' cargar --articulo 118 --cliente 1 --padre --explica
+caso 'historia' historia --articulo 102 --cliente 1
+caso 'historia --svg (then also)|historia' historia --articulo 102 --cliente 1 --svg h.svg
 cliente='cliente ver, primero, ultimo, anterior, siguiente'
 caso "$cliente" cliente ver --codigo 4
 caso "$cliente" cliente primero

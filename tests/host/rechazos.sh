@@ -70,6 +70,10 @@ probar() {
     no 1 'no existe el almacén 9' ventas acumular --articulo 106 --cliente 3 --unidades 1 --importe 1 --almacen 9
     no 1 'no existe la tarifa 99' cargar --articulo 106 --cliente 3 --tarifa 99
     no 1 'no existe la tarifa 99' devpvp --articulo 106 --tarifa 99
+    no 1 'no existe el artículo 9999' historia --articulo 9999 --cliente 3
+    no 1 'no existe el cliente 999' historia --articulo 106 --cliente 999
+    no 1 'no existe el almacén 9' historia --articulo 106 --cliente 3 --almacen 9
+    no 1 'no existe la tarifa 99' historia --articulo 106 --cliente 3 --tarifa 99
     for orden in 'mover --tipo compra --unidades 1' bloquear desbloquear 'coste --coste 1' 'pendiente --servir 1' 'ubicacion --unidades 1'; do
         # shellcheck disable=SC2086
         no 1 'no existe el artículo 9999' stock $orden --articulo 9999
@@ -95,6 +99,8 @@ probar() {
     no 2 '--dto: caben cinco descuentos' acuerdos poner --articulo 106 --nodo 1.1 --dto importe:1 --dto importe:1 --dto importe:1 --dto importe:1 --dto importe:1 --dto importe:1
     no 2 '--hasta: el 31/12/2025 es anterior a --desde' precios poner --articulo 101 --cliente 3 --desde 1/1/2026 --hasta 31/12/2025 --precio 1
     no 2 '--hasta: el 31/12/2025 es anterior a --desde' acuerdos poner --articulo 106 --nodo 1.1 --desde 1/1/2026 --hasta 31/12/2025
+    no 2 '--hasta: el 31/12/2025 es anterior a --desde' historia --articulo 106 --cliente 3 --desde 1/1/2026 --hasta 31/12/2025
+    no 2 '--hasta: el 31/12/2025 ya ha pasado; se espera también --desde' historia --articulo 106 --cliente 3 --hasta 31/12/2025
     no 2 '--maximo: «4.5» es menor que --minimo' dto-grupo poner --grupo 1 --clave 0-1-1-0-0 --minimo 5 --maximo 4,5 --descuento 1
     no 2 '--minimo: «-1» no vale' dto-grupo poner --grupo 1 --clave 0-1-1-0-0 --minimo=-1 --descuento 1
     no 2 'no casa artículo y familias; se espera «111-4-1-1-1»' dto-grupo poner --grupo 1 --clave 111-4-1-1-2 --descuento 1

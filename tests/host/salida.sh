@@ -62,6 +62,18 @@ comprobar 'tubería cerrada al leer' '0 ' "$(cat codigo.txt) $(cat error.txt)"
 "$programa" "${cargar[@]}" >&- 2>error.txt
 comprobar 'sin salida' '3 kvdatosart: no se puede escribir en la salida: está cerrada' "$? $(cat error.txt)"
 
+# A file besides the answer: whole or as it was.
+historia=(historia --base demo.kv --articulo 102 --cliente 1)
+kv "${historia[@]}" --svg h.svg >/dev/null
+contiene 'el dibujo' '</svg>' "$(tail -n 1 h.svg)"
+ln -s h.svg enlace.svg
+kv "${historia[@]}" --hasta 31/12/2040 --svg enlace.svg >/dev/null
+comprobar 'se sustituye lo que nombra el enlace' 'enlace.svg 1' "$(find enlace.svg -type l) $(grep -c '<desc.*31/12/2040' h.svg)"
+for caso in '. no es un fichero' '/dev/null no es un fichero' 'no/hay.svg no se puede escribir: '; do
+    contiene "--svg ${caso%% *}" "«${caso%% *}» ${caso#* }" "$(kv "${historia[@]}" --svg "${caso%% *}")"
+done
+comprobar 'no queda nada más' 'enlace.svg h.svg' "$(echo ./*.svg* | sed 's|\./||g')"
+
 # Terminals.
 salida=$(en_terminal 60 "${cargar[@]}")
 comprobar 'en un terminal, lo que diría --ancho' "$(kv "${cargar[@]}" --ancho 60)" "$(sed 's/\x1b\[[0-9;]*m//g' <<<"$salida")"
