@@ -19,7 +19,4 @@ char SeparadorDeGente();
 /// std::runtime_error, with the reason, when it cannot be written.
 void EscribirSalida(std::string_view texto);
 
-/// From here on a reader that goes away ends neither the program nor what it is about to commit.
-void IgnorarTuberiaCerrada();
-
 }  // namespace kv::host

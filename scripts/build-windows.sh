@@ -1,10 +1,16 @@
 #!/usr/bin/env bash
-# Installs the cross compiler when it is missing and builds KVDatosArt.dll for 64 and 32 bits with its test programs.
+# Installs the cross compiler when it is missing and builds kvdatosart.exe, and KVDatosArt.dll for 64 and 32 bits with its
+# test programs.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/comun.sh"
 
-scripts/instalar.sh windows
-for preset in mingw-x86_64 mingw-i686; do
-    cmake --preset "$preset" --log-level=WARNING >/dev/null
-    cmake --build --preset "$preset" -j "$(nproc)" --target KVDatosArt kv_pruebas_com
-done
+# construir_para PRESET TARGET...
+construir_para() {
+    cmake --preset "$1" --log-level=WARNING >/dev/null
+    cmake --build --preset "$1" -j "$(nproc)" --target "${@:2}"
+}
+
+scripts/instalar.sh nativo windows
+scripts/bibliotecas-windows.sh
+construir_para mingw-programa kvdatosart
+for bits in x86_64 i686; do construir_para "mingw-$bits" KVDatosArt kv_pruebas_com; done

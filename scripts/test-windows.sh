@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
-# Records native loads and tests both DLLs under Wine with them, without a display. After build-windows.sh.
+# Records native loads and tests both DLLs under Wine with them, and kvdatosart.exe, without a display. After
+# build-windows.sh.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/comun.sh"
 . scripts/pruebas-ado.sh
+. scripts/pruebas-programa.sh
 
 scripts/instalar.sh nativo windows
 cmake --preset dev --log-level=WARNING >/dev/null
@@ -137,6 +139,10 @@ for bits in 64 32; do
     probar_ado "$bits"
     etapa "$bits bits: ejemplos"
     probar_ejemplos
+    if [ "$bits" -eq 64 ]; then
+        etapa "kvdatosart.exe"
+        probar_programa
+    fi
     parar_wine
 done
 echo "Correcto"

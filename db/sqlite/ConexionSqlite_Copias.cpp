@@ -1,65 +1,17 @@
-#include <cstdio>
-#include <filesystem>
-
 #include "kvdatosart/base/RuntimeError.h"
 #include "kvdatosart/db/sqlite/ConexionSqlite.h"
 #include "kvdatosart/db/sqlite/ErrorSqlite.h"
+#include "kvdatosart/db/sqlite/FicheroNuevo.h"
 #include "kvdatosart/db/sqlite/InteriorSqlite.h"
 
 namespace kv {
 namespace {
-
-namespace fs = std::filesystem;
 
 // Pages copied between two questions whether to go on.
 constexpr int kPaginasPorPaso = 2000;
 
 // The transaction begins to see the base with its first reading.
 constexpr const char* kVerAhora = "BEGIN; SELECT 1 FROM sqlite_schema LIMIT 1;";
-
-/// The new file while it has no name of its own yet: gone unless it was kept.
-class FicheroProvisional {
-  public:
-    explicit FicheroProvisional(const std::string& destino) : destino_(destino), ruta_(destino + ".copiando") {
-        std::error_code error;
-        if (fs::exists(destino, error)) Falla(SQLITE_CANTOPEN, destino, "ya existe y no se toca");
-        std::FILE* fichero = std::fopen(ruta_.c_str(), "wx");
-        if (fichero == nullptr && fs::exists(ruta_, error))
-            Falla(SQLITE_CANTOPEN, ruta_, "existe: otra copia está en marcha, o se cortó y hay que borrarlo");
-        if (fichero == nullptr) Falla(SQLITE_CANTOPEN, destino, "no se puede crear");
-        std::fclose(fichero);
-        // Still empty: whoever opened it before this reads nothing.
-        fs::permissions(ruta_, fs::perms::owner_read | fs::perms::owner_write, error);
-    }
-    ~FicheroProvisional() {
-        std::error_code ignorado;
-        if (!guardado_) fs::remove(ruta_, ignorado);
-    }
-    FicheroProvisional(const FicheroProvisional&) = delete;
-    FicheroProvisional& operator=(const FicheroProvisional&) = delete;
-
-    const std::string& Ruta() const { return ruta_; }
-    void ExigirSitio(std::uintmax_t bytes) const {
-        std::error_code error;
-        const std::uintmax_t libres = fs::space(ruta_, error).available;
-        if (error || libres >= bytes) return;
-        Falla(SQLITE_FULL, destino_,
-              "no cabe: la copia ocupa " + std::to_string(bytes) + " bytes y quedan " + std::to_string(libres));
-    }
-    void Guardar() {
-        fs::rename(ruta_, destino_);
-        guardado_ = true;
-    }
-
-  private:
-    [[noreturn]] static void Falla(int numero, const std::string& ruta, const std::string& motivo) {
-        throw RuntimeError(numero, "SQLite", "«" + ruta + "» " + motivo);
-    }
-
-    std::string destino_;
-    std::string ruta_;
-    bool guardado_ = false;
-};
 
 void CopiarPaginas(sqlite3* desde, sqlite3* hasta, const std::function<bool()>& sigue) {
     sqlite3_backup* copia = sqlite3_backup_init(hasta, "main", desde, "main");
@@ -102,7 +54,7 @@ std::shared_ptr<ConexionSqlite> ConexionSqlite::Temporal() {
 void ConexionSqlite::Copiar(const std::string& origen, const IdentidadBase& identidad, const std::string& destino,
                             const std::function<bool()>& sigue) {
     const auto desde = Abrir(origen, identidad, Modo::SoloLectura)->interior_;
-    FicheroProvisional fichero(destino);
+    FicheroNuevo fichero(destino, Lectores::SoloSuDueno);
     // A state that stands still: a commit of somebody else would make the copy begin again.
     desde->Guion(kVerAhora);
     const auto paginas = static_cast<std::uintmax_t>(desde->Pragma("page_count"));

@@ -1,48 +1,41 @@
 #include "kvdatosart/db/sqlite/FicheroNuevo.h"
 
-#include <fcntl.h>
 #include <sqlite3.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <sys/statvfs.h>
-#include <unistd.h>
 
-#include <cerrno>
-#include <cstdio>
-#include <filesystem>
 #include <system_error>
 
 #include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/base/Ruta.h"
 #include "kvdatosart/db/sqlite/ErrorSqlite.h"
 
 namespace kv {
 namespace {
 
-bool SonElMismo(int descriptor, const std::string& ruta) {
-    struct stat abierto {};
-    struct stat conNombre {};
-    return fstat(descriptor, &abierto) == 0 && stat(ruta.c_str(), &conNombre) == 0 &&
-           abierto.st_ino == conNombre.st_ino && abierto.st_dev == conNombre.st_dev;
-}
+namespace fs = std::filesystem;
 
 bool Existe(const std::string& ruta) {
     std::error_code error;
-    return std::filesystem::exists(ruta, error);
+    return fs::exists(RutaDe(ruta), error);
+}
+
+void Borrar(const std::string& ruta) {
+    std::error_code ignorado;
+    fs::remove(RutaDe(ruta), ignorado);
 }
 
 void BorrarDiarios(const std::string& ruta) {
-    std::error_code ignorado;
-    for (const char* final_ : {"-wal", "-shm", "-journal"}) std::filesystem::remove(ruta + final_, ignorado);
+    for (const char* final_ : {"-wal", "-shm", "-journal"}) Borrar(ruta + final_);
 }
 
 }  // namespace
 
-FicheroNuevo::FicheroNuevo(const std::string& destino) : destino_(destino), ruta_(destino + ".creando") {
+FicheroNuevo::FicheroNuevo(const std::string& destino, Lectores lectores)
+    : destino_(destino), ruta_(destino + ".creando") {
     if (Existe(destino)) FicheroNoSirve(SQLITE_CANTOPEN, destino, "ya existe y no se toca");
-    while (!Tomar()) close(descriptor_);
+    while (!Tomar(lectores)) asido_.reset();
     // Whoever held it until now has just given it its name.
     const bool yaExiste = Existe(destino);
-    if (yaExiste || ftruncate(descriptor_, 0) != 0) {
+    if (yaExiste || !asido_->Vaciar()) {
         Soltar();
         FicheroNoSirve(SQLITE_CANTOPEN, destino, yaExiste ? "ya existe y no se toca" : "no se puede crear");
     }
@@ -50,16 +43,14 @@ FicheroNuevo::FicheroNuevo(const std::string& destino) : destino_(destino), ruta
 }
 
 // False when the file that was opened lost its name before it was held: its holder ended in between.
-bool FicheroNuevo::Tomar() {
-    descriptor_ = open(ruta_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
-    if (descriptor_ < 0)
-        throw RuntimeError(SQLITE_CANTOPEN, "SQLite",
-                           "No se puede abrir «" + ruta_ + "»: " + std::generic_category().message(errno));
-    if (flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
-        close(descriptor_);
-        FicheroNoSirve(SQLITE_CANTOPEN, destino_, "se está creando ya desde otro sitio");
+bool FicheroNuevo::Tomar(Lectores lectores) {
+    try {
+        asido_.emplace(RutaDe(ruta_), lectores);
+    } catch (const std::system_error& error) {
+        throw RuntimeError(SQLITE_CANTOPEN, "SQLite", "No se puede abrir «" + ruta_ + "»: " + error.code().message());
     }
-    return SonElMismo(descriptor_, ruta_);
+    if (!asido_->Asir()) FicheroNoSirve(SQLITE_CANTOPEN, destino_, "se está creando ya desde otro sitio");
+    return asido_->TieneSuNombre();
 }
 
 FicheroNuevo::~FicheroNuevo() {
@@ -68,26 +59,28 @@ FicheroNuevo::~FicheroNuevo() {
 
 // The name goes before the lock does.
 void FicheroNuevo::Soltar() {
-    std::error_code ignorado;
     if (!guardado_) {
-        std::filesystem::remove(ruta_, ignorado);
+        Borrar(ruta_);
         BorrarDiarios(ruta_);
     }
-    close(descriptor_);
+    asido_.reset();
+}
+
+void FicheroNuevo::ExigirSitio(std::uintmax_t bytes) const {
+    std::error_code error;
+    const std::uintmax_t libres = fs::space(RutaDe(ruta_), error).available;
+    if (error || libres >= bytes) return;
+    FicheroNoSirve(SQLITE_FULL, destino_,
+                   "no cabe: la copia ocupa " + std::to_string(bytes) + " bytes y quedan " + std::to_string(libres));
 }
 
 void FicheroNuevo::Guardar() {
-    if (renameat2(AT_FDCWD, ruta_.c_str(), AT_FDCWD, destino_.c_str(), RENAME_NOREPLACE) != 0) {
-        // File systems that cannot promise it say so in this way.
-        if (errno != EINVAL || Existe(destino_)) FicheroNoSirve(SQLITE_CANTOPEN, destino_, "ya existe y no se toca");
-        std::filesystem::rename(ruta_, destino_);
+    try {
+        if (!asido_->Renombrar(RutaDe(destino_))) FicheroNoSirve(SQLITE_CANTOPEN, destino_, "ya existe y no se toca");
+    } catch (const std::system_error& error) {
+        FicheroNoSirve(SQLITE_CANTOPEN, destino_, "no se puede crear: " + error.code().message());
     }
     guardado_ = true;
-}
-
-bool EnMedioSoloLectura(const std::string& ruta) {
-    struct statvfs sistema {};
-    return statvfs(ruta.c_str(), &sistema) == 0 && (sistema.f_flag & ST_RDONLY) != 0;
 }
 
 }  // namespace kv

@@ -1,6 +1,11 @@
 #pragma once
 
+#include <cstdint>
+#include <filesystem>
+#include <optional>
 #include <string>
+
+#include "kvdatosart/db/FicheroAsido.h"
 
 namespace kv {
 
@@ -10,26 +15,25 @@ class FicheroNuevo {
   public:
     /// Empty, and held against others until the end. A database error that names `destino` when that exists, when
     /// another program is making it or when the place cannot be written.
-    explicit FicheroNuevo(const std::string& destino);
+    explicit FicheroNuevo(const std::string& destino, Lectores lectores = Lectores::LosDeSiempre);
     ~FicheroNuevo();
     FicheroNuevo(const FicheroNuevo&) = delete;
     FicheroNuevo& operator=(const FicheroNuevo&) = delete;
 
     const std::string& Ruta() const { return ruta_; }
+    /// A database error when the disk has no room for so many bytes.
+    void ExigirSitio(std::uintmax_t bytes) const;
     /// Gives the file its name, never over one that came to be meanwhile: that is an error.
     void Guardar();
 
   private:
-    bool Tomar();
+    bool Tomar(Lectores lectores);
     void Soltar();
 
     std::string destino_;
     std::string ruta_;
-    int descriptor_ = -1;
+    std::optional<FicheroAsido> asido_;
     bool guardado_ = false;
 };
-
-/// Whether the file lies on a file system that nobody can write to, whatever the permissions.
-bool EnMedioSoloLectura(const std::string& ruta);
 
 }  // namespace kv

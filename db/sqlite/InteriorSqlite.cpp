@@ -4,8 +4,9 @@
 #include <filesystem>
 
 #include "kvdatosart/base/RuntimeError.h"
+#include "kvdatosart/base/Ruta.h"
+#include "kvdatosart/db/FicheroAsido.h"
 #include "kvdatosart/db/sqlite/ErrorSqlite.h"
-#include "kvdatosart/db/sqlite/FicheroNuevo.h"
 
 namespace kv {
 namespace {
@@ -32,12 +33,14 @@ void ConfigurarUnaVez() {
 std::string UriInmutable(const std::string& ruta) {
     std::error_code error;
     for (const char* diario : {"-wal", "-journal"})
-        if (const auto bytes = fs::file_size(ruta + diario, error); !error && bytes > 0)
+        if (const auto bytes = fs::file_size(RutaDe(ruta + diario), error); !error && bytes > 0)
             FicheroNoSirve(SQLITE_CANTOPEN, ruta,
                            "está en un medio de solo lectura con un diario al lado («" + ruta + diario +
                                "») que guarda cambios: se copian los dos a otro sitio y se abre allí");
-    std::string uri = "file:";
-    for (const char c : fs::absolute(ruta).string()) {
+    const std::string completa = NombreDeRuta(fs::absolute(RutaDe(ruta)));
+    // Where a path begins with a drive, one more bar parts it from the machine's name, which is empty.
+    std::string uri = completa.starts_with('/') ? "file://" : "file:///";
+    for (const char c : completa) {
         char escapado[4];
         std::snprintf(escapado, sizeof escapado, "%%%02X", static_cast<unsigned char>(c));
         uri += c == '%' || c == '?' || c == '#' ? escapado : std::string(1, c);
@@ -64,9 +67,9 @@ std::shared_ptr<ConexionSqlite::Interior> ConexionSqlite::Interior::DeFichero(co
                                                                               std::int32_t aplicacion,
                                                                               const EsperaBloqueo& espera) {
     std::error_code error;
-    if (!fs::exists(ruta, error)) FicheroNoSirve(SQLITE_CANTOPEN, ruta, "no existe");
-    if (!fs::is_regular_file(ruta, error)) FicheroNoSirve(SQLITE_CANTOPEN, ruta, "no es un fichero");
-    const auto interior = EnMedioSoloLectura(ruta)
+    if (!fs::exists(RutaDe(ruta), error)) FicheroNoSirve(SQLITE_CANTOPEN, ruta, "no existe");
+    if (!fs::is_regular_file(RutaDe(ruta), error)) FicheroNoSirve(SQLITE_CANTOPEN, ruta, "no es un fichero");
+    const auto interior = EnMedioSoloLectura(RutaDe(ruta))
                               ? std::make_shared<Interior>(UriInmutable(ruta), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI)
                               : std::make_shared<Interior>(ruta, SQLITE_OPEN_READWRITE);
     interior->espera_ = espera;

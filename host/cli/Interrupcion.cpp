@@ -6,12 +6,20 @@
 namespace kv::host {
 namespace {
 
-constexpr std::array<int, 3> kSenales = {SIGINT, SIGTERM, SIGHUP};
+#ifdef _WIN32
+// Ctrl-Break and the window that is closed.
+constexpr int kOrdenDelTerminal = SIGBREAK;
+#else
+constexpr int kOrdenDelTerminal = SIGHUP;
+#endif
+constexpr std::array<int, 3> kSenales = {SIGINT, SIGTERM, kOrdenDelTerminal};
 
 volatile std::sig_atomic_t pedida = 0;
 
-void Anotar(int) {
+void Anotar(int senal) {
     pedida = 1;
+    // Windows forgets it with the first one.
+    std::signal(senal, Anotar);
 }
 
 }  // namespace

@@ -1,9 +1,8 @@
-#include <unistd.h>
-
 #include <chrono>
 #include <iostream>
 
 #include "kvdatosart/application/Revisiones.h"
+#include "kvdatosart/host/Terminal.h"
 #include "kvdatosart/host/cli/CodigosSalida.h"
 #include "kvdatosart/host/cli/Orden.h"
 #include "kvdatosart/host/cli/Ordenes.h"
@@ -16,7 +15,7 @@ class Progreso {
   public:
     void Mostrar(std::size_t hechas, std::size_t todas) {
         const auto pasado = std::chrono::steady_clock::now() - inicio_;
-        if (isatty(STDERR_FILENO) == 0 || pasado < std::chrono::milliseconds(700)) return;
+        if (!ErroresEnTerminal() || pasado < std::chrono::milliseconds(700)) return;
         const std::size_t lleno = hechas * 30 / todas;
         std::cerr << "\r[" << std::string(lleno, '#') << std::string(30 - lleno, ' ') << "] " << hechas << '/' << todas
                   << std::flush;

@@ -1,10 +1,10 @@
 #include "kvdatosart/host/cli/Trabajo.h"
 
 #include <CLI/CLI.hpp>
-#include <cstdlib>
 #include <iostream>
 
 #include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/host/Terminal.h"
 #include "kvdatosart/host/cli/BibliotecaPrograma.h"
 #include "kvdatosart/host/cli/Opcion.h"
 
@@ -25,8 +25,7 @@ void AnadirBase(CLI::App& orden, std::string& fichero) {
 }
 
 aplicacion::OrigenBase OHabitual(aplicacion::OrigenBase base) {
-    const char* const habitual = std::getenv("KV_BASE");
-    if (base.fichero.empty() && base.odbc.empty() && habitual != nullptr) base.fichero = habitual;
+    if (base.fichero.empty() && base.odbc.empty()) base.fichero = DelEntorno("KV_BASE");
     return base;
 }
 

@@ -10,6 +10,7 @@
 #include "kvdatosart/host/EscribirJson.h"
 #include "kvdatosart/host/Lectura.h"
 #include "kvdatosart/host/Salida.h"
+#include "kvdatosart/host/Terminal.h"
 #include "kvdatosart/host/cli/Ayuda.h"
 #include "kvdatosart/host/cli/BibliotecaPrograma.h"
 #include "kvdatosart/host/cli/CodigosSalida.h"
@@ -73,14 +74,14 @@ bool QuiereJson(int argc, const char* const* argv) {
     return std::find(argv + 1, argv + argc, std::string_view("--json")) != argv + argc;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-    kv::host::IgnorarTuberiaCerrada();
+int Programa(int argc, const char* const* argv) {
+    const kv::host::Terminal terminal;
     // Statements and answers for programs carry a point on every host.
     kv::CambiarBiblioteca(std::make_shared<kv::host::BibliotecaPrograma>());
     CLI::App programa("KVDatosArt: precio, descuentos, existencias y coste de un artículo para una línea de venta.",
                       "kvdatosart");
+    // A word that begins with '/' is a file everywhere.
+    programa.allow_windows_style_options(false);
     programa.set_help_flag("-h,--help,--ayuda", "Muestra esta ayuda y termina");
     programa.set_version_flag("--version", "kvdatosart " KV_VERSION, "Muestra la versión y termina");
     programa.footer(kPie);
@@ -121,3 +122,19 @@ int main(int argc, char** argv) {
         return Fracaso(kv::host::kBase, ConOpciones(error.what()), json);
     }
 }
+
+}  // namespace
+
+#ifdef _WIN32
+int wmain(int argc, wchar_t** argv) {
+    std::vector<std::string> textos;
+    for (int i = 0; i < argc; ++i) textos.push_back(kv::host::AUtf8(argv[i]));
+    std::vector<const char*> palabras;
+    for (const std::string& texto : textos) palabras.push_back(texto.c_str());
+    return Programa(argc, palabras.data());
+}
+#else
+int main(int argc, char** argv) {
+    return Programa(argc, argv);
+}
+#endif

@@ -106,7 +106,9 @@ caso 0 'Bloqueado' stock bloquear "${b[@]}" --articulo 106
 caso 0 'bloqueado en el almacén' cargar "${b[@]}" --articulo 106 --cliente 1
 caso 0 '"bloqueado": false' stock desbloquear "${b[@]}" --articulo 106 --json
 caso 0 '"pendienteServir": 4' stock pendiente "${b[@]}" --articulo 106 --servir 4 --json
-caso 2 'el argumento 10, tras --ubic1, no es texto UTF-8' stock ubicacion "${b[@]}" --articulo 106 --unidades 1 --ubic1 $'\xe9'
+# Windows hands over text, never bytes that are none.
+[ -n "${KV_SIN_BYTES:-}" ] ||
+    caso 2 'el argumento 10, tras --ubic1, no es texto UTF-8' stock ubicacion "${b[@]}" --articulo 106 --unidades 1 --ubic1 $'\xe9'
 caso 0 'P1' stock ubicacion "${b[@]}" --articulo 106 --unidades 5 --ubic1 P1
 caso 0 '"coste": 23.7' ventas acumular "${b[@]}" --articulo 106 --cliente 3 --unidades 30 --importe 47,1 --json
 caso 0 '"unidades": 28' ventas acumular "${b[@]}" --articulo 106 --cliente 3 --unidades -2 --importe -3 --json

@@ -142,7 +142,8 @@ TEST(Copiar, LoQueNoPuedeSer_DicePorQueYNoDejaNada) {
     EXPECT_EQ("9|SQLite|copia interrumpida", copiar(base.carpeta.Fichero("corta.kv"), false));
     EXPECT_EQ("14|SQLite|«" + base.carpeta.Fichero("hay.kv") + "» ya existe y no se toca",
               copiar(base.carpeta.Fichero("hay.kv"), true));
-    EXPECT_EQ("14|SQLite|«/proc/no/hay» no se puede crear", copiar("/proc/no/hay", true));
+    EXPECT_EQ("14|SQLite|No se puede abrir «/proc/no/hay.creando»: No such file or directory",
+              copiar("/proc/no/hay", true));
     EXPECT_EQ(2U, base.carpeta.CuantosFicheros());
     EXPECT_EQ("", copiar(base.carpeta.Fichero("corta.kv"), true));
 }

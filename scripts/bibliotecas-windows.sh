@@ -1,0 +1,69 @@
+#!/usr/bin/env bash
+# Makes build/bibliotecas-windows, what kvdatosart.exe is linked with: SQLite and utf8proc built from Debian's own
+# sources, so that both systems have one version, and the headers of those that are headers alone. A prefix of its own,
+# since the compiler must not see the rest of this machine's headers.
+set -euo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/comun.sh"
+
+destino=$raiz/build/bibliotecas-windows
+fuentes=$destino/fuentes
+# Made anew when this script says something else.
+version=$(sha256sum <scripts/bibliotecas-windows.sh)
+[ ! -e "$destino/listo" ] || [ "$(cat "$destino/listo")" != "$version" ] || exit 0
+rm -rf "$destino"
+mkdir -p "$destino"/{include,lib/pkgconfig,share/cmake,apt/lists/partial,apt/archives/partial} "$fuentes"
+
+# Lists of sources of its own: the machine's seldom have any.
+. /etc/os-release
+for lista in "debian $VERSION_CODENAME" "debian-security $VERSION_CODENAME-security"; do
+    echo "deb-src [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] http://deb.debian.org/$lista main"
+done >"$destino/apt/sources.list"
+apt=(apt-get -qq -o Dir::Etc::SourceList="$destino/apt/sources.list" -o Dir::Etc::SourceParts=-
+    -o Dir::State::lists="$destino/apt/lists" -o Dir::Cache="$destino/apt" -o APT::Sandbox::User=root)
+
+compilar() { x86_64-w64-mingw32-gcc-posix -O2 -c "$@"; }
+archivar() { x86_64-w64-mingw32-ar crs "$destino/lib/lib$1.a" "${@:2}"; }
+
+# The one big file that SQLite is compiled as, with those of Debian's settings by which our use of it can tell.
+hacer_sqlite() {
+    cd "$fuentes"/sqlite3-*/
+    ./configure --disable-shared --disable-readline
+    make -s sqlite3.c
+    compilar -DSQLITE_THREADSAFE=1 -DSQLITE_SECURE_DELETE -DSQLITE_LIKE_DOESNT_MATCH_BLOBS -DSQLITE_USE_URI \
+        -DSQLITE_OMIT_LOAD_EXTENSION sqlite3.c
+    archivar sqlite3 sqlite3.o
+    cp sqlite3.h "$destino/include"
+}
+
+hacer_utf8proc() {
+    cd "$fuentes"/utf8proc-*/
+    compilar -DUTF8PROC_STATIC utf8proc.c
+    archivar utf8proc utf8proc.o
+    cp utf8proc.h "$destino/include"
+    cat >"$destino/lib/pkgconfig/libutf8proc.pc" <<FIN
+Name: libutf8proc
+Description: UTF-8 processing
+Version: $(dpkg-parsechangelog -S Version | cut -d- -f1)
+Libs: -L$destino/lib -lutf8proc
+Cflags: -I$destino/include -DUTF8PROC_STATIC
+FIN
+}
+
+# copiar CMAKE HEADERS: a library of headers with its CMake package, which looks for them beside itself.
+copiar() {
+    cp -r "/usr/share/cmake/$1" "$destino/share/cmake"
+    cp -r "/usr/include/$2" "$destino/include"
+}
+
+# Shown only when something fails.
+registro=$raiz/build/bibliotecas-windows.log
+exec 3>&2 >"$registro" 2>&1
+trap '[ -e "$destino/listo" ] || tail -n 20 "$registro" >&3' EXIT
+"${apt[@]}" update
+(cd "$fuentes" && "${apt[@]}" source sqlite3 utf8proc)
+(hacer_sqlite)
+(hacer_utf8proc)
+copiar CLI11 CLI
+copiar nlohmann_json nlohmann
+rm -rf "$destino/apt" "$fuentes"
+echo "$version" >"$destino/listo"
