@@ -44,6 +44,7 @@ probar_programa() {
     preparar_programa
     probar_rutas
     probar_tuberia
+    KV_PROGRAMA=Z:$exe probar 'Consola.*'
     "$raiz/tests/host/transcripciones.sh" "$programa" es_ES.UTF-8
     KV_SIN_BYTES=1 "$raiz/tests/host/ordenes.sh" "$programa"
 }

@@ -1,6 +1,6 @@
 // Runs under Wine, each stage by its filter: Registrada needs the registered class and KV_GRABACION, SinRegistrar that
 // it is not registered and KV_MANIFIESTO. KV_ORIGEN names an ODBC data source over an empty SQLite file; without it
-// what needs one is skipped.
+// what needs one is skipped, and so is Consola unless KV_PROGRAMA says where kvdatosart.exe lies.
 
 #include <gtest/gtest.h>
 #include <windows.h>
