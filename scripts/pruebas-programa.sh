@@ -38,12 +38,22 @@ probar_tuberia() {
     [ "$(cat "$trabajo/codigo.txt" "$trabajo/error.txt")" = 0 ] || { cat "$trabajo/error.txt"; return 1; }
 }
 
+# probar_odbc: through odbc32 to a driver, whose database takes no session of ours, and back with what it says.
+probar_odbc() {
+    local dicho
+    preparar_odbc
+    if dicho=$("$programa" devpvp --odbc DSN=KVPrueba --articulo 1 --tarifa 1 2>&1); then return 1; fi
+    [[ "$dicho" == *'el servidor no admite los ajustes: '*'[SQLite]near "SET": syntax error'* ]] ||
+        { echo "dice $dicho"; return 1; }
+}
+
 # probar_programa: the tests of the other systems, byte by byte.
 probar_programa() {
     comprobar_programa
     preparar_programa
     probar_rutas
     probar_tuberia
+    probar_odbc
     KV_PROGRAMA=Z:$exe probar 'Consola.*'
     "$raiz/tests/host/transcripciones.sh" "$programa" es_ES.UTF-8
     KV_SIN_BYTES=1 "$raiz/tests/host/ordenes.sh" "$programa"
