@@ -77,10 +77,15 @@ Amd LeerSuelta(std::string_view resto) {
     return iso ? Amd{primero, mes, ultimo} : Amd{ultimo, mes, primero};
 }
 
-void AgregarCifras(TextoNumero& texto, int valor, int cuantas) {
-    int peso = 1;
-    for (int i = 1; i < cuantas; ++i) peso *= 10;
-    for (; peso > 0; peso /= 10) texto.Agregar(static_cast<char>('0' + valor / peso % 10));
+void AgregarDos(TextoNumero& texto, unsigned valor) {
+    texto.Agregar(static_cast<char>('0' + valor / 10));
+    texto.Agregar(static_cast<char>('0' + valor % 10));
+}
+
+void AgregarAnio(TextoNumero& texto, year anio) {
+    const auto cifras = static_cast<unsigned>(static_cast<int>(anio));
+    AgregarDos(texto, cifras / 100);
+    AgregarDos(texto, cifras % 100);
 }
 
 }  // namespace
@@ -135,22 +140,22 @@ double Fecha::AOle() const {
 TextoNumero Fecha::ATexto() const {
     const year_month_day fecha(dia_);
     TextoNumero texto;
-    AgregarCifras(texto, static_cast<int>(static_cast<unsigned>(fecha.day())), 2);
+    AgregarDos(texto, static_cast<unsigned>(fecha.day()));
     texto.Agregar('/');
-    AgregarCifras(texto, static_cast<int>(static_cast<unsigned>(fecha.month())), 2);
+    AgregarDos(texto, static_cast<unsigned>(fecha.month()));
     texto.Agregar('/');
-    AgregarCifras(texto, static_cast<int>(fecha.year()), 4);
+    AgregarAnio(texto, fecha.year());
     return texto;
 }
 
 TextoNumero Fecha::AIso() const {
     const year_month_day fecha(dia_);
     TextoNumero texto;
-    AgregarCifras(texto, static_cast<int>(fecha.year()), 4);
+    AgregarAnio(texto, fecha.year());
     texto.Agregar('-');
-    AgregarCifras(texto, static_cast<int>(static_cast<unsigned>(fecha.month())), 2);
+    AgregarDos(texto, static_cast<unsigned>(fecha.month()));
     texto.Agregar('-');
-    AgregarCifras(texto, static_cast<int>(static_cast<unsigned>(fecha.day())), 2);
+    AgregarDos(texto, static_cast<unsigned>(fecha.day()));
     return texto;
 }
 

@@ -19,6 +19,8 @@ class TextoNumero {
     void Agregar(std::string_view texto) { largo_ += texto.copy(datos_.data() + largo_, datos_.size() - largo_); }
     void Agregar(char caracter) { datos_[largo_++] = caracter; }
     void AgregarEntero(std::int64_t valor) {
+        // As most codes of a chain's levels are.
+        if (valor >= 0 && valor <= 9) return Agregar(static_cast<char>('0' + valor));
         largo_ = static_cast<std::size_t>(
             std::to_chars(datos_.data() + largo_, datos_.data() + datos_.size(), valor).ptr - datos_.data());
     }

@@ -99,7 +99,7 @@ std::vector<PisoGrabado::Paso> PisoGrabado::Preparar(const CargaGrabada& carga) 
             paso.sentencia = Sentencia(reinterpret_cast<const char*>(sqlite3_column_text(cuerpo, 0)));
             sqlite3_reset(cuerpo);
             for (const Parameter& parametro : operacion.parametros) {
-                const int indice = sqlite3_bind_parameter_index(paso.sentencia, parametro.Name.c_str());
+                const int indice = sqlite3_bind_parameter_index(paso.sentencia, std::string(parametro.Name).c_str());
                 if (indice != 0) paso.enlaces.emplace_back(indice, ParaEnlazar(parametro.Value));
             }
             paso.columnas.emplace_back(0, Valor(0.0));

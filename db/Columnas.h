@@ -49,14 +49,24 @@ inline void Convertir(std::string& destino, const Valor& valor) {
     destino = AString(valor, Biblioteca().SeparadorDecimal());
 }
 
-/// Most columns hold what is wanted and need no conversion. Text keeps the room that it has, so that an object that is
-/// loaded again allocates nothing.
+/// Most columns hold what is wanted and need no conversion.
 template <class T>
 void Asignar(T& destino, const Valor& valor) {
     if (const T* igual = std::get_if<T>(&valor))
         destino = *igual;
     else
         Convertir(destino, valor);
+}
+/// Text keeps the room that it has, so that an object that is loaded again allocates nothing. Most texts of a customer
+/// are empty.
+inline void Asignar(std::string& destino, const Valor& valor) {
+    const std::string* igual = std::get_if<std::string>(&valor);
+    if (igual == nullptr)
+        Convertir(destino, valor);
+    else if (igual->empty())
+        destino.clear();
+    else
+        destino = *igual;
 }
 /// NULL is no date.
 inline void Asignar(std::optional<Fecha>& destino, const Valor& valor) {

@@ -13,7 +13,8 @@ namespace kv {
 
 /// One parameter of a stored procedure.
 struct Parameter {
-    std::string Name;
+    /// Not copied: a literal, or a text that lives as long as the parameter.
+    std::string_view Name;
     DataType Type = DataType::adInteger;
     ParameterDirection Direction = ParameterDirection::adParamInput;
     std::int32_t Size = 0;
@@ -28,8 +29,8 @@ class Parameters {
     /// The parameter, or what it is made of: name, type, direction, size and value.
     template <class... Partes>
     void Append(Partes&&... partes) {
-        // Both discount procedures take fewer.
-        if (lista_.empty()) lista_.reserve(16);
+        // As many as the discount procedures take: the list is one small block.
+        if (lista_.empty()) lista_.reserve(14);
         lista_.emplace_back(std::forward<Partes>(partes)...);
     }
     /// By name, without regard to letter case. Error 3265 when there is none.

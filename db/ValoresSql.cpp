@@ -4,10 +4,6 @@
 
 namespace kv {
 
-TextoNumero SqlEntero(std::int32_t valor) {
-    return TextoEntero(valor);
-}
-
 TextoNumero SqlDoble(double valor) {
     return TextoDouble(valor, '.');
 }

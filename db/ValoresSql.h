@@ -15,7 +15,9 @@ namespace kv {
 // and makes the statement fail.
 
 /// Codes of every kind: plain decimal digits.
-TextoNumero SqlEntero(std::int32_t valor);
+inline TextoNumero SqlEntero(std::int32_t valor) {
+    return TextoEntero(valor);
+}
 /// Default text of a Double with a decimal point whatever the regional separator. NaN and infinity raise error 6.
 TextoNumero SqlDoble(double valor);
 /// Default text of a Currency, which carries the regional decimal separator: on a host with a decimal comma the
@@ -49,6 +51,14 @@ char* PonerSql(char* sitio, const char (&fragmento)[N]) {
     return sitio + N - 1;
 }
 inline char* PonerSql(char* sitio, std::string_view trozo) {
+    const std::size_t largo = trozo.size();
+    // Most values are codes of a few digits, which need no call.
+    if (largo >= 1 && largo <= 3) {
+        sitio[0] = trozo[0];
+        sitio[largo / 2] = trozo[largo / 2];
+        sitio[largo - 1] = trozo[largo - 1];
+        return sitio + largo;
+    }
     return std::copy(trozo.begin(), trozo.end(), sitio);
 }
 

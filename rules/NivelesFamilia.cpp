@@ -79,7 +79,7 @@ void PrepararDescuento(Command& comando, const char* procedimiento, const cEmpre
     comando.CommandType = CommandType::adCmdStoredProc;
     comando.CommandTimeout = kEsperaSegundos;
     comando.CommandText = procedimiento;
-    const auto entrada = [&](const char* nombre, DataType tipo, auto valor) {
+    const auto entrada = [&](std::string_view nombre, DataType tipo, auto valor) {
         comando.Parameters.Append(nombre, tipo, ParameterDirection::adParamInput, 0, valor);
     };
     comando.Parameters.Append({"Return", DataType::adInteger, ParameterDirection::adParamReturnValue, 0, Nulo{}});

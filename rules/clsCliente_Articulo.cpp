@@ -8,14 +8,15 @@ namespace kv {
 
 // clang-format off
 bool clsCliente_Articulo::Dev_Precio(Fecha dteFecha) try {
+    const TextoNumero fecha = SqlFecha(dteFecha);
     std::unique_ptr<Recordset> rs;
     AbrirLectura(rs, Cnx(), TextoSql(
         " SELECT Pvp FROM Clientes_Art_PVP",
         " WHERE Cod_Empresa =", SqlEntero(Cod_Empresa),
         " AND Cod_Cliente =", SqlEntero(Cod_Cliente),
         " AND Cod_Articulo =", SqlEntero(Cod_Articulo),
-        " AND Fecha_Inicial <=' ", SqlFecha(dteFecha), "'",
-        " AND Fecha_Final >=' ", SqlFecha(dteFecha), "'"));
+        " AND Fecha_Inicial <=' ", fecha, "'",
+        " AND Fecha_Final >=' ", fecha, "'"));
     const bool hallado = !rs->Eof();
     if (hallado) precio = ADouble(rs->Fields("Pvp").Value());
     rs->Close();

@@ -7,7 +7,8 @@
 namespace kv {
 namespace {
 
-constexpr std::size_t kMaximoDescuentos = 50;
+// Of a customer, from all the nodes of his chain; few have more.
+constexpr std::size_t kDescuentosUsuales = 16;
 
 // Index of the deepest level in use.
 std::size_t MasProfundo(const NivelesCadena& nodo) {
@@ -98,7 +99,7 @@ void clsClientes_Cadenas_ConvArt::Dev_Descuentos(Fecha dteFechaEval, std::vector
             for (std::size_t n = kDescuentosAcuerdo.size(); n-- > 0;) {
                 const ColumnasDescuento& columnas = kDescuentosAcuerdo[n];
                 if (!DescuentoVigente(rs, columnas, dteFechaEval)) continue;
-                if (lista.empty()) lista.reserve(kMaximoDescuentos);
+                if (lista.empty()) lista.reserve(kDescuentosUsuales);
                 lista.push_back(
                     {AInteger(rs.Fields(columnas.tipo).Value()), ACurrency(rs.Fields(columnas.importe).Value()),
                      ACurrency(rs.Fields(columnas.cantidad).Value()), ABoolean(rs.Fields(columnas.cascada).Value())});

@@ -10,9 +10,10 @@ scripts/instalar.sh nativo bench odbc
 [ ! -e "$otro" ] || git worktree remove --force "$otro"
 git worktree add --quiet --detach "$otro" "$1"
 trap 'git -C "$raiz" worktree remove --force "$otro"' EXIT
-# The other commit's libraries under the same measuring program.
+# The other commit's libraries under the same measuring program, whose includes are found in older trees too.
 rm -rf "$otro/bench"
 cp -r bench "$otro/bench"
+ln -sfn . "$otro/kvdatosart"
 for arbol in "$raiz" "$raiz/$otro"; do
     (cd "$arbol" && cmake --preset release >/dev/null &&
         cmake --build --preset release --target kv_bench_anfitrion | tail -n 1)
@@ -28,8 +29,8 @@ done
 for ((ronda = 0; ronda < rondas; ronda++)); do
     for base in demo grande; do
         for manera in autoconfirmada lectura memoria; do
-            medir "$raiz" "$manera" "$tiempos/nuevo-$base.kv" 20000 >>"$tiempos/nuevo.$base.$manera"
-            medir "$raiz/$otro" "$manera" "$tiempos/viejo-$base.kv" 20000 >>"$tiempos/viejo.$base.$manera"
+            medir "$raiz" "$manera" "$tiempos/nuevo-$base.kv" 8000 >>"$tiempos/nuevo.$base.$manera"
+            medir "$raiz/$otro" "$manera" "$tiempos/viejo-$base.kv" 8000 >>"$tiempos/viejo.$base.$manera"
         done
     done
 done

@@ -41,7 +41,7 @@ void ConexionSqlite::Execute(std::string_view texto, std::int32_t* afectados, Co
     if (opciones != CommandType::adCmdText) LanzarError(kErrLlamadaInvalida, "Execute solo admite texto");
     Sentencia& sentencia = interior_->Cache().Tomar(texto);
     const SueltaSentencia suelta(sentencia);
-    while (sentencia.Avanzar()) {
+    while (sentencia.Avanzar(texto)) {
         // Rows that the caller does not want.
     }
     if (afectados != nullptr) *afectados = sentencia.SoloLee() ? 0 : sqlite3_changes(interior_->Base());

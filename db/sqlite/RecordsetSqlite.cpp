@@ -15,7 +15,7 @@ void ConexionSqlite::RecordsetSqlite::Open(std::string_view source, Connection& 
     if (sentencia_ != nullptr) LanzarError(kErrObjetoAbierto);
     Sentencia& nueva = interior_->Cache().Tomar(source);
     try {
-        hayFila_ = nueva.Avanzar();
+        hayFila_ = nueva.Avanzar(source);
     } catch (...) {
         nueva.Soltar();
         throw;

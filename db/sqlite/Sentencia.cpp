@@ -27,28 +27,50 @@ std::string_view TextoDe(sqlite3_value* valor) {
     return {texto, static_cast<std::size_t>(sqlite3_value_bytes(valor))};
 }
 
-void PonerTexto(Valor& valor, std::string_view texto) {
-    std::string* cadena = std::get_if<std::string>(&valor);
-    if (cadena == nullptr)
+// A column's value nearly always has the type that it had in the former row. What else there is stays apart, so that
+// reading a field, which a load does by the hundred, saves no registers for it.
+template <class T>
+[[gnu::noinline]] void Cambiar(Valor& valor, T nuevo) {
+    valor = nuevo;
+}
+
+[[gnu::noinline]] void Copiar(Valor& valor, std::string_view texto) {
+    if (std::string* cadena = std::get_if<std::string>(&valor))
+        cadena->assign(texto);
+    else
         valor.emplace<std::string>(texto);
-    else if (texto.empty())  // As most texts of a customer are.
+}
+
+template <class T>
+void Poner(Valor& valor, T nuevo) {
+    if (T* igual = std::get_if<T>(&valor))
+        *igual = nuevo;
+    else
+        Cambiar(valor, nuevo);
+}
+
+[[gnu::noinline]] void PonerSegunTexto(Valor& valor, TipoColumna tipo, sqlite3_value* leido) {
+    std::string* cadena = std::get_if<std::string>(&valor);
+    if (tipo == TipoColumna::Fecha)
+        Poner(valor, Fecha::DeTexto(TextoDe(leido)));
+    else if (cadena != nullptr && sqlite3_value_bytes(leido) == 0)  // As most texts of a customer are.
         cadena->clear();
     else
-        cadena->assign(texto);
+        Copiar(valor, TextoDe(leido));
 }
 
 template <class T>
 void PonerEntero(Valor& valor, std::int64_t entero) {
     if (entero < std::numeric_limits<T>::min() || entero > std::numeric_limits<T>::max())
-        valor = entero;
+        Poner(valor, entero);
     else
-        valor = static_cast<T>(entero);
+        Poner(valor, static_cast<T>(entero));
 }
 
 void PonerSegunEntero(Valor& valor, TipoColumna tipo, std::int64_t entero) {
     switch (tipo) {
         case TipoColumna::Bit:
-            valor = entero != 0;
+            Poner(valor, entero != 0);
             break;
         case TipoColumna::Byte:
             PonerEntero<std::uint8_t>(valor, entero);
@@ -57,16 +79,16 @@ void PonerSegunEntero(Valor& valor, TipoColumna tipo, std::int64_t entero) {
             PonerEntero<std::int16_t>(valor, entero);
             break;
         case TipoColumna::Money:
-            valor = Currency::DeEntero(entero);
+            Poner(valor, Currency::DeEntero(entero));
             break;
         case TipoColumna::Single:
-            valor = static_cast<float>(entero);
+            Poner(valor, static_cast<float>(entero));
             break;
         case TipoColumna::Double:
-            valor = static_cast<double>(entero);
+            Poner(valor, static_cast<double>(entero));
             break;
         case TipoColumna::Grande:
-            valor = entero;
+            Poner(valor, entero);
             break;
         default:
             PonerEntero<std::int32_t>(valor, entero);
@@ -76,11 +98,11 @@ void PonerSegunEntero(Valor& valor, TipoColumna tipo, std::int64_t entero) {
 
 void PonerSegunReal(Valor& valor, TipoColumna tipo, double real) {
     if (tipo == TipoColumna::Money)
-        valor = Currency::DeDouble(real);
+        Poner(valor, Currency::DeDouble(real));
     else if (tipo == TipoColumna::Single)
-        valor = static_cast<float>(real);
+        Poner(valor, static_cast<float>(real));
     else
-        valor = real;
+        Poner(valor, real);
 }
 
 }  // namespace
@@ -119,19 +141,22 @@ void Sentencia::Soltar() {
 }
 
 void Sentencia::Enlazar(const std::vector<Literal>& literales, const std::vector<TipoColumna>& destinos) {
-    for (std::size_t i = 0; i < literales.size(); ++i) {
-        Enlazado& enlazado = enlazados_[i];
-        const Literal& literal = literales[i];
-        if (Identicos(enlazado.literal, literal.texto)) continue;
-        // Forgotten first: a literal that cannot be bound must not count as bound.
-        enlazado.literal.clear();
-        const int indice = static_cast<int>(i) + 1;
-        if (literal.cadena)
-            EnlazarCadena(indice, literal.texto, destinos[i]);
-        else
-            EnlazarNumero(indice, literal.texto, destinos[i]);
-        enlazado.literal.assign(literal.texto);
+    std::size_t cual = 0;
+    for (const Literal& literal : literales) {
+        if (!Identicos(enlazados_[cual].literal, literal.texto)) EnlazarLiteral(cual, literal, destinos[cual]);
+        ++cual;
     }
+}
+
+void Sentencia::EnlazarLiteral(std::size_t cual, const Literal& literal, TipoColumna destino) {
+    // Forgotten first: a literal that cannot be bound must not count as bound.
+    enlazados_[cual].literal.clear();
+    const int indice = static_cast<int>(cual) + 1;
+    if (literal.cadena)
+        EnlazarCadena(indice, literal.texto, destino);
+    else
+        EnlazarNumero(indice, literal.texto, destino);
+    enlazados_[cual].literal.assign(literal.texto);
 }
 
 void Sentencia::EnlazarCadena(int indice, std::string_view literal, TipoColumna destino) {
@@ -169,15 +194,21 @@ void Sentencia::EnlazarNumero(int indice, std::string_view literal, TipoColumna 
 }
 
 // SQLite compares the names one by one; the same procedure is called with the same parameters in the same order.
-Sentencia::Nombrado& Sentencia::BuscarNombrado(const std::string& nombre) {
+Sentencia::Nombrado& Sentencia::BuscarNombrado(std::string_view nombre) {
     const std::size_t esta = enlace_++;
     if (esta < nombrados_.size() && Identicos(nombrados_[esta].nombre, nombre)) return nombrados_[esta];
-    nombrados_.resize(esta);
-    nombrados_.push_back({nombre, sqlite3_bind_parameter_index(sentencia_.get(), nombre.c_str()), std::nullopt});
+    return AprenderNombrado(esta, nombre);
+}
+
+Sentencia::Nombrado& Sentencia::AprenderNombrado(std::size_t cual, std::string_view nombre) {
+    nombrados_.resize(cual);
+    std::string propio(nombre);
+    const int indice = sqlite3_bind_parameter_index(sentencia_.get(), propio.c_str());
+    nombrados_.push_back({std::move(propio), indice, std::nullopt});
     return nombrados_.back();
 }
 
-void Sentencia::EnlazarNombrado(const std::string& nombre, const Valor& valor) {
+void Sentencia::EnlazarNombrado(std::string_view nombre, const Valor& valor) {
     Nombrado& nombrado = BuscarNombrado(nombre);
     if (nombrado.indice == 0 || nombrado.valor == valor) return;
     // Forgotten first: a value that cannot be bound must not count as bound.
@@ -204,11 +235,11 @@ void Sentencia::EnlazarValor(int indice, const Valor& valor) {
     }
 }
 
-bool Sentencia::Avanzar() {
+bool Sentencia::Avanzar(std::string_view texto) {
     siguiente_ = orden_.begin();
     const int resultado = sqlite3_step(sentencia_.get());
     if (resultado == SQLITE_ROW) return true;
-    if (resultado != SQLITE_DONE) LanzarErrorSqlite(base_, original_);
+    if (resultado != SQLITE_DONE) LanzarErrorSqlite(base_, texto);
     return false;
 }
 
@@ -223,7 +254,7 @@ const Valor& Sentencia::Valorar(Columna& columna) {
     sqlite3_value* leido = sqlite3_column_value(sentencia_.get(), columna.posicion);
     switch (sqlite3_value_type(leido)) {
         case SQLITE_NULL:
-            columna.valor = Nulo{};
+            Poner(columna.valor, Nulo{});
             break;
         case SQLITE_INTEGER:
             PonerSegunEntero(columna.valor, columna.tipo, sqlite3_value_int64(leido));
@@ -232,10 +263,7 @@ const Valor& Sentencia::Valorar(Columna& columna) {
             PonerSegunReal(columna.valor, columna.tipo, sqlite3_value_double(leido));
             break;
         default:
-            if (columna.tipo == TipoColumna::Fecha)
-                columna.valor = Fecha::DeTexto(TextoDe(leido));
-            else
-                PonerTexto(columna.valor, TextoDe(leido));
+            PonerSegunTexto(columna.valor, columna.tipo, leido);
     }
     return columna.valor;
 }

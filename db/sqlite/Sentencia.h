@@ -34,9 +34,11 @@ class Sentencia {
     void Enlazar(const std::vector<Literal>& literales, const std::vector<TipoColumna>& destinos);
     /// Binds a named parameter ("@Cliente"), unless it holds that value since the last time; nothing when the statement
     /// does not use it.
-    void EnlazarNombrado(const std::string& nombre, const Valor& valor);
-    /// Moves to the next row; false when there is none. Raises SQLite's error.
-    bool Avanzar();
+    void EnlazarNombrado(std::string_view nombre, const Valor& valor);
+    /// Moves to the next row; false when there is none. Raises SQLite's error with `texto`, the one that is bound now,
+    /// or else with the one that it was prepared from.
+    bool Avanzar(std::string_view texto);
+    bool Avanzar() { return Avanzar(original_); }
 
     std::int32_t NumeroColumnas() const { return static_cast<std::int32_t>(columnas_.size()); }
     const std::string& NombreColumna(std::int32_t posicion) const;
@@ -74,9 +76,11 @@ class Sentencia {
         std::optional<Valor> valor;
     };
 
+    void EnlazarLiteral(std::size_t cual, const Literal& literal, TipoColumna destino);
     void EnlazarCadena(int indice, std::string_view literal, TipoColumna destino);
     void EnlazarNumero(int indice, std::string_view literal, TipoColumna destino);
-    Nombrado& BuscarNombrado(const std::string& nombre);
+    Nombrado& BuscarNombrado(std::string_view nombre);
+    Nombrado& AprenderNombrado(std::size_t cual, std::string_view nombre);
     void EnlazarValor(int indice, const Valor& valor);
     Columna& Buscar(std::string_view nombre);
     Columna& Aprender(std::string_view nombre);

@@ -152,9 +152,12 @@ struct RecordsetFalso : Falso<ado::Recordset> {
 };
 
 struct ParametroFalso : Falso<ado::Parameter> {
-    explicit ParametroFalso(kv::Parameter dado) : parametro(std::move(dado)) {}
+    ParametroFalso(std::string nombre, kv::Parameter dado) : parametro(std::move(dado)), nombre_(std::move(nombre)) {
+        parametro.Name = nombre_;
+    }
     STDMETHODIMP get_Value(VARIANT* valor) override { return Dar(*valor, Variante(parametro.Value).Soltar()); }
     kv::Parameter parametro;
+    const std::string nombre_;
 };
 
 struct ParametrosFalsos : Falso<ado::Parameters> {
@@ -197,9 +200,9 @@ struct ComandoFalso : Falso<ado::Command> {
         Variante copia;
         if (valor.vt != VT_ERROR) VariantCopy(&copia.Get(), &valor);
         return Contestar([&] {
-            *parametro = new ParametroFalso({Utf8(nombre), static_cast<DataType>(tipo),
-                                             static_cast<ParameterDirection>(direccion),
-                                             static_cast<std::int32_t>(tamano), copia.AValor()});
+            *parametro = new ParametroFalso(
+                Utf8(nombre), {"", static_cast<DataType>(tipo), static_cast<ParameterDirection>(direccion),
+                               static_cast<std::int32_t>(tamano), copia.AValor()});
         });
     }
     STDMETHODIMP Execute(VARIANT*, VARIANT*, long opciones, ado::Recordset** rs) override {

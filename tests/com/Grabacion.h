@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <fstream>
 #include <map>
+#include <set>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -63,8 +64,10 @@ struct Caso {
 };
 
 inline Parameter LeerParametro(const std::vector<std::string>& c, std::size_t valor) {
-    return {c[1], static_cast<DataType>(std::stoi(c[2])), static_cast<ParameterDirection>(std::stoi(c[3])),
-            std::stoi(c[4]), Decodificar(c[valor])};
+    // A parameter does not keep its name.
+    static std::set<std::string> nombres;
+    return {*nombres.insert(c[1]).first, static_cast<DataType>(std::stoi(c[2])),
+            static_cast<ParameterDirection>(std::stoi(c[3])), std::stoi(c[4]), Decodificar(c[valor])};
 }
 
 /// Every load of a recording, in order.

@@ -22,7 +22,7 @@ std::string Entre(std::string_view operacion, std::string_view texto) {
 std::vector<std::string> Describir(const auto& parametros) {
     std::vector<std::string> textos;
     for (const Parameter& p : parametros)
-        textos.push_back(p.Name + " tipo " + std::to_string(static_cast<int>(p.Type)) + " dirección " +
+        textos.push_back(std::string(p.Name) + " tipo " + std::to_string(static_cast<int>(p.Type)) + " dirección " +
                          std::to_string(static_cast<int>(p.Direction)) + " tamaño " + std::to_string(p.Size) +
                          " valor " + (EsNulo(p.Value) ? "NULL" : AString(p.Value, '.')) + " (clase " +
                          std::to_string(p.Value.index()) + ")");

@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "kvdatosart/db/Connection.h"
@@ -138,23 +139,22 @@ TEST_P(ContratoAdaptador, ValoresEscritosVuelvenExactos) {
 TEST_P(ContratoAdaptador, SalidasDeUnProcedimiento_VuelvenEnSuPropioTipo) {
     if (!Puede(Exigencia::Procedimientos)) return;
     using enum DataType;
-    const std::pair<DataType, Valor> salidas[] = {{adCurrency, Currency::DeDiezmilesimas(71235)},
-                                                  {adDouble, 2.0},
-                                                  {adTinyInt, std::int16_t{5}},
-                                                  {adBoolean, true},
-                                                  {adDate, Fecha::DeAmd(2026, 3, 5)},
-                                                  {adVarChar, std::string("ñ")},
-                                                  {adInteger, Nulo{}}};
+    const std::tuple<const char*, DataType, Valor> salidas[] = {{"@S0", adCurrency, Currency::DeDiezmilesimas(71235)},
+                                                                {"@S1", adDouble, 2.0},
+                                                                {"@S2", adTinyInt, std::int16_t{5}},
+                                                                {"@S3", adBoolean, true},
+                                                                {"@S4", adDate, Fecha::DeAmd(2026, 3, 5)},
+                                                                {"@S5", adVarChar, std::string("ñ")},
+                                                                {"@S6", adInteger, Nulo{}}};
     const auto comando = conexion->CrearCommand();
     comando->CommandType = CommandType::adCmdStoredProc;
     comando->CommandText = "Salidas";
     comando->Parameters.Append("@Numero", adDouble, ParameterDirection::adParamInput, 0, 7.123456);
-    for (std::size_t i = 0; i < std::size(salidas); ++i)
-        comando->Parameters.Append("@S" + std::to_string(i), salidas[i].first, ParameterDirection::adParamOutput, 50,
-                                   Valor(Nulo{}));
+    for (const auto& [nombre, tipo, valor] : salidas)
+        comando->Parameters.Append(nombre, tipo, ParameterDirection::adParamOutput, 50, Valor(Nulo{}));
     comando->Execute(CommandType::adOptionUnspecified);
     auto leida = std::next(comando->Parameters.begin());
-    for (const auto& [tipo, valor] : salidas) EXPECT_EQ(valor, (leida++)->Value) << static_cast<int>(tipo);
+    for (const auto& [nombre, tipo, valor] : salidas) EXPECT_EQ(valor, (leida++)->Value) << nombre;
 }
 
 TEST_P(ContratoAdaptador, RecorridoCierreYReapertura) {

@@ -72,6 +72,16 @@ TEST(ConexionSqlite, CadaTextoSePreparaUnaVez_YSeOlvidanLosMasViejosSinPerderNad
     EXPECT_EQ(2, ALong(abierto->Fields("Codigo").Value()));
 }
 
+TEST(ConexionSqlite, UnFalloMuestraSuPropioTexto_NoElDeLaPrimeraVez) {
+    const Base base;
+    const auto conexion = base.Abrir();
+    for (const char* valores : {"(1, '05/03/2026')", "(2, '06/03/2026')"}) {
+        const std::string texto = std::string("INSERT INTO Contrato (Codigo, Fecha) VALUES ") + valores;
+        const std::string fallo = FalloDe([&] { conexion->Ejecutar(texto); });
+        EXPECT_TRUE(fallo.ends_with("; sentencia: " + texto)) << fallo;
+    }
+}
+
 TEST(ConexionSqlite, Procedimiento_EntradasPorNombreYSalidas) {
     const Base base;
     const auto conexion = base.Abrir();
