@@ -11,16 +11,27 @@ namespace {
 
 constexpr IdentidadBase kIdentidad{kAplicacionEsquema, kVersionEsquema};
 
+EsperaBloqueo Espera(const OrigenBase& origen, const std::function<void()>& alEsperar) {
+    EsperaBloqueo espera;
+    if (origen.espera) espera.maxima = std::chrono::seconds(*origen.espera);
+    espera.aviso = alEsperar;
+    return espera;
+}
+
 }  // namespace
 
 std::shared_ptr<Connection> AbrirBase(const OrigenBase& origen, Acceso acceso, const std::function<void()>& alEsperar) {
     if (!origen.odbc.empty()) return std::make_shared<ConexionOdbc>(origen.odbc);
     const auto modo =
         acceso == Acceso::Leer ? ConexionSqlite::Modo::SoloLectura : ConexionSqlite::Modo::LecturaEscritura;
-    EsperaBloqueo espera;
-    if (origen.espera) espera.maxima = std::chrono::seconds(*origen.espera);
-    espera.aviso = alEsperar;
-    return ConexionSqlite::Abrir(origen.fichero, kIdentidad, modo, espera);
+    return ConexionSqlite::Abrir(origen.fichero, kIdentidad, modo, Espera(origen, alEsperar));
+}
+
+std::vector<std::shared_ptr<Connection>> AbrirMismoEstado(const OrigenBase& origen, std::size_t cuantas,
+                                                          const std::function<void()>& alEsperar) {
+    const auto conexiones =
+        ConexionSqlite::AbrirMismoEstado(origen.fichero, kIdentidad, cuantas, Espera(origen, alEsperar));
+    return {conexiones.begin(), conexiones.end()};
 }
 
 void CrearDemo(const OrigenBase& origen, Fecha hoy, const ConexionTrazada::Informe& informe) {

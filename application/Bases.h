@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "kvdatosart/base/Fecha.h"
 #include "kvdatosart/db/ConexionTrazada.h"
@@ -26,6 +27,11 @@ enum class Acceso { Leer, Escribir };
 /// for a lock that lasts longer than a second. The adapter's error when it cannot.
 std::shared_ptr<Connection> AbrirBase(const OrigenBase& origen, Acceso acceso,
                                       const std::function<void()>& alEsperar = {});
+
+/// Opens a file so many times for reading, every connection on the state of one moment, which it goes on seeing; one
+/// comes back when the file cannot be written. Otherwise as `AbrirBase`.
+std::vector<std::shared_ptr<Connection>> AbrirMismoEstado(const OrigenBase& origen, std::size_t cuantas,
+                                                          const std::function<void()>& alEsperar = {});
 
 /// Makes the demonstration database, whole or not at all, in a file that does not exist or in an empty database of a
 /// server; future prices count from `hoy`, and `informe`, if any, hears each statement with data. The adapter's error

@@ -26,6 +26,8 @@ struct PeticionLista {
     /// Articles that are locked or discontinued too.
     bool todos = false;
     bool omitirSinPrecio = false;
+    /// Without it, what is sold at cost has no price and no line has a cost.
+    bool conCoste = true;
     /// Only what the customer has bought.
     bool soloComprados = false;
     /// This part of so many: together the parts are the list, each line once.

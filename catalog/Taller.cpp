@@ -22,6 +22,11 @@ bool Comprado(const Puesto& puesto, const LineaLista& linea) {
     return comprado;
 }
 
+void EsconderCoste(Tasacion& tasacion) {
+    tasacion.coste = {};
+    if (tasacion.motivo.EsCoste()) tasacion.pvp = tasacion.descuento = tasacion.neto = {};
+}
+
 // Raises when the database, and not the line, is what fails.
 void ComprobarConexion(const Puesto& puesto) {
     std::unique_ptr<Recordset> rs;
@@ -49,6 +54,7 @@ bool Taller::HacerLinea(const Puesto& puesto, LineaLista& linea, RecuentoLista& 
     for (const Currency unidades : peticion_.unidades) {
         pregunta.unidades = unidades;
         linea.tasaciones.push_back(Tasar(puesto, pregunta));
+        if (!peticion_.conCoste) EsconderCoste(linea.tasaciones.back());
     }
     const bool conFallo = linea.ConFallo();
     if (conFallo) ComprobarConexion(puesto);

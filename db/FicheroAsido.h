@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <string_view>
 
 namespace kv {
 
@@ -28,6 +29,11 @@ class FicheroAsido {
     bool TieneSuNombre() const;
     /// Leaves nothing in it; false when that cannot be.
     bool Vaciar();
+    /// Adds to what it holds, and sees to it that all of it is on disk. std::system_error when it cannot.
+    void Escribir(std::string_view texto);
+    void Sincronizar();
+    /// Gives it another name in place of the file that has it, if any. std::system_error when it cannot.
+    void Sustituir(const std::filesystem::path& destino);
     /// Gives it another name, never one that a file has: false then. std::system_error when it cannot.
     bool Renombrar(const std::filesystem::path& destino);
 

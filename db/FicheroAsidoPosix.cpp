@@ -47,6 +47,30 @@ bool FicheroAsido::Vaciar() {
     return ftruncate(static_cast<int>(asidero_), 0) == 0;
 }
 
+void FicheroAsido::Escribir(std::string_view texto) {
+    while (!texto.empty()) {
+        const ssize_t escritos = write(static_cast<int>(asidero_), texto.data(), texto.size());
+        if (escritos >= 0)
+            texto.remove_prefix(static_cast<std::size_t>(escritos));
+        else if (errno != EINTR)
+            throw std::system_error(errno, std::generic_category());
+    }
+}
+
+void FicheroAsido::Sincronizar() {
+    if (fsync(static_cast<int>(asidero_)) != 0) throw std::system_error(errno, std::generic_category());
+}
+
+void FicheroAsido::Sustituir(const std::filesystem::path& destino) {
+    std::filesystem::rename(ruta_, destino);
+    // The name is on disk too; a file system that does not sync folders is no reason to fail.
+    const std::filesystem::path carpeta = destino.has_parent_path() ? destino.parent_path() : ".";
+    const int descriptor = open(carpeta.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) return;
+    (void)fsync(descriptor);
+    close(descriptor);
+}
+
 bool FicheroAsido::Renombrar(const std::filesystem::path& destino) {
     if (renameat2(AT_FDCWD, ruta_.c_str(), AT_FDCWD, destino.c_str(), RENAME_NOREPLACE) == 0) return true;
     if (errno == EEXIST) return false;

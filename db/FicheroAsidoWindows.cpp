@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
 #include <system_error>
 #include <utility>
@@ -56,6 +57,26 @@ bool FicheroAsido::TieneSuNombre() const {
 
 bool FicheroAsido::Vaciar() {
     return SetFilePointer(Nativo(asidero_), 0, nullptr, FILE_BEGIN) == 0 && SetEndOfFile(Nativo(asidero_)) != 0;
+}
+
+void FicheroAsido::Escribir(std::string_view texto) {
+    constexpr std::size_t kPieza = std::size_t{1} << 20U;
+    while (!texto.empty()) {
+        DWORD escritos = 0;
+        if (WriteFile(Nativo(asidero_), texto.data(), static_cast<DWORD>(std::min(texto.size(), kPieza)), &escritos,
+                      nullptr) == 0)
+            LanzarUltimo();
+        texto.remove_prefix(escritos);
+    }
+}
+
+void FicheroAsido::Sincronizar() {
+    if (FlushFileBuffers(Nativo(asidero_)) == 0) LanzarUltimo();
+}
+
+void FicheroAsido::Sustituir(const std::filesystem::path& destino) {
+    if (MoveFileExW(ruta_.c_str(), destino.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0)
+        LanzarUltimo();
 }
 
 bool FicheroAsido::Renombrar(const std::filesystem::path& destino) {

@@ -1,41 +1,45 @@
 #include "kvdatosart/host/EscribirCsv.h"
 
+#include <algorithm>
+
 #include "kvdatosart/application/Rechazo.h"
 #include "kvdatosart/host/EscribirJson.h"
 
 namespace kv::host {
 namespace {
 
-std::string Celda(std::string_view texto) {
-    if (texto.find_first_of(",\"\r\n") == std::string_view::npos) return std::string(texto);
-    std::string citada = "\"";
-    for (const char c : texto) citada += c == '"' ? std::string(2, c) : std::string(1, c);
+// What Excel would not leave as it is: what begins like a formula, and what is nothing but digits and their signs.
+bool LoCambiaExcel(std::string_view texto) {
+    constexpr std::string_view kDeFormula = "=+-@\t\r";
+    if (texto.empty()) return false;
+    return kDeFormula.find(texto.front()) != std::string_view::npos ||
+           (texto.find_first_not_of("0123456789./,:-% eE") == std::string_view::npos &&
+            texto.find_first_of("0123456789") != std::string_view::npos);
+}
+
+std::string Celda(std::string_view texto, EstiloCsv estilo) {
+    const bool excel = estilo == EstiloCsv::Excel;
+    const std::string guarda = excel && LoCambiaExcel(texto) ? "'" : "";
+    if (texto.find_first_of(excel ? ";\"\r\n" : ",\"\r\n") == std::string_view::npos)
+        return guarda + std::string(texto);
+    std::string citada = '"' + guarda;
+    for (const char c : texto) citada.append(c == '"' ? 2 : 1, c);
     return citada + '"';
 }
 
-std::string CeldaDe(const Valor& valor, aplicacion::ClaseDato clase) {
-    if (const std::string* texto = std::get_if<std::string>(&valor)) return Celda(*texto);
-    const std::string escrito = ValorAJson(valor, clase);
+std::string CeldaDe(const Valor& valor, aplicacion::ClaseDato clase, EstiloCsv estilo) {
+    if (const std::string* texto = std::get_if<std::string>(&valor)) return Celda(*texto, estilo);
+    std::string escrito = ValorAJson(valor, clase);
     if (escrito == "null") return "";
     // A day is the only other one in quotes.
-    return escrito.starts_with('"') ? escrito.substr(1, escrito.size() - 2) : escrito;
-}
-
-void Fila(std::string& csv, std::span<const aplicacion::ColumnaTabla> columnas, std::span<const Valor> valores) {
-    for (std::size_t i = 0; i < columnas.size(); ++i)
-        csv += (i == 0 ? "" : ",") + CeldaDe(valores[i], columnas[i].clase);
-    csv += "\r\n";
-}
-
-std::string Cabecera(std::span<const aplicacion::ColumnaTabla> columnas) {
-    std::string csv;
-    for (const auto& columna : columnas) csv += (csv.empty() ? "" : ",") + std::string(columna.clave);
-    return csv + "\r\n";
+    if (escrito.starts_with('"')) return escrito.substr(1, escrito.size() - 2);
+    if (estilo == EstiloCsv::Excel) std::replace(escrito.begin(), escrito.end(), '.', ',');
+    return escrito;
 }
 
 std::string DeListado(const aplicacion::Tabla& tabla) {
-    std::string csv = Cabecera(tabla.columnas);
-    for (const auto& fila : tabla.filas) Fila(csv, tabla.columnas, fila);
+    std::string csv = CabeceraCsv(tabla.columnas, EstiloCsv::Rfc);
+    for (const auto& fila : tabla.filas) FilaCsv(csv, tabla.columnas, fila, EstiloCsv::Rfc);
     return csv;
 }
 
@@ -48,12 +52,31 @@ std::string DeFichas(const Documento& documento) {
         todo.columnas.insert(todo.columnas.end(), ficha->columnas.begin(), ficha->columnas.end());
         todo.valores.insert(todo.valores.end(), ficha->valores.begin(), ficha->valores.end());
     }
-    std::string csv = Cabecera(todo.columnas);
-    Fila(csv, todo.columnas, todo.valores);
+    std::string csv = CabeceraCsv(todo.columnas, EstiloCsv::Rfc);
+    FilaCsv(csv, todo.columnas, todo.valores, EstiloCsv::Rfc);
     return csv;
 }
 
 }  // namespace
+
+std::string CabeceraCsv(std::span<const aplicacion::ColumnaTabla> columnas, EstiloCsv estilo) {
+    const bool excel = estilo == EstiloCsv::Excel;
+    std::string csv = excel ? "\xEF\xBB\xBF" : "";
+    for (std::size_t i = 0; i < columnas.size(); ++i) {
+        if (i > 0) csv += excel ? ';' : ',';
+        csv += Celda(excel ? columnas[i].rotulo : columnas[i].clave, estilo);
+    }
+    return csv + "\r\n";
+}
+
+void FilaCsv(std::string& csv, std::span<const aplicacion::ColumnaTabla> columnas, std::span<const Valor> valores,
+             EstiloCsv estilo) {
+    for (std::size_t i = 0; i < columnas.size(); ++i) {
+        if (i > 0) csv += estilo == EstiloCsv::Excel ? ';' : ',';
+        csv += CeldaDe(valores[i], columnas[i].clase, estilo);
+    }
+    csv += "\r\n";
+}
 
 std::string ACsv(const Documento& documento, std::string_view tabla) {
     std::string nombres;

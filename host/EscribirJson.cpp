@@ -36,7 +36,9 @@ void Miembros(std::string& json, std::span<const aplicacion::ColumnaTabla> colum
               const std::string& sangria) {
     const char* separador = "";
     for (std::size_t i = 0; i < columnas.size(); ++i) {
-        json += separador + sangria + Cita(columnas[i].clave) + ": " + ValorAJson(valores[i], columnas[i].clase);
+        json += separador + sangria + '"';
+        json += columnas[i].clave;
+        json += "\": " + ValorAJson(valores[i], columnas[i].clase);
         separador = ",";
     }
 }
@@ -87,6 +89,12 @@ std::string AJson(const Documento& documento) {
     std::string json = Cabecera();
     for (const Documento::Bloque& bloque : documento.Bloques()) std::visit(Escritor{json}, bloque);
     return json + "\n}\n";
+}
+
+std::string LineaJson(std::span<const aplicacion::ColumnaTabla> columnas, std::span<const Valor> valores) {
+    std::string json;
+    Miembros(json, columnas, valores, "");
+    return '{' + json + "}\n";
 }
 
 std::string ErrorAJson(int codigo, std::string_view mensaje) {

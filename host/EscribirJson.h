@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "kvdatosart/host/Documento.h"
@@ -16,6 +17,8 @@ std::string AJson(const Documento& documento);
 /// A failure for programs: its exit code and what people read.
 std::string ErrorAJson(int codigo, std::string_view mensaje);
 
+/// A row as an object on one line, with its end of line.
+std::string LineaJson(std::span<const aplicacion::ColumnaTabla> columnas, std::span<const Valor> valores);
 /// A datum as JSON writes it: also what a cell of CSV says when it is no text.
 std::string ValorAJson(const Valor& valor, aplicacion::ClaseDato clase);
 

@@ -6,7 +6,6 @@
 #include <cerrno>
 #include <cstring>
 #include <stdexcept>
-#include <string>
 
 #include "kvdatosart/db/BibliotecaComun.h"
 #include "kvdatosart/host/Terminal.h"
@@ -27,15 +26,6 @@ bool QuiereColor() {
     return DelEntorno("NO_COLOR").empty() && TerminalConColores();
 }
 
-std::string Motivo(int error) {
-    if (error == ENOSPC) return "el disco está lleno";
-#ifdef EDQUOT
-    if (error == EDQUOT) return "el disco está lleno";
-#endif
-    if (error == EBADF) return "está cerrada";
-    return std::strerror(error);
-}
-
 }  // namespace
 
 Presentacion PresentacionDeSalida() {
@@ -50,18 +40,28 @@ char SeparadorDeGente() {
     return BibliotecaComun().SeparadorDecimal();
 }
 
-void EscribirSalida(std::string_view texto) {
+std::string MotivoDeEscritura(int error) {
+    if (error == ENOSPC) return "el disco está lleno";
+#ifdef EDQUOT
+    if (error == EDQUOT) return "el disco está lleno";
+#endif
+    if (error == EBADF) return "está cerrada";
+    return std::strerror(error);
+}
+
+bool EscribirSalida(std::string_view texto) {
     while (!texto.empty()) {
         const auto octetos = static_cast<unsigned>(std::min(texto.size(), kPieza));
         const ssize_t escritos = write(STDOUT_FILENO, texto.data(), octetos);
         if (escritos >= 0) {
             texto.remove_prefix(static_cast<std::size_t>(escritos));
         } else if (SeFueElLector(errno)) {
-            return;
+            return false;
         } else if (errno != EINTR) {
-            throw std::runtime_error("no se puede escribir en la salida: " + Motivo(errno));
+            throw std::runtime_error("no se puede escribir en la salida: " + MotivoDeEscritura(errno));
         }
     }
+    return true;
 }
 
 }  // namespace kv::host

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "kvdatosart/host/EscribirTexto.h"
@@ -15,8 +16,10 @@ Presentacion PresentacionDeSalida();
 /// What the user's system puts before the decimals, whatever the component goes by.
 char SeparadorDeGente();
 
-/// Writes to standard output. A reader that went away (`| head`) is no failure: what is left is dropped.
-/// std::runtime_error, with the reason, when it cannot be written.
-void EscribirSalida(std::string_view texto);
+/// Writes to standard output. A reader that went away (`| head`) is no failure: what is left is dropped, and the answer
+/// is false. std::runtime_error, with the reason, when it cannot be written.
+bool EscribirSalida(std::string_view texto);
+/// Why the system does not write, in Spanish where people meet it: a full disk.
+std::string MotivoDeEscritura(int error);
 
 }  // namespace kv::host

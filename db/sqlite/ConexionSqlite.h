@@ -57,11 +57,12 @@ class ConexionSqlite : public Connection {
 
     /// Opens the file `cuantas` times, for reading only, all of them on one state of the base: each connection holds a
     /// transaction that began while nobody could write, and what others commit afterwards none of them sees. One alone
-    /// comes back when the base cannot be written, since nothing then holds writers off. The write-ahead log grows
-    /// while they live: close them soon. Waits for a writer as every statement does; errors as in `Abrir`.
+    /// comes back when the base cannot be written, since nothing then holds writers off; who asks for one waits for
+    /// nobody. The write-ahead log grows while they live: close them soon. Errors as in `Abrir`.
     static std::vector<std::shared_ptr<ConexionSqlite>> AbrirMismoEstado(const std::string& ruta,
                                                                          const IdentidadBase& identidad,
-                                                                         std::size_t cuantas);
+                                                                         std::size_t cuantas,
+                                                                         const EsperaBloqueo& espera = {});
 
     /// Copies the base in `origen`, as it stands at this moment and while others go on writing, to the new file
     /// `destino`, which only its owner may read. Error when that exists or when the disk has no room for it, before

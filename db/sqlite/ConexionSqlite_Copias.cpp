@@ -31,17 +31,24 @@ void CopiarPaginas(sqlite3* desde, sqlite3* hasta, const std::function<bool()>& 
 
 std::vector<std::shared_ptr<ConexionSqlite>> ConexionSqlite::AbrirMismoEstado(const std::string& ruta,
                                                                               const IdentidadBase& identidad,
-                                                                              std::size_t cuantas) {
-    const auto guarda = Abrir(ruta, identidad, Modo::LecturaEscritura);
-    // A base that cannot be written takes any transaction, and holds nobody off by it.
-    const bool seEscribe = sqlite3_db_readonly(guarda->interior_->Base(), "main") == 0;
-    if (seEscribe) guarda->BeginTrans();
+                                                                              std::size_t cuantas,
+                                                                              const EsperaBloqueo& espera) {
     std::vector<std::shared_ptr<ConexionSqlite>> conexiones;
-    for (std::size_t i = 0; i < (seEscribe ? cuantas : 1); ++i) {
-        conexiones.push_back(Abrir(ruta, identidad, Modo::SoloLectura));
-        conexiones.back()->interior_->Guion(kVerAhora);
+    const auto anadir = [&](std::size_t mas) {
+        for (; mas > 0; --mas) {
+            conexiones.push_back(Abrir(ruta, identidad, Modo::SoloLectura, espera));
+            conexiones.back()->interior_->Guion(kVerAhora);
+        }
+    };
+    // A base that cannot be written takes any transaction, and holds nobody off by it.
+    const auto guarda = cuantas > 1 ? Abrir(ruta, identidad, Modo::LecturaEscritura, espera) : nullptr;
+    if (!guarda || sqlite3_db_readonly(guarda->interior_->Base(), "main") != 0) {
+        anadir(1);
+        return conexiones;
     }
-    if (seEscribe) guarda->RollbackTrans();
+    guarda->BeginTrans();
+    anadir(cuantas);
+    guarda->RollbackTrans();
     return conexiones;
 }
 

@@ -70,7 +70,8 @@ Apartado Hijas(const CLI::App& orden) {
 
 std::string Uso(const CLI::App& orden) {
     std::string uso = NombreCompleto(orden);
-    if (!Ordenes(orden).empty()) return uso + " ORDEN [OPCIONES]";
+    if (!Ordenes(orden).empty())
+        return uso + (orden.get_require_subcommand_min() > 0 ? " ORDEN" : " [ORDEN]") + " [OPCIONES]";
     for (const CLI::Option* opcion : orden.get_options())
         if (opcion->get_positional()) uso += " [" + opcion->get_type_name() + "]";
     return uso + " [OPCIONES]";
@@ -165,8 +166,10 @@ struct PeticionAyuda {
 };
 
 void Responder(const CLI::App& programa, const PeticionAyuda& peticion) {
-    if (peticion.manual) return EscribirSalida(PaginaManual(programa));
-    if (peticion.bash) return EscribirSalida(GuionBash(programa));
+    if (peticion.manual || peticion.bash) {
+        EscribirSalida(peticion.manual ? PaginaManual(programa) : GuionBash(programa));
+        return;
+    }
     const CLI::App* orden = &programa;
     for (const std::string& nombre : peticion.orden) {
         const auto hijas = Ordenes(*orden);

@@ -28,9 +28,13 @@ void OpcionesSalida::Exigir() const {
 std::string OpcionesSalida::Texto(const Documento& documento) const {
     if (json) return AJson(documento);
     if (!csv.empty()) return ACsv(documento, csv == "true" ? "" : csv);
+    return ATexto(documento, Forma());
+}
+
+Presentacion OpcionesSalida::Forma() const {
     Presentacion presentacion = PresentacionDeSalida();
     if (ancho) presentacion.ancho = *ancho == 0 ? 0 : std::max(kAnchoMinimo, static_cast<std::size_t>(*ancho));
-    return ATexto(documento, presentacion);
+    return presentacion;
 }
 
 void OpcionesSalida::Escribir(const Documento& documento, bool hecho) const {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "kvdatosart/host/Documento.h"
+#include "kvdatosart/host/EscribirTexto.h"
 
 namespace CLI {
 class App;
@@ -27,6 +28,8 @@ struct OpcionesSalida {
     /// Rechazo when two forms are asked for at once.
     void Exigir() const;
 
+    /// How people read what goes to standard output, at the width that was asked for.
+    Presentacion Forma() const;
     /// Writes the answer. What was done and cannot be told is said on standard error and is no failure; of a question,
     /// it is a std::runtime_error.
     void Escribir(const Documento& documento, bool hecho) const;

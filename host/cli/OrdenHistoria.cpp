@@ -1,5 +1,5 @@
 #include "kvdatosart/application/Historias.h"
-#include "kvdatosart/host/EscribirFichero.h"
+#include "kvdatosart/host/FicheroProvisional.h"
 #include "kvdatosart/host/Historia.h"
 #include "kvdatosart/host/cli/CodigosSalida.h"
 #include "kvdatosart/host/cli/Orden.h"
@@ -17,7 +17,9 @@ void Contar(Trabajo& trabajo, const PeticionHistoria& peticion) {
     const aplicacion::RespuestaHistoria historia = aplicacion::HistoriaDe(trabajo.sesion, peticion);
     Documentar(trabajo.respuesta, historia);
     if (!peticion.svg.empty()) {
-        EscribirFichero(peticion.svg, ASvg(historia, trabajo.respuesta.Separador()));
+        FicheroProvisional fichero("svg", peticion.svg);
+        fichero.Escribir(ASvg(historia, trabajo.respuesta.Separador()));
+        fichero.Guardar();
         trabajo.respuesta.Dato("svg", "Dibujada en", peticion.svg);
     }
     trabajo.Escribir();

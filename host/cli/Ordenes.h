@@ -21,6 +21,7 @@ void AnadirStock(CLI::App& programa);
 void AnadirVentas(CLI::App& programa);
 void AnadirRevisar(CLI::App& programa);
 void AnadirActualizar(CLI::App& programa);
+void AnadirLista(CLI::App& programa);
 void AnadirListados(CLI::App& programa);
 
 }  // namespace kv::host

@@ -29,6 +29,12 @@ aplicacion::OrigenBase OHabitual(aplicacion::OrigenBase base) {
     return base;
 }
 
+std::function<void()> AvisoDeEspera(const aplicacion::OrigenBase& base) {
+    return [fichero = base.fichero] {
+        std::cerr << "kvdatosart: esperando a que otro programa suelte «" << fichero << "»...\n";
+    };
+}
+
 void AnadirTraza(CLI::App& orden, bool& traza) {
     orden.add_flag("--traza", traza, "Muestra cada sentencia enviada y su tiempo (en la salida de errores)")
         ->group(kGrupoComun);
@@ -69,9 +75,7 @@ aplicacion::Sesion Trabajo::Abrir(const OpcionesComunes& opciones, aplicacion::A
     salida_.Exigir();
     const aplicacion::OrigenBase base = OHabitual(opciones.base);
     ExigirUnaBase(base, "{base} FICHERO");
-    std::shared_ptr<Connection> conexion = AbrirBase(base, acceso, [fichero = base.fichero] {
-        std::cerr << "kvdatosart: esperando a que otro programa suelte «" << fichero << "»...\n";
-    });
+    std::shared_ptr<Connection> conexion = AbrirBase(base, acceso, AvisoDeEspera(base));
     std::shared_ptr<kv::cEmpresa> empresa;
     if (opciones.empresa != 0) empresa = aplicacion::LeerEmpresa(*conexion, opciones.empresa);
     if (traza_)

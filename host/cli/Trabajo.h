@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -35,6 +36,9 @@ aplicacion::OrigenBase OHabitual(aplicacion::OrigenBase base);
 
 /// Rechazo unless exactly one of both names a database; `uso` is how the command takes the file.
 void ExigirUnaBase(const aplicacion::OrigenBase& base, const std::string& uso);
+
+/// Tells on standard error, when it is called, that the file is waited for.
+std::function<void()> AvisoDeEspera(const aplicacion::OrigenBase& base);
 
 /// Adds --traza.
 void AnadirTraza(CLI::App& orden, bool& traza);

@@ -91,6 +91,7 @@ int Programa(int argc, const char* const* argv) {
     kv::host::AnadirCargar(programa);
     kv::host::AnadirHistoria(programa);
     kv::host::AnadirCliente(programa);
+    kv::host::AnadirLista(programa);
     kv::host::AnadirPrecios(programa);
     kv::host::AnadirDescuentos(programa);
     kv::host::AnadirAcuerdos(programa);

@@ -56,6 +56,39 @@ probar() {
     no 1 'no hay artículos con «[a»' articulos buscar '[a'
     si '"Carpintería Encina"' clientes buscar ENCINA carpinteria --limite 1
 
+    # What a list is made of.
+    no 2 'falta para qué clientes: --clientes, --grupo o --nodo' lista
+    no 2 'se espera --clientes con códigos o todos, o --grupo y --nodo, no los dos' lista --clientes todos --grupo 1
+    no 2 '--articulos: se esperan los códigos, o --familias y --buscar' lista --clientes 1 --articulos 101 --familias 1
+    no 2 '--unidades: «10» está dos veces' lista --clientes 1 --unidades 1 10 10,0
+    no 2 '--unidades: «-1» no vale' lista --clientes 1 --unidades 1 -1
+    no 2 '--tarifa: -1 vende a coste, y sin --con-coste una lista no enseña costes' lista --clientes 1 --tarifa -1
+    no 2 '--columnas: «coste» solo sale con --con-coste' lista --clientes 1 --columnas articulo coste
+    no 2 '--columnas: «pvp» no vale; las que hay: articulo, descripcion' lista --clientes 1 --columnas pvp
+    no 2 '--columnas: «neto» está dos veces' lista --clientes 1 --columnas neto cliente neto
+    no 2 '--orden: «precio» no vale; se espera articulo, cliente o familia' lista --clientes 1 --orden precio
+    no 2 '--sin-precio: «quitar» no vale; se espera omitir o marcar' lista --clientes 1 --sin-precio quitar
+    no 2 '--parte: «2» no vale; se espera la parte y cuántas son: 2/8' lista --clientes 1 --parte 2
+    no 2 '--parte: «0» no vale' lista --clientes 1 --parte 1/0
+    no 2 '--parte: «3/2» no vale; la parte va de 1 a cuantas sean' lista --clientes 1 --parte 3/2
+    no 2 '--trabajadores: «0» no vale' lista --clientes 1 --trabajadores 0
+    no 2 'se espera una sola forma de --json, --csv y --csv-excel' lista --clientes 1 --csv --csv-excel
+    no 2 '--salida: «.» es una carpeta; se espera un fichero' lista --clientes 1 --salida .
+    no 2 '--salida: «nohay/lista.csv» no se puede escribir: no existe su carpeta' lista --clientes 1 --salida nohay/lista.csv
+    no 1 'no existe el cliente 999' lista --clientes 1 999 2
+    no 1 'no hay artículos en lo elegido: familia 1, con «zzz»' lista --clientes 1 --familias 1 --buscar zzz
+    no 1 'no existe el nodo 9' lista --nodo 9
+    printf '\xef\xbb\xbfC\xf3digo;Art\xedculo\r\n101;a\r\n\r\n"103";b\r\n' >codigos.csv
+    { cat codigos.csv; printf '10\xf1;c\r\n'; } >malos.csv
+    { cat codigos.csv; printf '9999\r105'; } >otros.csv
+    printf 'Codigo\r\n' >vacio.csv
+    si '"articulo": 103' lista --clientes 1 --fichero-articulos codigos.csv
+    no 2 'malos.csv, línea 5: «10ñ» no es un código' lista --clientes 1 --fichero-articulos malos.csv
+    no 1 'otros.csv, línea 5: no existe el artículo 9999' lista --clientes 1 --fichero-articulos otros.csv
+    no 2 '--fichero-clientes: «vacio.csv» no tiene códigos' lista --fichero-clientes vacio.csv
+    no 3 'no se puede leer «.»' lista --fichero-clientes .
+    no 2 'se espera --clientes o --fichero-clientes, no los dos' lista --clientes 1 --fichero-clientes codigos.csv
+
     # Codes that do not exist.
     no 1 'no existe el artículo 9999' precios poner --articulo 9999 --cliente 3 --desde 1/1/2026 --precio 1
     no 1 'no existe el cliente 999' precios poner --articulo 101 --cliente 999 --desde 1/1/2026 --precio 1

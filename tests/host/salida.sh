@@ -69,7 +69,7 @@ contiene 'el dibujo' '</svg>' "$(tail -n 1 h.svg)"
 ln -s h.svg enlace.svg
 kv "${historia[@]}" --hasta 31/12/2040 --svg enlace.svg >/dev/null
 comprobar 'se sustituye lo que nombra el enlace' 'enlace.svg 1' "$(find enlace.svg -type l) $(grep -c '<desc.*31/12/2040' h.svg)"
-for caso in '. no es un fichero' '/dev/null no es un fichero' 'no/hay.svg no se puede escribir: '; do
+for caso in '. es una carpeta' '/dev/null no es un fichero' 'no/hay.svg no se puede escribir: '; do
     contiene "--svg ${caso%% *}" "«${caso%% *}» ${caso#* }" "$(kv "${historia[@]}" --svg "${caso%% *}")"
 done
 comprobar 'no queda nada más' 'enlace.svg h.svg' "$(echo ./*.svg* | sed 's|\./||g')"
