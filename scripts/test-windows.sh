@@ -91,23 +91,12 @@ sistema() {
     done
 }
 
-# guion HOST OPTION: the recorded loads priced from VBScript and JScript; 42 says that all of it ran, since a script host
-# ends with 0 after an error that nobody caught.
+# guion HOST OPTION: the class from a script; 42 says that all of it ran, since a script host ends with 0 after an error
+# that nobody caught.
 guion() {
-    local idioma final
-    for idioma in vbs js; do
-        final=0
-        vino 120 "$1" "$2" "Z:$raiz/tests/com/cargas.$idioma" "Z:$trabajo/cargas.txt" || final=$?
-        [ "$final" -eq 42 ] || { echo "$1 cargas.$idioma: termina con $final"; return 1; }
-    done
-}
-
-guiones() {
-    local clases='HKLM\Software\Classes' clase='{6d0b2f51-35c4-4b0e-9a0e-275512648e11}'
-    vino 60 reg add "$clases\\KVPrueba.Guion\\CLSID" /ve /d "$clase" /f >/dev/null
-    vino 60 reg add "$clases\\CLSID\\$clase\\InprocServer32" /ve /d "Z:$construido/tests/com/guion_script.dll" /f >/dev/null
-    guion cscript //nologo
-    guion wscript //B
+    local final=0
+    vino 120 "$1" "$2" "Z:$raiz/tests/com/objeto.vbs" || final=$?
+    [ "$final" -eq 42 ] || { echo "$1 objeto.vbs: termina con $final"; return 1; }
 }
 
 # medir: what a load costs through COM; few rounds here, for the figures give more.
@@ -127,7 +116,8 @@ for bits in 64 32; do
     registrar
     probar 'Registrada.*'
     etapa "$bits bits: guiones"
-    guiones
+    guion cscript //nologo
+    guion wscript //B
     etapa "$bits bits: coste de una carga"
     medir
     retirar

@@ -7,8 +7,9 @@
 
 namespace kv::prueba {
 
-/// An object called by name alone: a name gets its identifier when it is asked for, and `falta` never does.
-struct PorNombreFalso : Falso<IDispatch> {
+/// The demonstration's company, with which loads are recorded; a numbered member's value is under its name and number.
+/// It is called by name alone: a name gets its identifier when it is asked for, and `falta` never does.
+struct EmpresaFalsa : Falso<IDispatch> {
     using Falso::Falso;
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* nombres, UINT, LCID, DISPID* ids) override {
         ++llamadas;
@@ -25,24 +26,16 @@ struct PorNombreFalso : Falso<IDispatch> {
         clases |= clase;
         Variante dado;
         if (dados->cArgs > 0) VariantCopyInd(&dado.Get(), &dados->rgvarg[0]);
-        Variante leido = Leer(nombres_[static_cast<std::size_t>(id) - 1], dado.AValor());
+        const Valor numero = dado.AValor();
+        Variante leido(
+            valores[nombres_[static_cast<std::size_t>(id) - 1] + (EsNulo(numero) ? "" : AString(numero, '.'))]);
         if (resultado != nullptr) *resultado = leido.Soltar();
         return S_OK;
     }
-    /// What a member gives for its one argument, NULL without any.
-    virtual Variante Leer(const std::string& nombre, const Valor& dado) = 0;
-
     std::vector<std::string> nombres_;
     std::map<std::string, int> preguntas;
     int clases = 0;  // of the calls: method, property
     std::string falta;
-};
-
-/// The demonstration's company, with which loads are recorded; a numbered member's value is under its name and number.
-struct EmpresaFalsa : PorNombreFalso {
-    Variante Leer(const std::string& nombre, const Valor& dado) override {
-        return Variante(valores[nombre + (EsNulo(dado) ? "" : AString(dado, '.'))]);
-    }
     // clang-format off
     std::map<std::string, Valor> valores = {
         {"CodEmpresa", 1}, {"CodEmpresaArticulos", 1}, {"CodEmpresaClientes", 1}, {"CodEmpresaExtra", 1},

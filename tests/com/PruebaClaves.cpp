@@ -92,7 +92,8 @@ TEST(SinRegistrar, LaDeLaMaquinaQueNoSePuedeQuitar_NoSeDaPorQuitada) {
         EXPECT_TRUE(Hay(HKEY_LOCAL_MACHINE, kClase));
         EXPECT_FALSE(Hay(HKEY_CURRENT_USER, kClase)) << "la propia se quita";
     }
-    EXPECT_TRUE(QuitarRegistro() == S_OK && !Hay(HKEY_LOCAL_MACHINE, kClase));
+    EXPECT_EQ(S_OK, QuitarRegistro());
+    EXPECT_FALSE(Hay(HKEY_LOCAL_MACHINE, kClase));
 }
 
 TEST(SinRegistrar, UsoPorElManifiesto) {

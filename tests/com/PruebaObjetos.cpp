@@ -223,21 +223,5 @@ TEST(ArgumentosCompletos, OptativoQueNoEstaOMarcadoComoAusente) {
     EXPECT_EQ(6U, marcado.Situar(6)) << "optativo marcado como ausente";
 }
 
-TEST_F(Registrada, LosTextosLlevanElSeparadorDelUsuario) {
-    SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, L",");
-    int conDecimales = 0;
-    for (const Caso& caso : casos) {
-        std::string convenio = caso.propiedades.at("Convenio");
-        const std::size_t punto = convenio.find('.');
-        if (punto == std::string::npos || convenio.find("DTOS") != std::string::npos) continue;
-        const auto o = Preparar(escena, caso);
-        CargarPorRanura(*o.Get(), caso);
-        EXPECT_EQ(convenio.replace(punto, 1, ","), Leer(*o.Get(), "Convenio"));
-        ++conDecimales;
-    }
-    EXPECT_GT(conDecimales, 0);
-    SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, L".");
-}
-
 }  // namespace
 }  // namespace kv::prueba
