@@ -56,6 +56,7 @@ class clsCliente_DtosFamilias : public Inyectado {
   private:
     bool EsArticulo() const;
     std::string Cola() const;
+    /// The first row of the company that meets the conditions in `strFiltro`, 0 without one. Nothing calls it.
     double Dev_Descuento_Filtro(std::string_view strFiltro);
 
     std::optional<std::string> fallo_;

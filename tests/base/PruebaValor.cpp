@@ -88,6 +88,14 @@ TEST(Valor, BooleanosTextosYFechas) {
     EXPECT_EQ(0.5, ADouble(S("0,5")));
 }
 
+TEST(RuntimeError, LosNumerosSonLosDelLenguajeYLosDeAdo) {
+    EXPECT_EQ((std::vector{5, 6, 7, 9, 11, 13, 51, 91, 94}),
+              (std::vector{kErrLlamadaInvalida, kErrDesbordamiento, kErrSinMemoria, kErrSubindice, kErrDivisionPorCero,
+                           kErrTipo, kErrInterno, kErrObjetoNoEstablecido, kErrNulo}));
+    EXPECT_EQ((std::vector{3265, 3704, 3705, 3021}),
+              (std::vector{kErrElementoNoEncontrado, kErrObjetoCerrado, kErrObjetoAbierto, kErrSinRegistro}));
+}
+
 TEST(Relanzar, GuardaNumeroYTextoYCambiaElOrigen) {
     const auto relanzar = [](auto fallo) {
         try {
@@ -96,13 +104,8 @@ TEST(Relanzar, GuardaNumeroYTextoYCambiaElOrigen) {
             Relanzar("clsCliente::Existe");
         }
     };
-    try {
-        relanzar(RuntimeError(-2147217900, "Proveedor", "sintaxis"));
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(-2147217900, error.numero);
-        EXPECT_EQ("clsCliente::Existe", error.origen);
-        EXPECT_EQ("sintaxis", error.descripcion);
-    }
+    EXPECT_EQ("-2147217900|clsCliente::Existe|sintaxis",
+              FalloDe([&] { relanzar(RuntimeError(-2147217900, "Proveedor", "sintaxis")); }));
     EsperarError(kErrSinMemoria, "clsCliente::Existe", [&] { relanzar(std::bad_alloc()); });
     EsperarError(kErrInterno, "clsCliente::Existe", [&] { relanzar(std::logic_error("roto")); });
 }

@@ -43,11 +43,14 @@ TEST(Tasar, CadaLineaEsDeUnObjetoNuevo_YDiceQuePusoElPrecio) {
     for (const auto& caso : casos) {
         const Tasacion t = Tasar(puesto, Terminos(caso.articulo, caso.cliente));
         EXPECT_EQ(caso.estado, t.estado);
-        if (caso.precios[0] != '\0')
+        if (caso.precios[0] != '\0') {
             EXPECT_EQ(caso.precios, t.pvp.ATexto('.').Cadena() + " " + t.descuento.ATexto('.').Cadena() + " " +
                                         t.neto.ATexto('.').Cadena());
-        else
-            EXPECT_TRUE(t.motivo.EsCoste() && t.pvp == t.coste && t.descuento == Currency());
+        } else {
+            EXPECT_TRUE(t.motivo.EsCoste());
+            EXPECT_EQ(t.coste, t.pvp);
+            EXPECT_EQ(Currency(), t.descuento);
+        }
         EXPECT_EQ(caso.motivo, t.motivo.Texto()) << caso.articulo << " " << caso.cliente;
     }
 }

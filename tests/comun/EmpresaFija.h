@@ -17,11 +17,17 @@ class EmpresaFija : public cEmpresa {
     std::int16_t CodEmpresa() const override { return codEmpresa; }
     std::int16_t CodEmpresaArticulos() const override { return codEmpresaArticulos; }
     std::int16_t CodEmpresaClientes() const override { return codEmpresaClientes; }
-    std::int16_t CodEmpresaExtra() const override { return codEmpresaExtra; }
+    std::int16_t CodEmpresaExtra() const override {
+        pedidos.push_back(0);
+        return codEmpresaExtra;
+    }
     std::int16_t TarifaEmpresa() const override { return tarifaEmpresa; }
     bool VenderSinStock() const override { return venderSinStock; }
     bool CosteUltimaCompra() const override { return costeUltimaCompra; }
-    std::int16_t DecPrecios() const override { return decPrecios; }
+    std::int16_t DecPrecios() const override {
+        ++vecesDecPrecios;
+        return decPrecios;
+    }
     std::int16_t DecImportes() const override { return decImportes; }
     std::int16_t DecCostes() const override { return decCostes; }
     Valor Parametro(std::int16_t numero) const override {
@@ -36,7 +42,8 @@ class EmpresaFija : public cEmpresa {
     std::int16_t tarifaEmpresa = 5, decPrecios = 2, decImportes = 1, decCostes = 4;
     bool venderSinStock = false, costeUltimaCompra = false;
     std::map<std::int16_t, Valor> parametros;
-    mutable std::vector<int> pedidos;  // the parameters asked for
+    mutable std::vector<int> pedidos;  // the parameters asked for, the extra company as 0
+    mutable int vecesDecPrecios = 0;   // how often it was asked for
     std::array<std::string, 3> captions = {"Sección", "Familia", "Subfamilia"};
 };
 

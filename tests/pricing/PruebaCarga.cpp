@@ -22,21 +22,6 @@ std::string Puestas(const DatosArticulo& a) {
                    a.BloqueadoGral, a.MsjAlerta, a.MotivoBaja, a.BajoPedido, a.UnidadesDecimales, a.Peso);
 }
 
-// What a load tells of its discount look-ups.
-struct OyeDescuentos : ObservadorCarga {
-    std::string oido;
-    void Tarifa(const TarifaProbada&) override {}
-    void Paso(const PasoPrecio&) override {}
-    void DescuentoLinea(FuenteDescuento, Currency porcentaje) override { oido += porcentaje.ATexto('.').Cadena(); }
-    void DescuentoFallido(FuenteDescuento fuente, std::string_view procedimiento, std::string_view fallo) override {
-        oido += fuente == FuenteDescuento::Grupo ? "grupo " : "familia ";
-        oido += std::string(procedimiento) + ": " + std::string(fallo) + "; ";
-    }
-    void NodoBase(const NivelesCadena&, const DiasAcuerdo*, Currency) override {}
-    void NodoDescuentos(const NivelesCadena&, const DiasAcuerdo*, int) override {}
-    void DescuentoCadena(const DescuentoAplicado&) override {}
-};
-
 class Carga : public ConGuion<clsDatosArt> {
   protected:
     std::int16_t Cargar() { return objeto.Cargar(1042, 77, dia, 9, 6, 2, Currency::DeEntero(2)); }
@@ -62,25 +47,44 @@ class Carga : public ConGuion<clsDatosArt> {
             " P_Medio AS Costo FROM Almacen_Articulos WHERE Cod_Empresa =1 AND Cod_Almacen =6 AND Cod_Articulo =1042",
             {"Bloqueo", "BloqueoVenta", "Stock", "Pend_Servir", "Pend_Recibir", "Costo"}, filas);
     }
+    void HastaLaCadena() {
+        Maestro(0);
+        Almacen();
+        guion->EsperaConsulta(
+            "SELECT Cod_Tarifa, Pvp FROM Articulos_Tarifas WHERE Cod_Empresa =2 AND Cod_Articulo =1042"
+            " AND Cod_Tarifa =9 AND Pvp <> 0",
+            {"Pvp"}, {{19.995}});
+        guion->EsperaConsulta(
+            " SELECT Pvp FROM Clientes_Art_PVP WHERE Cod_Empresa =1 AND Cod_Cliente =77 AND Cod_Articulo =1042"
+            " AND Fecha_Inicial <=' 05/03/2026' AND Fecha_Final >=' 05/03/2026'");
+    }
 };
+
+const std::string kNivelesCadena =
+    "SELECT Cad_Nivel_1, Cad_Nivel_2, Cad_Nivel_3, Cad_Nivel_4, Cad_Nivel_5, Cad_Nivel_6, Cad_Nivel_7,"
+    " Cad_Nivel_8, Cad_Nivel_9, Cad_Nivel_10  FROM Clientes WHERE Cod_Empresa=1 AND Codigo=77";
+
+TEST_F(Carga, CadaNivelDeLaCadenaEnElSuyo) {
+    HastaLaCadena();
+    guion->EsperaConsulta(kNivelesCadena,
+                          Palabras("Cad_Nivel_1 Cad_Nivel_2 Cad_Nivel_3 Cad_Nivel_4 Cad_Nivel_5 Cad_Nivel_6"
+                                   " Cad_Nivel_7 Cad_Nivel_8 Cad_Nivel_9 Cad_Nivel_10"),
+                          {{11, 12, 13, 14, 15, 16, 17, 18, 19, 20}});
+    guion->EsperaConsulta(
+        "SELECT TOP 1 a.* FROM Clientes_Cadenas_ConvArt a WHERE a.Cod_Empresa = 1 AND a.Cod_Articulo = 1042"
+        " AND Cod_Nivel1 =11 AND Cod_Nivel2 =12 AND Cod_Nivel3 =13 AND Cod_Nivel4 =14 AND Cod_Nivel5 =15"
+        " AND Cod_Nivel6 =16 AND Cod_Nivel7 =17 AND Cod_Nivel8 =18 AND Cod_Nivel9 =19 AND Cod_Nivel10 =20"
+        " AND a.FechaEntrada <='d05/03/2026' AND a.FechaSalida >='d05/03/2026' AND a.FechaSalida < '31/12/2050'"
+        " ORDER BY a.FechaEntrada DESC");
+    guion->YFalla(1205, "bloqueo");
+    EsperarError(1205, "clsClientes_Cadenas_ConvArt::Dev_PBase", [&] { Cargar(); });
+}
 
 TEST_F(Carga, Entera_SentenciasEnOrden) {
     objeto.Convenio = "antes";
     objeto.BloqueadoVenta = true;
-    OyeDescuentos oyente;
-    objeto.Observador(&oyente);
-    Maestro(0);
-    Almacen();
-    guion->EsperaConsulta(
-        "SELECT Cod_Tarifa, Pvp FROM Articulos_Tarifas WHERE Cod_Empresa =2 AND Cod_Articulo =1042 AND Cod_Tarifa =9"
-        " AND Pvp <> 0",
-        {"Pvp"}, {{19.995}});
-    guion->EsperaConsulta(
-        " SELECT Pvp FROM Clientes_Art_PVP WHERE Cod_Empresa =1 AND Cod_Cliente =77 AND Cod_Articulo =1042"
-        " AND Fecha_Inicial <=' 05/03/2026' AND Fecha_Final >=' 05/03/2026'");
-    guion->EsperaConsulta(
-        "SELECT Cad_Nivel_1, Cad_Nivel_2, Cad_Nivel_3, Cad_Nivel_4, Cad_Nivel_5, Cad_Nivel_6, Cad_Nivel_7,"
-        " Cad_Nivel_8, Cad_Nivel_9, Cad_Nivel_10  FROM Clientes WHERE Cod_Empresa=1 AND Codigo=77");
+    HastaLaCadena();
+    guion->EsperaConsulta(kNivelesCadena);
     guion->EsperaConsulta(
         "SELECT a.PUC, a.Pvp, b.PU_Compra AS PUC_Base, ISNULL(c.Pvp, 0) AS Pvp_Base FROM Clientes_Convenio_Pvp a"
         " INNER JOIN Articulos b ON a.Cod_ArticuloB = b.Codigo AND b.Cod_Empresa =2 LEFT JOIN Articulos_Tarifas c"
@@ -91,8 +95,6 @@ TEST_F(Carga, Entera_SentenciasEnOrden) {
         guion->YFalla(2812, "no existe");
     }
     EXPECT_EQ(3, Cargar());
-    EXPECT_EQ("grupo KVP_DevDtoClientesGrupos: no existe; familia KVP_DevDtoDescuentosFamilias: no existe; ",
-              oyente.oido);
     EXPECT_EQ(Currency::DeDouble(19.995), objeto.PvpBase);
     EXPECT_EQ("", objeto.Convenio);
     EXPECT_EQ(Currency::DeDouble(7.5), objeto.Stock);

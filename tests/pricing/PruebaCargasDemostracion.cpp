@@ -29,56 +29,44 @@ class CargaReal : public testing::Test {
 
 // What the table of the demonstration's document does not tell: decimals, and rows in place of its own.
 TEST_F(CargaReal, ValoresEnElBorde) {
-    struct Caso {
-        const char* nombre;
-        const char* sql = "";
-        int articulo = 103, cliente = 1, estado = 0;
-        double pvp = 59, coste = 31.25;
+    struct Linea {
+        int estado;
+        double pvp, coste;
         std::int16_t decimales = 4;
+        int articulo = 103, cliente = 1;
         std::uint8_t x = 0, y = 0;
-        bool ultimaCompra = false;
+        int dias = 0;
     };
-    const Caso kCasos[] = {
-        {.nombre = "sin decimales", .articulo = 101, .pvp = 90, .coste = 52.3456, .decimales = 0},
-        {.nombre = "tres decimales", .sql = "UPDATE Articulos_Tarifas SET Pvp =9.8765", .pvp = 9.877, .decimales = 3},
-        {.nombre = "stock negativo", .sql = "UPDATE Almacen_Articulos SET Stock_Actual =-1", .estado = 2},
-        {.nombre = "bloqueado solo para la venta", .sql = "UPDATE Almacen_Articulos SET BloqueoVenta =1"},
-        {.nombre = "a coste, bloqueado",
-         .sql = "UPDATE Almacen_Articulos SET Bloqueo =1, P_Medio =5.4321",
-         .cliente = 50,
-         .pvp = 5.4321,
-         .coste = 5.4321,
-         .decimales = 2},
-        {.nombre = "a coste, sin stock",
-         .sql = "UPDATE Almacen_Articulos SET Stock_Actual =0",
-         .cliente = 50,
-         .estado = 2,
-         .pvp = 31.25},
-        {.nombre = "coste negativo", .sql = "UPDATE Almacen_Articulos_C SET P_Medio =-1", .x = 40, .y = 1},
-        {.nombre = "última compra",
-         .sql = "UPDATE Almacen_Articulos_C SET PU_Compra =9",
-         .coste = 9,
-         .x = 40,
-         .y = 1,
-         .ultimaCompra = true},
-        {.nombre = "sin talla", .sql = "UPDATE Almacen_Articulos_C SET CualidadX =0 WHERE CualidadX =40", .y = 1},
-        {.nombre = "sin color", .sql = "UPDATE Almacen_Articulos_C SET CualidadY =0 WHERE CualidadY =1", .x = 40},
-    };
-    for (const Caso& caso : kCasos) {
-        SCOPED_TRACE(caso.nombre);
+    const auto carga = [&](const char* nombre, const char* sql, const Linea& linea) {
+        SCOPED_TRACE(nombre);
         clsDatosArt a;
         Conectar(a);
-        a.CualidadX = caso.x;
-        a.CualidadY = caso.y;
-        empresa->costeUltimaCompra = caso.ultimaCompra;
+        a.CualidadX = linea.x;
+        a.CualidadY = linea.y;
         base->BeginTrans();
-        if (*caso.sql != '\0') base->Ejecutar(caso.sql);
-        EXPECT_EQ(caso.estado, a.Cargar(caso.articulo, caso.cliente, kHoy, 1, 1, caso.decimales));
+        if (*sql != '\0') base->Ejecutar(sql);
+        EXPECT_EQ(linea.estado, a.Cargar(linea.articulo, linea.cliente, kHoy + linea.dias, 1, 1, linea.decimales));
         base->RollbackTrans();
-        EXPECT_DOUBLE_EQ(caso.pvp, a.Pvp);
-        EXPECT_DOUBLE_EQ(caso.pvp, a.PvpOriginal);
-        EXPECT_DOUBLE_EQ(caso.coste, a.PCosto);
-    }
+        EXPECT_DOUBLE_EQ(linea.pvp, a.Pvp);
+        EXPECT_DOUBLE_EQ(linea.pvp, a.PvpOriginal);
+        EXPECT_DOUBLE_EQ(linea.coste, a.PCosto);
+    };
+    carga("sin decimales", "", {0, 90, 52.3456, 0, 101});
+    carga("tres decimales", "UPDATE Articulos_Tarifas SET Pvp =9.8765", {0, 9.877, 31.25, 3});
+    carga("stock negativo", "UPDATE Almacen_Articulos SET Stock_Actual =-1", {2, 59, 31.25});
+    carga("bloqueado solo para la venta", "UPDATE Almacen_Articulos SET BloqueoVenta =1", {0, 59, 31.25});
+    carga("a coste, bloqueado", "UPDATE Almacen_Articulos SET Bloqueo =1, P_Medio =5.4321",
+          {0, 5.4321, 5.4321, 2, 103, 50});
+    carga("a coste, sin stock", "UPDATE Almacen_Articulos SET Stock_Actual =0", {2, 31.25, 31.25, 4, 103, 50});
+    carga("coste negativo", "UPDATE Almacen_Articulos_C SET P_Medio =-1", {0, 59, 31.25, 4, 103, 1, 40, 1});
+    carga("sin talla", "UPDATE Almacen_Articulos_C SET CualidadX =0 WHERE CualidadX =40",
+          {0, 59, 31.25, 4, 103, 1, 0, 1});
+    carga("sin color", "UPDATE Almacen_Articulos_C SET CualidadY =0 WHERE CualidadY =1",
+          {0, 59, 31.25, 4, 103, 1, 40, 0});
+    carga("antes de los acuerdos", "UPDATE Clientes_Cadenas_ConvArt SET PBase =50",
+          {0, 24, 14.2, 2, 113, 11, 0, 0, -9000});
+    empresa->costeUltimaCompra = true;
+    carga("última compra", "UPDATE Almacen_Articulos_C SET PU_Compra =9", {0, 59, 9, 4, 103, 1, 40, 1});
 }
 
 TEST_F(CargaReal, SinFilaEnElAlmacen_BloqueosYPendientesQuedan) {
@@ -113,10 +101,73 @@ TEST_F(CargaReal, FinTemprano_SueltaAlClienteYNoTocaLoQueSigue) {
     acaba(0, 102, 50);  // a customer who buys at cost
 }
 
-// The second parameter decides the level of the article, and the first one only when it holds nothing.
-TEST_F(CargaReal, ParametrosDeLaEmpresa_SePidenEnOrden) {
+// Puts what it hears into words, but for the sources that neither had a price nor changed it.
+class Oyente : public ObservadorCarga {
+  public:
+    std::string oido;
+    void Tarifa(const TarifaProbada& t) override {
+        constexpr const char* kOrigenes[] = {"pedida ", "promoción ", "del cliente ", "de la empresa "};
+        oido += kOrigenes[static_cast<int>(t.origen)] + std::to_string(t.tarifa) + (t.porCualidad ? " variante" : "") +
+                (t.programada ? " futura" : "") + (t.hallada ? " " : " no ") + t.pvp.ATexto('.').Cadena() + "; ";
+    }
+    void Paso(const PasoPrecio& p) override {
+        constexpr const char* kFuentes[] = {"TARIFAS", "COSTE", "A COSTE", "PROPIO", "BASE", "CONVENIO", "NETO", "FIN"};
+        ++pasos;
+        if (p.hallada || p.aplicada || p.antes != p.despues)
+            oido += kFuentes[static_cast<int>(p.fuente)] + std::string(p.hallada ? " sí" : " no") +
+                    (p.aplicada ? ", pone " : ", queda ") + AString(p.antes, '.') + ">" + AString(p.despues, '.') +
+                    "; ";
+    }
+    void DescuentoLinea(FuenteDescuento fuente, Currency dto) override {
+        if (dto != Currency())
+            oido += (fuente == FuenteDescuento::Grupo ? "grupo " : "familia ") + AString(dto, '.') + "; ";
+    }
+    void DescuentoFallido(FuenteDescuento fuente, std::string_view que, std::string_view fallo) override {
+        oido += fuente == FuenteDescuento::Grupo ? "grupo " : "familia ";
+        oido += std::string(que) + ": " + std::string(fallo) + "; ";
+    }
+    void NodoBase(const NivelesCadena&, const DiasAcuerdo*, Currency) override {}
+    void NodoDescuentos(const NivelesCadena&, const DiasAcuerdo*, int) override { ++nodos; }
+    void DescuentoCadena(const DescuentoAplicado&) override {}
+    int pasos = 0, nodos = 0;
+};
+
+TEST_F(CargaReal, Oyente_CadaFuenteEnSuOrdenConSuPrecio) {
+    const auto oye = [&](int articulo, int cliente, std::int16_t tarifa, const std::string& oido, int dias = 0,
+                         int x = 0) {
+        SCOPED_TRACE(articulo);
+        Oyente oyente;
+        clsDatosArt a;
+        Conectar(a);
+        a.Observador(&oyente);
+        a.CualidadX = static_cast<std::uint8_t>(x);
+        a.Cargar(articulo, cliente, kHoy + dias, tarifa, 1, 2, Currency::DeEntero(9));
+        EXPECT_EQ(oido, oyente.oido);
+        EXPECT_EQ(cliente == 49 ? 2 : 6, oyente.pasos);
+        EXPECT_EQ(articulo == 116 ? 1 : 0, oyente.nodos) << "los nodos del texto no se oyen";
+    };
+    oye(104, 2, 3, "pedida 3 no 0; promoción 4 7.95; TARIFAS sí, pone 0>7.95; FIN sí, pone 7.95>7.95; ");
+    oye(103, 2, 1,
+        "pedida 1 variante no 0; promoción 4 variante no 0; del cliente 3 variante 66; TARIFAS sí, pone 0>66; "
+        "FIN sí, pone 66>66; ",
+        0, 46);
+    oye(103, 3, 1, "pedida 1 variante futura 67.9; TARIFAS sí, pone 0>67.9; FIN sí, pone 67.9>67.9; ", 30, 42);
+    oye(121, 1, 5, "pedida 5 no 0; del cliente 2 no 0; de la empresa 1 no 0; TARIFAS no, pone 0>0; FIN sí, pone 0>0; ");
+    oye(101, 1, -1, "COSTE sí, pone 0>52.3456; FIN sí, pone 52.3456>52.35; ");
+    oye(101, 49, 1, "pedida 1 89.95; TARIFAS sí, pone 0>89.95; A COSTE sí, pone 89.95>52.3456; ");
+    oye(106, 3, 1, "pedida 1 1.95; TARIFAS sí, pone 0>1.95; PROPIO sí, pone 1.95>1.57; FIN sí, pone 1.57>1.57; ");
+    oye(116, 20, 1,
+        "pedida 1 289; TARIFAS sí, pone 0>289; BASE sí, pone 289>255; CONVENIO sí, pone 255>249; "
+        "NETO sí, pone 249>244; FIN sí, pone 244>244; ");
+    oye(110, 4, 1, "pedida 1 1.2; TARIFAS sí, pone 0>1.2; CONVENIO sí, queda 1.2>1.2; FIN sí, pone 1.2>1.2; ");
+    oye(111, 6, 1, "pedida 1 5.95; TARIFAS sí, pone 0>5.95; grupo 7; FIN sí, pone 5.95>5.95; ");
+    oye(112, 5, 1, "pedida 1 4.85; TARIFAS sí, pone 0>4.85; familia 12; FIN sí, pone 4.85>4.85; ");
+}
+
+// In each load; the second parameter decides the level of the article, and the first one only when it holds nothing.
+TEST_F(CargaReal, EmpresaExtraYParametros_SePidenEnOrden) {
     const std::pair<Valor, std::vector<int>> kCasos[] = {
-        {std::string("x"), {2}}, {std::int16_t{0}, {2}}, {std::string(), {2, 1}}, {Nulo{}, {2, 1}}};
+        {"x", {0, 2}}, {std::int16_t{0}, {0, 2}}, {"", {0, 2, 1}}, {Nulo{}, {0, 2, 1}}};
     clsDatosArt a;
     Conectar(a);
     for (const auto& [segundo, pedidos] : kCasos) {
@@ -174,18 +225,6 @@ TEST_F(CargaReal, Padre_SeCargaUnaVezAlLeerlo) {
     EXPECT_EQ(nullptr, a.padre()) << "la carga siguiente falla";
 }
 
-// A context of the host's own may fail at any of its members.
-struct EmpresaQueFalla : EmpresaFija {
-    std::int16_t CodEmpresaExtra() const override { LanzarError(kErrTipo, "sin empresa extra"); }
-};
-
-TEST_F(CargaReal, EmpresaExtra_SePideEnCadaCarga) {
-    empresa = std::make_shared<EmpresaQueFalla>();
-    clsDatosArt a;
-    Conectar(a);
-    EsperarError(kErrTipo, "KVDatosArt", [&] { a.Cargar(101, 1, kHoy, 1, 1, 2); });
-}
-
 // The load of a customer four levels below the top of a chain, with each of its statements failing in its turn.
 TEST_F(CargaReal, FalloEnCadaSentencia_OrigenYLoYaCargado) {
     struct Etapa {
@@ -219,10 +258,13 @@ TEST_F(CargaReal, FalloEnCadaSentencia_OrigenYLoYaCargado) {
             a.PDescuento = 7;
             a.Convenio = "antes";
             const auto cargar = [&] { a.Cargar(113, 11, kHoy, 1, 1, 2); };
+            Oyente oyente;
+            a.Observador(&oyente);
             if (etapa.origen != nullptr)
                 EsperarError(1205, etapa.origen, cargar);
             else
                 cargar();
+            EXPECT_EQ(etapa.origen == nullptr, oyente.oido.find(" KVP_DevDto") != std::string::npos) << oyente.oido;
             std::string cargado;
             for (const Valor& valor : std::initializer_list<Valor>{a.Codigo, a.Stock, a.Pvp, a.TarifaPVP, a.PvpBase,
                                                                    static_cast<double>(a.PDescuento), a.Convenio})

@@ -163,7 +163,7 @@ TEST_F(Cadenas, PrecioBase_ElPrimerNodoQueLoTiene) {
     const auto base = [&](double precio, const char* camino, int ultimoNivel, const Valor& salida) {
         std::string camino_;
         Fecha entrada;
-        Valor salida_;
+        Valor salida_ = hoy;
         EXPECT_EQ(C(precio), Hacer(objeto, "clsClientes_Cadenas_ConvArt::Dev_PBase",
                                    [&] { return objeto.Devuelve_PBase(camino_, entrada, salida_, dia); }));
         EXPECT_EQ(camino, camino_);
@@ -214,11 +214,15 @@ TEST_F(Cadenas, Oyente_LosDiasDelAcuerdoHalladoYCadaDescuento) {
     objeto.Devuelve_PBase(camino, entrada, salida, dia);
     EXPECT_EQ("base 11.12 0|base 11.0 01/01/2025-31/12/2050 9.5|", oyente.oido);
     oyente.oido.clear();
-    Esperar({{true, {{7, 30}, {2, 2, 1}}}, {true, {{1, 5}}}});
+    Esperar({{true, {{7, 30}, {2, 2, 1}}}, {false, {{1, 5}}}});
     objeto.Dev_Neto(dia);
     EXPECT_EQ(
         "dtos 11.12 13/01/2025-31/12/2050 2|dtos 11.0 01/01/2025-31/12/2050 1|dto 1 100 95|dto 7 95 95|dto 2 95 63.33|",
         oyente.oido);
+    oyente.oido.clear();
+    Esperar({{false, {}, 0, Hay::Nada}, {false, {{1, 7}}}});
+    objeto.Dev_Neto(dia);
+    EXPECT_EQ("dtos 11.12 0|dtos 11.0 01/01/2025-31/12/2050 1|dto 1 100 93|", oyente.oido);
 }
 
 TEST_F(Cadenas, TextoTotal_CadaClase) {
@@ -227,6 +231,7 @@ TEST_F(Cadenas, TextoTotal_CadaClase) {
     const auto texto = [&] { return objeto.Dev_CadenaConvenio_Total(dia); };
     Esperar({{false, {{0, 7.125}, {1, 1.2345}, {2, 4.5, 0.5}, {9, 1}}}});
     EXPECT_EQ("PB: 100,124  DTOS: p7,13% Ep1,235 M5,1", texto());
+    EXPECT_EQ(3, empresa->vecesDecPrecios) << "se piden cada vez";
     Esperar({{false, {{9, 1}}}});
     EXPECT_EQ("PB: 100,124  DTOS:", Hacer(objeto, "clsClientes_Cadenas_ConvArt::Dev_Descuentos", texto));
     biblioteca.masAlRedondear = C(70);
@@ -258,18 +263,6 @@ TEST_F(Cadenas, TextoDelNodo_ConSusBlancosYSuRareza) {
     EXPECT_EQ("p2,00%", texto());
     guion->EsperaConsulta(conFinal, kColumnas, {Fila({true, {{0, 0}, {1, 2}, {0, 3}}}, kDiez)});
     EXPECT_EQ("DTOS: Ep2,0 p3,00%", texto());
-}
-
-// Says one decimal more each time.
-struct EmpresaQueCambia : EmpresaFija {
-    mutable std::int16_t decimales = 0;
-    std::int16_t DecPrecios() const override { return ++decimales; }
-};
-
-TEST_F(Cadenas, TextoTotal_PideLosDecimalesCadaVez) {
-    objeto.cEmpresa(std::make_shared<EmpresaQueCambia>());
-    Esperar({{false, {{1, 1.2345}}}});
-    EXPECT_EQ("PB: 100  DTOS: Ep1,20", objeto.Dev_CadenaConvenio_Total(dia));
 }
 
 // What is loaded is inserted; what is then set is updated.

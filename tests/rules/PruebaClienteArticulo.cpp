@@ -143,6 +143,8 @@ TEST_F(ClienteArticulo, Acumular_EnLasDosTablasYConElCosteDelAlmacen) {
     };
     const Caso kCasos[] = {
         {false, false, 0, -2.5555, 10.125, 4.005, {}, "n-2.5555", "1010.13", "1004.01"},
+        {false, true, 1, 4, 10, -6, {}, "n4", "1010", "994"},
+        {true, true, 0, 5, 10, 7, {}, "n5", "1010", "1007"},
         {true, false, 1, 3, 10, -5, {}, "n3", "1010", "995"},
         {false, false, 1, 2, -10, 0, 1.5, "n2", "990", "1003"},
         {false, true, 1, -2, 10, 0, 1.25, "n-2", "1010", "997.5"},

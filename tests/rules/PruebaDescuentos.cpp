@@ -173,47 +173,39 @@ TEST_F(Descuentos, Encajados_EscribeLaComaRegionalYDevuelveLosLimites) {
     EXPECT_EQ(Currency::DeEntero(20), maximo);
 }
 
-// A parameter by ADO's own numbers.
-Parameter P(const char* nombre, int tipo, int direccion, Valor valor) {
-    return {nombre, static_cast<DataType>(tipo), static_cast<ParameterDirection>(direccion), 0, std::move(valor)};
-}
-
 TEST_F(Descuentos, Activo_ParametrosEnOrdenYNivelesSegunLosTitulos) {
-    struct Caso {
-        std::array<std::string, 3> titulos;
-        std::uint8_t nivel, niveles;
+    // By ADO's own numbers.
+    std::vector<Parameter> parametros;
+    const auto p = [&](const char* nombre, int tipo, int direccion, const Valor& valor) {
+        return parametros.emplace_back(nombre, static_cast<DataType>(tipo), static_cast<ParameterDirection>(direccion),
+                                       0, valor);
     };
-    for (const Caso& caso : {Caso{{"Sección", "", ""}, 2, 1},
-                             {{"Sección", "Familia", ""}, 3, 2},
-                             {{"", "Familia", "Subfamilia"}, 4, 3},
-                             {{"Sección", "", "Subfamilia"}, 4, 3}}) {
-        SCOPED_TRACE(caso.titulos[1] + caso.titulos[2]);
-        empresa->captions = caso.titulos;
-        const auto hay = [&](std::size_t i) { return !caso.titulos[i].empty(); };
-        std::vector<Parameter> parametros = {P("Return", 3, 4, Nulo{}),
-                                             P("@Empresa", 16, 1, std::int16_t{1}),
-                                             P("@Cliente", 3, 1, 77),
-                                             P("@Articulo", 3, 1, 1042),
-                                             P("@Familia1", 2, 1, std::int16_t{5}),
-                                             P("@Familia2", 2, 1, std::int16_t{6}),
-                                             P("@Familia3", 2, 1, std::int16_t{7}),
-                                             P("@Nivel", 16, 1, caso.nivel),
-                                             P("@Niveles", 16, 1, caso.niveles),
-                                             P("@EmpFamilia1", 11, 1, hay(0)),
-                                             P("@EmpFamilia2", 11, 1, hay(1)),
-                                             P("@EmpFamilia3", 11, 1, hay(2)),
-                                             P("@Dto", 6, 2, Nulo{})};
-        const std::vector<Parameter> salida = {P("@Dto", 6, 2, Currency::DeDouble(8.25))};
+    const std::vector<Parameter> salida = {p("@Dto", 6, 2, Currency::DeDouble(8.25))};
+    const auto probar = [&](const std::array<std::string, 3>& titulos, std::uint8_t nivel, std::uint8_t niveles) {
+        SCOPED_TRACE(titulos[1] + titulos[2]);
+        empresa->captions = titulos;
+        parametros.clear();
+        p("Return", 3, 4, Nulo{}), p("@Empresa", 16, 1, std::int16_t{1}), p("@Cliente", 3, 1, 77);
+        p("@Articulo", 3, 1, 1042), p("@Familia1", 2, 1, std::int16_t{5}), p("@Familia2", 2, 1, std::int16_t{6});
+        p("@Familia3", 2, 1, std::int16_t{7}), p("@Nivel", 16, 1, nivel), p("@Niveles", 16, 1, niveles);
+        for (const int i : {1, 2, 3})
+            p(("@EmpFamilia" + std::to_string(i)).c_str(), 11, 1, !titulos.at(i - 1U).empty());
+        p("@Dto", 6, 2, Nulo{});
         guion->EsperaProcedimiento("KVP_DevDtoDescuentosFamilias", parametros, salida);
         guion->YFalla(2812, "no existe");
         familia.Dev_Descuento_Activo();
         guion->EsperaProcedimiento("KVP_DevDtoDescuentosFamilias", parametros, salida);
         EXPECT_EQ(8.25, familia.Dev_Descuento_Activo());
         EXPECT_EQ(std::nullopt, familia.Fallo()) << "el de la vez anterior se olvida";
-        parametros.insert(parametros.end() - 1, P("@Unidades", 6, 1, Currency::DeDouble(2.5)));
+        parametros.pop_back();
+        p("@Unidades", 6, 1, Currency::DeDouble(2.5)), p("@Dto", 6, 2, Nulo{});
         guion->EsperaProcedimiento("KVP_DevDtoClientesGrupos", parametros, salida);
         EXPECT_EQ(Currency::DeDouble(8.25), objeto.Dev_Descuento_Activo(77, Currency::DeDouble(2.5)));
-    }
+    };
+    probar({"Sección", "", ""}, 2, 1);
+    probar({"Sección", "Familia", ""}, 3, 2);
+    probar({"", "Familia", "Subfamilia"}, 4, 3);
+    probar({"Sección", "", "Subfamilia"}, 4, 3);
 }
 
 // A context of the host's own, whose failures are none of the component's.

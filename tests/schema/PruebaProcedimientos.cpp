@@ -6,7 +6,7 @@
 #include "kvdatosart/schema/Escritor.h"
 #include "kvdatosart/tests/comun/BaseDemo.h"
 #include "kvdatosart/tests/comun/EmpresaFija.h"
-#include "kvdatosart/tests/servidor/Escenarios.h"
+#include "kvdatosart/tests/servidor/Pareja.h"
 
 namespace kv::prueba {
 namespace {
@@ -40,6 +40,7 @@ const Filas kTramos = {{4, 5, 50},
                        {4, 10, 50, {}, {5, 100}},
                        {4, 3, 50, {}, {0, 2}},
                        {4, 4, 50, {}, {1, 3}}};
+const Filas kConCodigosDeMas = {{1, 5, 0, {3, 2, 0}}, {1, 6, 0, {3, 9, 0}, {1, 9}}, {1, 7, 0, {3, 8, 0}, {2, 9}}};
 const Captions kTres = {"Sección", "Familia", "Subfamilia"};
 const Captions kDos = {"Sección", "Familia", ""};
 const Captions kSinSegunda = {"Sección", "", "Subfamilia"};
@@ -118,12 +119,7 @@ void ProbarProcedimientos(const std::shared_ptr<Connection>& conexion) {
         {"familia con un código de más", {{2, 4, 0, {3, 4, 9}}, kSeccion}, 4},
         {"entre códigos de más, los menores", {{1, 3, 0, {3, 9, 1}}, {1, 4, 0, {3, 2, 7}}, {1, 5, 0, {3, 2, 6}}}, 5},
         {"entre códigos de más de la familia, el menor", {{2, 3, 0, {3, 4, 9}}, {2, 4, 0, {3, 4, 7}}}, 4},
-        {"el tramo cuenta antes que los códigos de más",
-         {{1, 5, 0, {3, 2, 0}}, {1, 6, 0, {3, 9, 0}, {1, 9}}, {1, 7, 0, {3, 8, 0}, {2, 9}}},
-         7,
-         kTres,
-         5,
-         true},
+        {"el tramo cuenta antes que los códigos de más", kConCodigosDeMas, 7, kTres, 5, true},
         {"fuera del tramo del artículo", {{4, 9, 50, {}, {10, 20}}, kFamiliaPorTramo}, 6, kTres, 9, true},
     };
     const auto empresa = std::make_shared<EmpresaFija>();

@@ -7,7 +7,7 @@
 #include "kvdatosart/application/Revisiones.h"
 #include "kvdatosart/application/Tarifas.h"
 #include "kvdatosart/application/Ventas.h"
-#include "kvdatosart/tests/servidor/Escenarios.h"
+#include "kvdatosart/tests/servidor/Pareja.h"
 
 namespace kv::prueba {
 namespace {

@@ -1,5 +1,3 @@
-#include "kvdatosart/tests/servidor/Escenarios.h"
-
 #include "kvdatosart/component/clsDatosArt.h"
 #include "kvdatosart/customers/ColumnasCliente.h"
 #include "kvdatosart/db/ValoresSql.h"
@@ -9,6 +7,7 @@
 #include "kvdatosart/rules/clsClientes_Cadenas_ConvArt.h"
 #include "kvdatosart/stock/clsAlmacen_Articulo.h"
 #include "kvdatosart/tests/comun/ConexionQueFalla.h"
+#include "kvdatosart/tests/servidor/Pareja.h"
 
 namespace kv::prueba {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "kvdatosart/db/EmpresaTabla.h"
 #include "kvdatosart/db/Nombres.h"
-#include "kvdatosart/tests/servidor/ProtocoloTds.h"
+#include "kvdatosart/tests/servidor/ServidorTds.h"
 
 namespace kv::prueba {
 namespace {

@@ -1,5 +1,3 @@
-#include "kvdatosart/tests/servidor/ProtocoloTds.h"
-
 #include <algorithm>
 #include <bit>
 #include <cstdlib>
@@ -8,6 +6,7 @@
 #include "kvdatosart/db/odbc/TextoAncho.h"
 #include "kvdatosart/schema/Esquema.h"
 #include "kvdatosart/schema/Lotes.h"
+#include "kvdatosart/tests/servidor/ServidorTds.h"
 
 namespace kv::prueba {
 namespace {

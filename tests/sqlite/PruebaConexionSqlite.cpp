@@ -105,29 +105,23 @@ TEST(ConexionSqlite, FicherosQueNoSirven_DicenCualYPorQue) {
     const Base base;
     std::ofstream(base.carpeta.Fichero("texto.kv")) << std::string(5000, 'x');
     std::ofstream(base.carpeta.Fichero("vacio.kv")).flush();
-    const struct {
-        const char* fichero;
-        IdentidadBase identidad;
-        int numero;
-        std::string motivo;
-    } casos[] = {
-        {"falta.kv", kIdentidad, 14, " no existe"},
-        {".", kIdentidad, 14, " no es un fichero"},
-        {"texto.kv", kIdentidad, 26, " no es una base de datos"},
-        {"vacio.kv", kIdentidad, 26, " no es una base de datos de KVDatosArt"},
-        {"base.kv", {kIdentidad.aplicacion + 1, 3}, 26, " no es una base de datos de KVDatosArt"},
-        {"base.kv",
-         {kIdentidad.aplicacion, 4},
-         17,
-         " tiene la versión de esquema 3 y hace falta la 4; «kvdatosart actualizar --base " + base.ruta +
-             "» la pone al día"},
-        {"base.kv", {kIdentidad.aplicacion, 2}, 17, " tiene la versión de esquema 3 y hace falta la 2"},
+    const auto rechaza = [&](const char* fichero, int numero, const std::string& motivo, int aplicacion = 0,
+                             int version = 3) {
+        const std::string ruta = base.carpeta.Fichero(fichero);
+        const IdentidadBase identidad{kIdentidad.aplicacion + aplicacion, version};
+        const auto abrir = [&] { ConexionSqlite::Abrir(ruta, identidad, ConexionSqlite::Modo::SoloLectura); };
+        EXPECT_EQ(std::to_string(numero) + "|SQLite|«" + ruta + "»" + motivo, FalloDe(abrir));
     };
-    for (const auto& caso : casos) {
-        const std::string ruta = base.carpeta.Fichero(caso.fichero);
-        const auto abrir = [&] { ConexionSqlite::Abrir(ruta, caso.identidad, ConexionSqlite::Modo::SoloLectura); };
-        EXPECT_EQ(std::to_string(caso.numero) + "|SQLite|«" + ruta + "»" + caso.motivo, FalloDe(abrir));
-    }
+    rechaza("falta.kv", 14, " no existe");
+    rechaza(".", 14, " no es un fichero");
+    rechaza("texto.kv", 26, " no es una base de datos");
+    rechaza("vacio.kv", 26, " no es una base de datos de KVDatosArt");
+    rechaza("base.kv", 26, " no es una base de datos de KVDatosArt", 1);
+    rechaza("base.kv", 17, " tiene la versión de esquema 3 y hace falta la 2", 0, 2);
+    rechaza("base.kv", 17,
+            " tiene la versión de esquema 3 y hace falta la 4; «kvdatosart actualizar --base " + base.ruta +
+                "» la pone al día",
+            0, 4);
 }
 
 TEST(ConexionSqlite, CrearQueFalla_NoDejaNada) {

@@ -179,9 +179,23 @@ TEST_F(Almacen, Act_Stock_Cualidades_ConSusPropiasGuardas) {
         for (const bool fichas : {true, false}) Probar(caso, true, fichas);
 }
 
+TEST_F(Almacen, FilaQueOtroHaceEntretanto_SeSumaYNoTieneCostes) {
+    const Apunte entretanto = {"", 1, 4, 9, V(), V(), "4" + kPesa + kEmpieza};
+    Leer(false, 0, {});
+    guion->EsperaEscritura(Escrituras(entretanto, false, false)[0], 1);
+    Mover(entretanto, false, false);
+    EXPECT_EQ(V(4, -1, 0), (std::vector{stock, medio, puc}));
+}
+
 TEST_F(Almacen, FilaQueNoSirve_NadaSeEscribe) {
-    EsperarError(kErrObjetoNoEstablecido, "KVDatosArt",
-                 [] { clsAlmacen_Articulo().Act_Costo_DF(1, 1, Currency(), 1); });
+    using A = clsAlmacen_Articulo;
+    for (const auto& metodo : std::initializer_list<void (*)(A&)>{
+             [](A& a) { a.Act_Costo_DF(1, 1, {}, 1); }, [](A& a) { a.Dev_Costo(1, 1, 0, 0); },
+             [](A& a) { a.Dev_CostoDF(1, 1, 0, 0); }, [](A& a) { a.Cargar(); }, [](A& a) { a.Act_PendRecibir({}); },
+             [](A& a) { a.Act_PendServir_Cualidades(1, 1, {}); }, [](A& a) { a.Act_Costo({}); },
+             [](A& a) { a.Act_Bloqueo(); }, [](A& a) { a.Act_Desglosa_Pack(); },
+             [](A& a) { a.Act_Stock_Ubicaciones(1, 1, "", "", "", "", "", {}); }})
+        EsperarError(kErrObjetoNoEstablecido, "KVDatosArt", [&] { metodo(*std::make_unique<A>()); });
     Leer(false, 0, {{1e18, 1e18, 0.0, 0.0}});
     EsperarError(kErrDesbordamiento, "KVDatosArt", [&] { Mover({"", 7, 1, 1}, false, false); });
     for (std::size_t columna = 0; columna < 4; ++columna) {
