@@ -142,26 +142,28 @@ TEST_F(CargaReal, Oyente_CadaFuenteEnSuOrdenConSuPrecio) {
         a.Observador(&oyente);
         a.CualidadX = static_cast<std::uint8_t>(x);
         a.Cargar(articulo, cliente, kHoy + dias, tarifa, 1, 2, Currency::DeEntero(9));
-        EXPECT_EQ(oido, oyente.oido);
+        EXPECT_EQ(oido, oyente.oido + "base " + a.PvpBase.ATexto('.').Cadena());
         EXPECT_EQ(cliente == 49 ? 2 : 6, oyente.pasos);
         EXPECT_EQ(articulo == 116 ? 1 : 0, oyente.nodos) << "los nodos del texto no se oyen";
     };
-    oye(104, 2, 3, "pedida 3 no 0; promoción 4 7.95; TARIFAS sí, pone 0>7.95; FIN sí, pone 7.95>7.95; ");
+    oye(104, 2, 3, "pedida 3 no 0; promoción 4 7.95; TARIFAS sí, pone 0>7.95; FIN sí, pone 7.95>7.95; base 7.95");
     oye(103, 2, 1,
         "pedida 1 variante no 0; promoción 4 variante no 0; del cliente 3 variante 66; TARIFAS sí, pone 0>66; "
-        "FIN sí, pone 66>66; ",
+        "FIN sí, pone 66>66; base 66",
         0, 46);
-    oye(103, 3, 1, "pedida 1 variante futura 67.9; TARIFAS sí, pone 0>67.9; FIN sí, pone 67.9>67.9; ", 30, 42);
-    oye(121, 1, 5, "pedida 5 no 0; del cliente 2 no 0; de la empresa 1 no 0; TARIFAS no, pone 0>0; FIN sí, pone 0>0; ");
-    oye(101, 1, -1, "COSTE sí, pone 0>52.3456; FIN sí, pone 52.3456>52.35; ");
-    oye(101, 49, 1, "pedida 1 89.95; TARIFAS sí, pone 0>89.95; A COSTE sí, pone 89.95>52.3456; ");
-    oye(106, 3, 1, "pedida 1 1.95; TARIFAS sí, pone 0>1.95; PROPIO sí, pone 1.95>1.57; FIN sí, pone 1.57>1.57; ");
+    oye(103, 3, 1, "pedida 1 variante futura 67.9; TARIFAS sí, pone 0>67.9; FIN sí, pone 67.9>67.9; base 67.9", 30, 42);
+    oye(121, 1, 5,
+        "pedida 5 no 0; del cliente 2 no 0; de la empresa 1 no 0; TARIFAS no, pone 0>0; FIN sí, pone 0>0; base 0");
+    oye(101, 1, -1, "COSTE sí, pone 0>52.3456; FIN sí, pone 52.3456>52.35; base 52.3456");
+    oye(101, 49, 1, "pedida 1 89.95; TARIFAS sí, pone 0>89.95; A COSTE sí, pone 89.95>52.3456; base 0");
+    oye(106, 3, 1,
+        "pedida 1 1.95; TARIFAS sí, pone 0>1.95; PROPIO sí, pone 1.95>1.57; FIN sí, pone 1.57>1.57; base 1.57");
     oye(116, 20, 1,
         "pedida 1 289; TARIFAS sí, pone 0>289; BASE sí, pone 289>255; CONVENIO sí, pone 255>249; "
-        "NETO sí, pone 249>244; FIN sí, pone 244>244; ");
-    oye(110, 4, 1, "pedida 1 1.2; TARIFAS sí, pone 0>1.2; CONVENIO sí, queda 1.2>1.2; FIN sí, pone 1.2>1.2; ");
-    oye(111, 6, 1, "pedida 1 5.95; TARIFAS sí, pone 0>5.95; grupo 7; FIN sí, pone 5.95>5.95; ");
-    oye(112, 5, 1, "pedida 1 4.85; TARIFAS sí, pone 0>4.85; familia 12; FIN sí, pone 4.85>4.85; ");
+        "NETO sí, pone 249>244; FIN sí, pone 244>244; base 249");
+    oye(110, 4, 1, "pedida 1 1.2; TARIFAS sí, pone 0>1.2; CONVENIO sí, queda 1.2>1.2; FIN sí, pone 1.2>1.2; base 1.2");
+    oye(111, 6, 1, "pedida 1 5.95; TARIFAS sí, pone 0>5.95; grupo 7; FIN sí, pone 5.95>5.95; base 5.95");
+    oye(112, 5, 1, "pedida 1 4.85; TARIFAS sí, pone 0>4.85; familia 12; FIN sí, pone 4.85>4.85; base 4.85");
 }
 
 // In each load; the second parameter decides the level of the article, and the first one only when it holds nothing.
