@@ -188,8 +188,8 @@ TEST_F(Descuentos, Activo_ParametrosEnOrdenYNivelesSegunLosTitulos) {
         p("Return", 3, 4, Nulo{}), p("@Empresa", 16, 1, std::int16_t{1}), p("@Cliente", 3, 1, 77);
         p("@Articulo", 3, 1, 1042), p("@Familia1", 2, 1, std::int16_t{5}), p("@Familia2", 2, 1, std::int16_t{6});
         p("@Familia3", 2, 1, std::int16_t{7}), p("@Nivel", 16, 1, nivel), p("@Niveles", 16, 1, niveles);
-        for (const int i : {1, 2, 3})
-            p(("@EmpFamilia" + std::to_string(i)).c_str(), 11, 1, !titulos.at(i - 1U).empty());
+        p("@EmpFamilia1", 11, 1, !titulos[0].empty()), p("@EmpFamilia2", 11, 1, !titulos[1].empty());
+        p("@EmpFamilia3", 11, 1, !titulos[2].empty());
         p("@Dto", 6, 2, Nulo{});
         guion->EsperaProcedimiento("KVP_DevDtoDescuentosFamilias", parametros, salida);
         guion->YFalla(2812, "no existe");
