@@ -31,6 +31,8 @@ struct PeticionCarga {
     bool padre = false;
     /// Tell where the price comes from.
     bool explica = false;
+    /// Whoever reads the answer may see costs.
+    bool conCoste = true;
 };
 
 struct RespuestaCarga {
@@ -38,6 +40,10 @@ struct RespuestaCarga {
     std::int16_t estado;
     /// Everything that the load reads.
     std::unique_ptr<const clsDatosArt> articulo;
+    /// The price less the line's discount; none when it does not fit.
+    std::optional<Currency> neto;
+    /// As it was asked: whether the cost may be told.
+    bool conCoste;
     /// Was asked for; null when the article has none. Its code is 0 when the catalogue does not have it.
     bool conPadre;
     std::shared_ptr<const clsDatosArt> padre;
@@ -46,7 +52,8 @@ struct RespuestaCarga {
     std::vector<PasoExplicado> explicacion;
 };
 
-/// Only reads. Rechazo, negative: no such article, customer, warehouse or tariff.
+/// Only reads. Rechazo, negative: no such article, customer, warehouse or tariff; a line that is sold at cost when
+/// costs are not to be seen.
 RespuestaCarga Cargar(const Sesion& sesion, const PeticionCarga& peticion);
 
 }  // namespace kv::aplicacion

@@ -55,6 +55,15 @@ void ExigirGrupo(const Sesion& sesion, std::int16_t codigo) {
     ExigirCodigo(sesion, "Clientes_Grp_Descuentos", sesion.Emp().CodEmpresa(), codigo, "grupo", "el grupo ");
 }
 
+void ExigirSinCoste(const Sesion& sesion, std::int32_t cliente, std::int16_t tarifa) {
+    if (tarifa == -1) RechazarNegativa("tarifa", "la tarifa -1 vende a coste, y aquí no se enseñan costes");
+    if (sesion.Hay(
+            TextoSql("SELECT Codigo FROM Clientes WHERE Cod_Empresa =", SqlEntero(sesion.Emp().CodEmpresaClientes()),
+                     " AND Codigo =", SqlEntero(cliente), " AND TipoCliente <> 0")))
+        RechazarNegativa("cliente",
+                         "el cliente " + std::to_string(cliente) + " compra a coste, y aquí no se enseñan costes");
+}
+
 // A load reads the customer's path with the company's own code.
 void ExigirNodo(const Sesion& sesion, const NivelesCadena& nodo) {
     std::string sql =

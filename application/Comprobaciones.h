@@ -21,6 +21,8 @@ void ExigirCliente(const Sesion& sesion, std::int32_t codigo);
 void ExigirAlmacen(const Sesion& sesion, std::int16_t codigo);
 void ExigirTarifa(const Sesion& sesion, std::int16_t codigo);
 void ExigirGrupo(const Sesion& sesion, std::int16_t codigo);
+/// A line that is not sold at cost, for whoever may not see costs: neither tariff -1 nor a customer who buys at cost.
+void ExigirSinCoste(const Sesion& sesion, std::int32_t cliente, std::int16_t tarifa);
 /// A node of a chain that has customers.
 void ExigirNodo(const Sesion& sesion, const NivelesCadena& nodo);
 

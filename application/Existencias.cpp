@@ -59,6 +59,12 @@ RespuestaExistencias LeerExistencias(const Sesion& sesion, std::int32_t articulo
                                codigo, " ORDER BY Cod_Almacen, Ubic1, Ubic2, Ubic3, Ubic4, Ubic5"))};
 }
 
+void TaparCostes(Tabla& tabla) {
+    for (std::size_t i = 0; i < tabla.columnas.size(); ++i)
+        if (tabla.columnas[i].clave == "precioCompra" || tabla.columnas[i].clave == "costeMedio")
+            for (FilaTabla& fila : tabla.filas) fila[i] = Nulo{};
+}
+
 // What a posting to a code that does not exist would quietly create.
 void ExigirClave(const Sesion& sesion, const ClaveExistencias& clave) {
     ExigirArticulo(sesion, clave.articulo);
@@ -115,6 +121,10 @@ RespuestaExistencias VerExistencias(const Sesion& sesion, const PeticionExistenc
     RespuestaExistencias hay = LeerExistencias(sesion, peticion.articulo);
     if (hay.almacenes.filas.empty())
         RechazarNegativa("articulo", "el artículo " + std::to_string(peticion.articulo) + " no está en ningún almacén");
+    if (!peticion.conCoste) {
+        TaparCostes(hay.almacenes);
+        TaparCostes(hay.variantes);
+    }
     return hay;
 }
 

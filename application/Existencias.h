@@ -33,6 +33,8 @@ struct RespuestaExistencias {
 
 struct PeticionExistencias {
     std::int32_t articulo = 0;
+    /// Whoever reads the answer may see costs; else they are NULL.
+    bool conCoste = true;
 };
 /// Only reads. Rechazo, negative: no warehouse has it.
 RespuestaExistencias VerExistencias(const Sesion& sesion, const PeticionExistencias& peticion);

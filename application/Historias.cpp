@@ -20,6 +20,8 @@ void Comprobar(const Sesion& sesion, const PeticionHistoriaDe& peticion) {
     ExigirCliente(sesion, peticion.cliente);
     ExigirAlmacen(sesion, peticion.almacen);
     if (peticion.tarifa.value_or(0) > 0) ExigirTarifa(sesion, *peticion.tarifa);
+    if (!peticion.conCoste)
+        ExigirSinCoste(sesion, peticion.cliente, peticion.tarifa.value_or(sesion.Emp().TarifaEmpresa()));
 }
 
 Pregunta Terminos(const Sesion& sesion, const PeticionHistoriaDe& peticion) {

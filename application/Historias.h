@@ -30,6 +30,8 @@ struct PeticionHistoriaDe {
     /// Variant, 0 for none.
     std::uint8_t cualidadX = 0;
     std::uint8_t cualidadY = 0;
+    /// Whoever reads the answer may see costs.
+    bool conCoste = true;
 };
 
 struct RespuestaHistoria {
@@ -47,7 +49,7 @@ struct RespuestaHistoria {
 };
 
 /// Only reads, on one state of the base. Rechazo, impossible: a last day before the first; negative: no such article,
-/// customer, warehouse or tariff.
+/// customer, warehouse or tariff; a line that is sold at cost when costs are not to be seen.
 RespuestaHistoria HistoriaDe(const Sesion& sesion, const PeticionHistoriaDe& peticion);
 
 }  // namespace kv::aplicacion

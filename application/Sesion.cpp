@@ -3,6 +3,7 @@
 #include "kvdatosart/application/Rechazo.h"
 #include "kvdatosart/catalog/Tasacion.h"
 #include "kvdatosart/db/EmpresaTabla.h"
+#include "kvdatosart/db/ValoresSql.h"
 
 namespace kv::aplicacion {
 
@@ -14,6 +15,14 @@ bool Sesion::Hay(std::string_view sql) const {
     std::unique_ptr<Recordset> rs;
     AbrirLectura(rs, Cnx(), sql);
     return !rs->Eof();
+}
+
+std::string NombreEmpresa(const Sesion& sesion) {
+    std::unique_ptr<Recordset> rs;
+    AbrirLectura(rs, sesion.Cnx(),
+                 TextoSql("SELECT Nombre FROM Empresas WHERE Codigo =", SqlEntero(sesion.Emp().CodEmpresa())));
+    if (rs->Eof() || EsNulo(rs->Fields("Nombre").Value())) return {};
+    return AString(rs->Fields("Nombre").Value(), '.');
 }
 
 std::shared_ptr<kv::cEmpresa> LeerEmpresa(Connection& conexion, std::int16_t codigo) {

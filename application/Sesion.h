@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "kvdatosart/base/Fecha.h"
@@ -44,6 +45,9 @@ class Sesion {
     std::shared_ptr<kv::cEmpresa> empresa_;
     Fecha hoy_;
 };
+
+/// The name of the session's company; empty when it has none. Only reads.
+std::string NombreEmpresa(const Sesion& sesion);
 
 /// The company of a session to be. Rechazo of "empresa" when there is none of that code.
 std::shared_ptr<kv::cEmpresa> LeerEmpresa(Connection& conexion, std::int16_t codigo);

@@ -47,6 +47,22 @@ function(kv_biblioteca nombre)
   endif()
 endfunction()
 
+# kv_incrustar(VARIABLE file): the file's text as raw strings, which travels inside the program; in pieces, since
+# compilers limit the length of one.
+function(kv_incrustar variable fichero)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${fichero})
+  file(READ ${fichero} texto)
+  string(LENGTH "${texto}" largo)
+  set(piezas "")
+  set(desde 0)
+  while(desde LESS largo)
+    string(SUBSTRING "${texto}" ${desde} 8000 pieza)
+    string(APPEND piezas "    R\"kv(${pieza})kv\",\n")
+    math(EXPR desde "${desde} + 8000")
+  endwhile()
+  set(${variable} "${piezas}" PARENT_SCOPE)
+endfunction()
+
 # kv_instalar_paquete(): what find_package(KVDatosArt) reads. After every library.
 function(kv_instalar_paquete)
   include(CMakePackageConfigHelpers)

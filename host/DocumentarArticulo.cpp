@@ -18,14 +18,16 @@ const char* EnPalabras(std::int16_t estado) {
     }
 }
 
-void DocumentarPrecio(Documento& d, const clsDatosArt& a) {
+void DocumentarPrecio(Documento& d, const aplicacion::RespuestaCarga& carga) {
+    const clsDatosArt& a = *carga.articulo;
     d.Dato("precio", "Precio", a.Pvp, C::Importe);
     d.Dato("precioOriginal", "Precio antes del descuento", a.PvpOriginal, C::Importe);
     d.Dato("descuento", "Descuento de la línea %", a.PDescuento, C::Porcentaje);
+    d.Dato("neto", "Neto de la línea", carga.neto ? Valor(*carga.neto) : Valor(Nulo{}), C::Importe);
     d.Dato("precioBase", "Precio base", a.PvpBase, C::Importe);
     d.Dato("convenio", "Convenio", a.Convenio);
     d.Dato("tarifa", "Tarifa del precio", a.TarifaPVP, C::Codigo);
-    d.Dato("coste", "Coste", a.PCosto, C::Importe);
+    d.Dato("coste", "Coste", carga.conCoste ? Valor(a.PCosto) : Valor(Nulo{}), C::Importe);
 }
 
 void DocumentarAlmacen(Documento& d, const clsDatosArt& a) {
@@ -129,7 +131,7 @@ void Documentar(Documento& d, const aplicacion::RespuestaCarga& carga) {
     d.Dato("descripcion", "Descripción", articulo.Descripcion);
     d.Dato("cualidadX", "Cualidad X", articulo.CualidadX, C::Codigo);
     d.Dato("cualidadY", "Cualidad Y", articulo.CualidadY, C::Codigo);
-    DocumentarPrecio(d, articulo);
+    DocumentarPrecio(d, carga);
     DocumentarAlmacen(d, articulo);
     DocumentarMaestro(d, articulo);
     if (carga.conPadre) DocumentarPadre(d, carga.padre.get());

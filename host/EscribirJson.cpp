@@ -97,9 +97,10 @@ std::string LineaJson(std::span<const aplicacion::ColumnaTabla> columnas, std::s
     return '{' + json + "}\n";
 }
 
-std::string ErrorAJson(int codigo, std::string_view mensaje) {
+std::string ErrorAJson(int codigo, std::string_view mensaje, std::string_view campo) {
     return Cabecera() + ",\n  \"error\": {\n    \"codigo\": " + std::to_string(codigo) +
-           ",\n    \"mensaje\": " + Cita(mensaje) + "\n  }\n}\n";
+           ",\n    \"mensaje\": " + Cita(mensaje) + (campo.empty() ? "" : ",\n    \"campo\": " + Cita(campo)) +
+           "\n  }\n}\n";
 }
 
 }  // namespace kv::host

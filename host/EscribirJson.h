@@ -14,8 +14,8 @@ inline constexpr int kFormatoJson = 1;
 /// objects, there when empty. Amounts are numbers with the digits of their Currency, days aaaa-mm-dd, and null what is
 /// not there and a day that means none. Texts that are not UTF-8 show replacement signs.
 std::string AJson(const Documento& documento);
-/// A failure for programs: its exit code and what people read.
-std::string ErrorAJson(int codigo, std::string_view mensaje);
+/// A failure for programs: its exit code, what people read and, when it is about one, the field of the question.
+std::string ErrorAJson(int codigo, std::string_view mensaje, std::string_view campo = {});
 
 /// A row as an object on one line, with its end of line.
 std::string LineaJson(std::span<const aplicacion::ColumnaTabla> columnas, std::span<const Valor> valores);

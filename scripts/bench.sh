@@ -17,6 +17,9 @@ echo "== Cargas enteras, en la base, a mano y desde la memoria"
 echo "== Movimientos de existencias, cada uno confirmado y de cien en cien"
 ../release/bench/kv_bench_movimientos --benchmark_enable_random_interleaving=true | tee movimientos.txt
 
+echo "== Preguntas al simulador, por su servidor y en el mismo proceso"
+../release/bench/kv_bench_servidor | tee servidor.txt
+
 echo "== Sentencias por ODBC, por el adaptador y por la interfaz desnuda"
 export KV_POSTGRES=$PWD/postgres.cadena
 trap '"$raiz/scripts/postgres.sh" parar "$KV_POSTGRES"' EXIT

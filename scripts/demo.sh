@@ -22,3 +22,5 @@ kvdatosart devpvp --base "$base" --articulo 101 --tarifa 1 --traza
 kvdatosart cargar --base "$base" --articulo 113 --cliente 11 --explica
 echo
 echo "El programa queda en build/demo/host/kvdatosart y la base en $base; kvdatosart --help cuenta el resto."
+echo "El simulador de precios se abre en el navegador con:"
+echo "  build/demo/host/kvdatosart servir --base $base --abrir"

@@ -48,6 +48,23 @@ std::string UriInmutable(const std::string& ruta) {
     return uri + "?immutable=1";
 }
 
+// What a connection that only reads may do, asked when a statement is prepared. A setting and a table's columns can be
+// looked at.
+int SoloLectura(void*, int accion, const char* que, const char* valor, const char*, const char*) {
+    switch (accion) {
+        case SQLITE_SELECT:
+        case SQLITE_READ:
+        case SQLITE_FUNCTION:
+        case SQLITE_RECURSIVE:
+        case SQLITE_TRANSACTION:
+            return SQLITE_OK;
+        case SQLITE_PRAGMA:
+            return valor == nullptr || std::string_view(que) == "table_info" ? SQLITE_OK : SQLITE_DENY;
+        default:
+            return SQLITE_DENY;
+    }
+}
+
 }  // namespace
 
 ConexionSqlite::Interior::Interior(const std::string& ruta, int opciones) {
@@ -110,7 +127,9 @@ int ConexionSqlite::Interior::EsperarCerrojo(void* interior, int intentos) {
 }
 
 void ConexionSqlite::Interior::SoloLeer() {
-    Guion("PRAGMA query_only = ON;");
+    // The columns of a table are looked up in a table of SQLite's, which is made in its first use.
+    Guion("SELECT 1 FROM pragma_table_info('sqlite_schema'); PRAGMA query_only = ON;");
+    sqlite3_set_authorizer(base_, SoloLectura, nullptr);
     soloLee_ = true;
 }
 

@@ -33,8 +33,12 @@ Interrupcion::~Interrupcion() {
     for (std::size_t i = 0; i < kSenales.size(); ++i) std::signal(kSenales[i], anteriores_[i]);
 }
 
+bool Interrupcion::Pedida() const {
+    return pedida != 0;
+}
+
 void Interrupcion::Comprobar() const {
-    if (pedida != 0) throw std::runtime_error("interrumpido; no ha quedado nada a medias");
+    if (Pedida()) throw std::runtime_error("interrumpido; no ha quedado nada a medias");
 }
 
 }  // namespace kv::host

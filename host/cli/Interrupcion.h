@@ -13,6 +13,8 @@ class Interrupcion {
     Interrupcion(const Interrupcion&) = delete;
     Interrupcion& operator=(const Interrupcion&) = delete;
 
+    /// Whether one was noted.
+    bool Pedida() const;
     /// Ends the work with a std::runtime_error once one was noted.
     void Comprobar() const;
 

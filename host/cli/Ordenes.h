@@ -23,5 +23,6 @@ void AnadirRevisar(CLI::App& programa);
 void AnadirActualizar(CLI::App& programa);
 void AnadirLista(CLI::App& programa);
 void AnadirListados(CLI::App& programa);
+void AnadirServir(CLI::App& programa);
 
 }  // namespace kv::host

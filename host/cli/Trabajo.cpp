@@ -50,7 +50,7 @@ Fecha FijarHoy(const std::optional<Fecha>& hoy) {
     return dia;
 }
 
-void OpcionesComunes::Anadir(CLI::App& orden) {
+void OpcionesComunes::AnadirOrigen(CLI::App& orden) {
     AnadirBase(orden, base.fichero);
     Opcion(orden, "odbc", base.odbc, "CADENA", "Servidor, en vez de fichero: su cadena de conexión ODBC")
         ->group(kGrupoComun);
@@ -58,6 +58,10 @@ void OpcionesComunes::Anadir(CLI::App& orden) {
            Rango{0, 3600})
         ->group(kGrupoComun);
     Opcion(orden, "empresa", empresa, "N", "Código de la empresa (1 si no se dice)")->group(kGrupoComun);
+}
+
+void OpcionesComunes::Anadir(CLI::App& orden) {
+    AnadirOrigen(orden);
     salida.Anadir(orden);
     AnadirHoy(orden, hoy);
     AnadirTraza(orden, traza);

@@ -25,7 +25,9 @@ struct OpcionesComunes {
     std::optional<Fecha> hoy;
     bool traza = false;
 
-    /// Adds them to a command.
+    /// Adds those that name the database and the company to a command.
+    void AnadirOrigen(CLI::App& orden);
+    /// Adds them all.
     void Anadir(CLI::App& orden);
 };
 

@@ -100,6 +100,7 @@ int Programa(int argc, const char* const* argv) {
     kv::host::AnadirRevisar(programa);
     kv::host::AnadirActualizar(programa);
     kv::host::AnadirListados(programa);
+    kv::host::AnadirServir(programa);
     kv::host::AnadirAyuda(programa);
     const bool json = argc > 0 && QuiereJson(argc, argv);
     try {

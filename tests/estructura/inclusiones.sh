@@ -20,7 +20,8 @@ declare -A permitidas=(
     [schema]="base db"
     [application]="base db db/sqlite db/odbc stock customers rules pricing component catalog schema"
     [host]="base db stock customers rules pricing component catalog application"
-    [host/cli]="base db catalog application host"
+    [host/web]="base db catalog application host"
+    [host/cli]="base db catalog application host host/web"
 )
 
 carpeta_de() {

@@ -96,6 +96,8 @@ TEST(Documento, Json) {
         R"({"codigo": 300,"nombre": "mal�","precio": null,"unidades": null,"desde": null,)"
         R"("bloqueado": null,"descuento": 0.1}],"ninguno": [],"frases": [],"medio": 0.79})");
     EXPECT_EQ(EnUnaLinea(ErrorAJson(2, "«a\"b»")), R"({"formato": 1,"error": {"codigo": 2,"mensaje": "«a\"b»"}})");
+    EXPECT_EQ(EnUnaLinea(ErrorAJson(1, "no", "cliente")),
+              R"({"formato": 1,"error": {"codigo": 1,"mensaje": "no","campo": "cliente"}})");
 }
 
 TEST(Documento, Csv) {

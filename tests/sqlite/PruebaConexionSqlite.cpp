@@ -137,8 +137,18 @@ TEST(ConexionSqlite, CrearQueFalla_NoDejaNada) {
     EXPECT_THROW(ConexionSqlite::Crear(ruta, kIdentidad, kGuion, Nada), RuntimeError);
 }
 
-TEST(ConexionSqlite, SoloLectura_NoEscribe) {
-    EXPECT_THROW(Base().Abrir(ConexionSqlite::Modo::SoloLectura)->Ejecutar("DELETE FROM Contrato"), RuntimeError);
+TEST(ConexionSqlite, SoloLectura_SoloPregunta) {
+    const Base base;
+    const auto lee = base.Abrir(ConexionSqlite::Modo::SoloLectura);
+    constexpr std::int32_t kErrVedado = 23;
+    for (const std::string& sentencia :
+         {std::string("DELETE FROM Contrato"), std::string("INSERT INTO Contrato (Codigo) VALUES (3)"),
+          std::string("CREATE TEMP TABLE T (A int)"), std::string("DROP TABLE Contrato"),
+          std::string("PRAGMA query_only = OFF"), "ATTACH '" + base.ruta + "' AS otra", std::string("VACUUM")})
+        EsperarError(kErrVedado, "SQLite", [&] { lee->Ejecutar(sentencia); });
+    std::unique_ptr<Recordset> rs;
+    AbrirLectura(rs, *lee, "SELECT COUNT(*) AS Cuantos FROM Contrato");
+    EXPECT_EQ(2, ALong(rs->Fields("Cuantos").Value()));
 }
 
 }  // namespace

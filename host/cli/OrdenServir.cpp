@@ -1,0 +1,102 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/host/cli/Opcion.h"
+#include "kvdatosart/host/cli/Ordenes.h"
+#include "kvdatosart/host/cli/Trabajo.h"
+#ifndef _WIN32
+#include <spawn.h>
+
+#include <chrono>
+#include <iostream>
+#include <thread>
+
+#include "kvdatosart/application/Averias.h"
+#include "kvdatosart/host/Salida.h"
+#include "kvdatosart/host/cli/Interrupcion.h"
+#include "kvdatosart/host/web/Servidor.h"
+
+extern char** environ;
+#endif
+
+namespace kv::host {
+namespace {
+
+struct PeticionServir {
+    OpcionesComunes comunes;
+    std::int32_t puerto = 8137;
+    bool abrir = false;
+    bool conCoste = false;
+    std::vector<std::string> permitidos;
+};
+
+#ifdef _WIN32
+void Servir(const PeticionServir&) {
+    aplicacion::RechazarNegativa("", "el simulador no está en la versión para Windows");
+}
+#else
+void Avisar(const std::string& texto) {
+    std::cerr << "kvdatosart: " + texto + '\n';
+}
+
+// Whatever the desktop opens addresses with; it goes on without us.
+void AbrirNavegador(const std::string& direccion) {
+    std::string programa = "xdg-open";
+    std::string destino = direccion;
+    char* const argumentos[] = {programa.data(), destino.data(), nullptr};
+    pid_t proceso = 0;
+    if (posix_spawnp(&proceso, "xdg-open", nullptr, nullptr, argumentos, environ) != 0)
+        Avisar("no se puede abrir el navegador; la dirección es " + direccion);
+}
+
+// Ends with Ctrl-C, once what is being answered was answered.
+void Atender(Servidor& servidor) {
+    const Interrupcion interrupcion;
+    std::jthread escucha([&servidor] { servidor.Escuchar(); });
+    while (!interrupcion.Pedida()) std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    servidor.Parar();
+}
+
+void Servir(const PeticionServir& peticion) {
+    AjustesApi ajustes{.base = OHabitual(peticion.comunes.base),
+                       .empresa = peticion.comunes.empresa,
+                       .hoy = peticion.comunes.hoy,
+                       .conCoste = peticion.conCoste,
+                       .avisar = Avisar};
+    ExigirUnaBase(ajustes.base, "{base} FICHERO");
+    try {
+        Api api(ajustes);
+        Servidor servidor(api, peticion.puerto, peticion.permitidos);
+        const std::string direccion = "http://127.0.0.1:" + std::to_string(servidor.Puerto()) + "/";
+        EscribirSalida(direccion +
+                       "\nEl simulador atiende en esa dirección, solo en esta máquina; Ctrl-C lo cierra.\n");
+        if (peticion.abrir) AbrirNavegador(direccion);
+        Atender(servidor);
+    } catch (const RuntimeError& error) {
+        throw aplicacion::Averia(ajustes.base, error);
+    }
+}
+#endif
+
+}  // namespace
+
+void AnadirServir(CLI::App& programa) {
+    CLI::App& orden = *programa.add_subcommand("servir", "El simulador de precios, en el navegador; solo lee");
+    const auto p = std::make_shared<PeticionServir>();
+    p->comunes.AnadirOrigen(orden);
+    AnadirHoy(orden, p->comunes.hoy);
+    Opcion(orden, "puerto", p->puerto, "N", "Puerto en el que atiende (8137 si no se dice; 0, uno libre)",
+           Rango{0, 65535});
+    orden.add_flag("--abrir", p->abrir, "Abre el navegador");
+    orden.add_flag("--con-coste", p->conCoste, "Enseña también los costes");
+    orden
+        .add_option("--host-permitido", p->permitidos,
+                    "Nombre con el que llega un intermediario (proxy) que esté delante; se puede repetir")
+        ->type_name("NOMBRE")
+        ->expected(1)
+        ->take_all();
+    orden.callback([p] { Servir(*p); });
+}
+
+}  // namespace kv::host
