@@ -32,7 +32,8 @@ class clsCliente_Articulo : public Inyectado {
 
     /// Browse mode: true shows the customers of one article, false the articles of one customer.
     void Por_Articulo(bool valor) { porArticulo_ = valor; }
-    /// Code from which the browsing methods move on; the class never sets it.
+    /// Code from which the browsing methods move on; the class never sets it. One with decimals goes into the statement
+    /// with the regional separator.
     void Key(Valor valor) { key_ = std::move(valor); }
 
     /// Looks for the customer's price of the article on a day and leaves it in `precio`; false, and `precio` as it

@@ -67,6 +67,8 @@ TEST_F(CargaReal, ValoresEnElBorde) {
           {0, 24, 14.2, 2, 113, 11, 0, 0, -9000});
     empresa->costeUltimaCompra = true;
     carga("última compra", "UPDATE Almacen_Articulos_C SET PU_Compra =9", {0, 59, 9, 4, 103, 1, 40, 1});
+    biblioteca.masAlRedondear = Currency::DeEntero(10);
+    carga("redondea la rutina común", "UPDATE Almacen_Articulos_C SET PU_Compra =9", {0, 69, 9, 4, 103, 1, 40, 1});
 }
 
 TEST_F(CargaReal, SinFilaEnElAlmacen_BloqueosYPendientesQuedan) {

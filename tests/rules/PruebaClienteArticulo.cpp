@@ -82,15 +82,15 @@ TEST_F(ClienteArticulo, Recorrido_EnLosDosModos) {
     const auto recorre = [&](bool (C::*metodo)(std::unique_ptr<Recordset>&), const std::string& sql) {
         busca([&] { return (objeto.*metodo)(rs); }, sql);
     };
-    objeto.Key(30);
+    objeto.Key(30.5);
     const std::string tabla = " FROM Clientes_Art_PVP  WHERE Cod_Empresa =8";
     for (const bool porArticulo : {false, true}) {
         objeto.Por_Articulo(porArticulo);
         const std::string c = porArticulo ? "Cod_Articulo" : "Cod_Cliente";
         const std::string igual =
             (porArticulo ? kDeArticulo : kDeCliente) + " WHERE a.Cod_Empresa=8 and a." + c + " = (SELECT ";
-        recorre(&C::Cargar_Siguiente, igual + "TOP 1 " + c + tabla + " AND " + c + "  > 30 ORDER BY " + c + " ASC)");
-        recorre(&C::Cargar_Anterior, igual + "TOP 1 " + c + tabla + " AND " + c + "  < 30 ORDER BY " + c + " DESC)");
+        recorre(&C::Cargar_Siguiente, igual + "TOP 1 " + c + tabla + " AND " + c + "  > 30,5 ORDER BY " + c + " ASC)");
+        recorre(&C::Cargar_Anterior, igual + "TOP 1 " + c + tabla + " AND " + c + "  < 30,5 ORDER BY " + c + " DESC)");
         recorre(&C::Cargar_Ultimo, igual + "ISNULL(MAX(" + c + "), 0) AS " + c + tabla + ")");
         if (!porArticulo)
             recorre(&C::Cargar_Primero, igual + "ISNULL(MIN(Cod_Cliente), 0) AS Cod_Cliente" + tabla + ")");
