@@ -9,8 +9,6 @@
 namespace kv::aplicacion {
 namespace {
 
-constexpr IdentidadBase kIdentidad{kAplicacionEsquema, kVersionEsquema};
-
 EsperaBloqueo Espera(const OrigenBase& origen, const std::function<void()>& alEsperar) {
     EsperaBloqueo espera;
     if (origen.espera) espera.maxima = std::chrono::seconds(*origen.espera);
@@ -24,13 +22,13 @@ std::shared_ptr<Connection> AbrirBase(const OrigenBase& origen, Acceso acceso, c
     if (!origen.odbc.empty()) return std::make_shared<ConexionOdbc>(origen.odbc);
     const auto modo =
         acceso == Acceso::Leer ? ConexionSqlite::Modo::SoloLectura : ConexionSqlite::Modo::LecturaEscritura;
-    return ConexionSqlite::Abrir(origen.fichero, kIdentidad, modo, Espera(origen, alEsperar));
+    return ConexionSqlite::Abrir(origen.fichero, kIdentidadEsquema, modo, Espera(origen, alEsperar));
 }
 
 std::vector<std::shared_ptr<Connection>> AbrirMismoEstado(const OrigenBase& origen, std::size_t cuantas,
                                                           const std::function<void()>& alEsperar) {
     const auto conexiones =
-        ConexionSqlite::AbrirMismoEstado(origen.fichero, kIdentidad, cuantas, Espera(origen, alEsperar));
+        ConexionSqlite::AbrirMismoEstado(origen.fichero, kIdentidadEsquema, cuantas, Espera(origen, alEsperar));
     return {conexiones.begin(), conexiones.end()};
 }
 
@@ -42,7 +40,7 @@ void CrearDemo(const OrigenBase& origen, Fecha hoy, const ConexionTrazada::Infor
         cargar(trazada);
     };
     if (origen.odbc.empty()) {
-        ConexionSqlite::Crear(origen.fichero, kIdentidad, EsquemaSqlite(), [&](Connection& conexion) {
+        ConexionSqlite::Crear(origen.fichero, kIdentidadEsquema, EsquemaSqlite(), [&](Connection& conexion) {
             llenar(conexion, [hoy](Connection& c) { CargarDemostracion(c, hoy); });
         });
         return;
@@ -55,7 +53,7 @@ void CrearDemo(const OrigenBase& origen, Fecha hoy, const ConexionTrazada::Infor
 }
 
 bool ActualizarBase(const std::string& fichero) {
-    return ConexionSqlite::Actualizar(fichero, kIdentidad, EsquemaSqlite());
+    return ConexionSqlite::Actualizar(fichero, kIdentidadEsquema, EsquemaSqlite());
 }
 
 }  // namespace kv::aplicacion

@@ -4,6 +4,8 @@
 #include <exception>
 #include <string>
 
+#include "kvdatosart/base/Norma.h"
+
 namespace kv {
 
 /// Numbers of the runtime's own errors. Database errors keep the number of their provider.

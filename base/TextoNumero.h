@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "kvdatosart/base/Norma.h"
+
 namespace kv {
 
 /// The text of one number or date, held in place so that building a statement allocates nothing for it.

@@ -22,7 +22,7 @@ void Ejecutar(sqlite3* base, const std::string& sql) {
 }  // namespace
 
 void CrearBaseGrande(const std::string& ruta, int articulos) {
-    ConexionSqlite::Crear(ruta, {kAplicacionEsquema, kVersionEsquema}, EsquemaSqlite(), [](Connection&) {});
+    ConexionSqlite::Crear(ruta, kIdentidadEsquema, EsquemaSqlite(), [](Connection&) {});
     sqlite3* base = nullptr;
     if (sqlite3_open(ruta.c_str(), &base) != SQLITE_OK) throw std::runtime_error("no se abre " + ruta);
     const std::string serie = Serie(articulos);

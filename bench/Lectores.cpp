@@ -18,8 +18,7 @@ namespace {
 class Adaptador : public Lector {
   public:
     explicit Adaptador(const std::string& ruta)
-        : conexion_(ConexionSqlite::Abrir(ruta, {kAplicacionEsquema, kVersionEsquema},
-                                          ConexionSqlite::Modo::LecturaEscritura)) {}
+        : conexion_(ConexionSqlite::Abrir(ruta, kIdentidadEsquema, ConexionSqlite::Modo::LecturaEscritura)) {}
 
     void Recorrer(const CargaPreparada& carga, Destino& destino) override {
         std::unique_ptr<Recordset> rs;

@@ -20,7 +20,6 @@
 namespace kv::bench {
 namespace {
 
-constexpr IdentidadBase kIdentidad{kAplicacionEsquema, kVersionEsquema};
 constexpr int kArticulosGrande = 100000;
 const Fecha kHoy = Fecha::DeAmd(2026, 11, 21);
 
@@ -29,12 +28,12 @@ void CrearBase(const std::string& clase, const std::string& ruta) {
     if (clase == "grande")
         CrearBaseGrande(ruta, kArticulosGrande);
     else
-        ConexionSqlite::Crear(ruta, kIdentidad, EsquemaSqlite(),
+        ConexionSqlite::Crear(ruta, kIdentidadEsquema, EsquemaSqlite(),
                               [](Connection& conexion) { CargarDemostracion(conexion, kHoy); });
 }
 
 std::shared_ptr<Connection> Abrir(const std::string& ruta) {
-    return ConexionSqlite::Abrir(ruta, kIdentidad, ConexionSqlite::Modo::SoloLectura);
+    return ConexionSqlite::Abrir(ruta, kIdentidadEsquema, ConexionSqlite::Modo::SoloLectura);
 }
 
 // The codes of a table of the company's.

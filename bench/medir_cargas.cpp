@@ -23,7 +23,6 @@
 namespace kv::bench {
 namespace {
 
-constexpr IdentidadBase kIdentidad{kAplicacionEsquema, kVersionEsquema};
 const Fecha kHoy = Fecha::DeAmd(2026, 11, 21);
 constexpr const char* kRuta = "bench-cargas.kv";
 
@@ -49,7 +48,7 @@ struct Material {
 
     Material() {
         std::filesystem::remove(kRuta);
-        ConexionSqlite::Crear(kRuta, kIdentidad, EsquemaSqlite(),
+        ConexionSqlite::Crear(kRuta, kIdentidadEsquema, EsquemaSqlite(),
                               [](Connection& conexion) { CargarDemostracion(conexion, kHoy); });
         const auto grabadora = std::make_shared<Grabadora>(Abrir());
         for (const Asunto& asunto : asuntos) {
@@ -62,7 +61,7 @@ struct Material {
         }
     }
     static std::shared_ptr<Connection> Abrir() {
-        return ConexionSqlite::Abrir(kRuta, kIdentidad, ConexionSqlite::Modo::LecturaEscritura);
+        return ConexionSqlite::Abrir(kRuta, kIdentidadEsquema, ConexionSqlite::Modo::LecturaEscritura);
     }
 };
 

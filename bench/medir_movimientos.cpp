@@ -52,8 +52,7 @@ std::vector<Movimiento> Movimientos() {
 }
 
 std::shared_ptr<Connection> Abrir() {
-    return ConexionSqlite::Abrir(kRutaClase, {kAplicacionEsquema, kVersionEsquema},
-                                 ConexionSqlite::Modo::LecturaEscritura);
+    return ConexionSqlite::Abrir(kRutaClase, kIdentidadEsquema, ConexionSqlite::Modo::LecturaEscritura);
 }
 
 class Clase {

@@ -27,10 +27,11 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(kv_avisos INTERFACE -msse2 -mfpmath=sse)
 endif()
 
-# kv_biblioteca(name FUENTES a.cpp ... USA kv_base ... PRIVADO SQLite::SQLite3 ... PAQUETE a.h ...): one static library
-# per folder. The headers after PAQUETE (TODAS: every one of the folder) make it part of the installed package.
+# kv_biblioteca(name FUENTES a.cpp ... USA kv_base ... PRIVADO SQLite::SQLite3 ... PAQUETE a.h ... PARTE sqlite): one
+# static library per folder. The headers after PAQUETE (TODAS: every one of the folder) make it part of the installed
+# package, in the part of that name (component, when it is not said), without which it can be found.
 function(kv_biblioteca nombre)
-  cmake_parse_arguments(KV "" "" "FUENTES;USA;PRIVADO;PAQUETE" ${ARGN})
+  cmake_parse_arguments(KV "" "PARTE" "FUENTES;USA;PRIVADO;PAQUETE" ${ARGN})
   add_library(${nombre} STATIC ${KV_FUENTES})
   target_link_libraries(${nombre} PUBLIC ${KV_USA} PRIVATE $<BUILD_INTERFACE:kv_avisos> ${KV_PRIVADO})
   target_compile_features(${nombre} PUBLIC cxx_std_20)
@@ -42,8 +43,14 @@ function(kv_biblioteca nombre)
       file(GLOB KV_PAQUETE CONFIGURE_DEPENDS *.h)
     endif()
     file(RELATIVE_PATH carpeta ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
-    install(FILES ${KV_PAQUETE} DESTINATION include/kvdatosart/${carpeta})
-    install(TARGETS ${nombre} EXPORT KVDatosArt)
+    if(NOT KV_PARTE)
+      set(KV_PARTE component)
+    endif()
+    set_property(GLOBAL APPEND PROPERTY kv_partes ${KV_PARTE})
+    string(REGEX REPLACE "^kv_" "" corto ${nombre})
+    set_target_properties(${nombre} PROPERTIES EXPORT_NAME ${corto})
+    install(FILES ${KV_PAQUETE} DESTINATION include/kvdatosart/${carpeta} COMPONENT desarrollo)
+    install(TARGETS ${nombre} EXPORT KVDatosArt-${KV_PARTE} COMPONENT desarrollo)
   endif()
 endfunction()
 
@@ -71,8 +78,13 @@ function(kv_instalar_paquete)
     INSTALL_DESTINATION ${destino} NO_SET_AND_CHECK_MACRO)
   write_basic_package_version_file(KVDatosArtConfigVersion.cmake COMPATIBILITY SameMajorVersion)
   install(FILES ${CMAKE_CURRENT_BINARY_DIR}/KVDatosArtConfig.cmake
-                ${CMAKE_CURRENT_BINARY_DIR}/KVDatosArtConfigVersion.cmake DESTINATION ${destino})
-  install(EXPORT KVDatosArt NAMESPACE KVDatosArt:: DESTINATION ${destino})
+                ${CMAKE_CURRENT_BINARY_DIR}/KVDatosArtConfigVersion.cmake
+          DESTINATION ${destino} COMPONENT desarrollo)
+  get_property(partes GLOBAL PROPERTY kv_partes)
+  list(REMOVE_DUPLICATES partes)
+  foreach(parte IN LISTS partes)
+    install(EXPORT KVDatosArt-${parte} NAMESPACE KVDatosArt:: DESTINATION ${destino} COMPONENT desarrollo)
+  endforeach()
 endfunction()
 
 # kv_prueba(name FUENTES a.cpp ... USA kv_rules ...): one GoogleTest program, run by ctest.

@@ -11,7 +11,7 @@ namespace kv {
 /// The component's public class: an article as a sales line needs it, for a customer, on a date, in a tariff, from a
 /// warehouse. Give it `Conexion` and `cEmpresa`, then call `Cargar` and read the data properties.
 /// Failures reach the host unchanged (see RuntimeError); what was assigned before one keeps its new value.
-/// Single-threaded: one object must not be used from two threads.
+/// One thread's, as its connection is: prices at the same time need an object and a connection for each thread.
 class clsDatosArt : public DatosArticulo {
   public:
     /// The open connection, shared with the host. Error 91 from any method that needs it and was not given it.
@@ -25,9 +25,9 @@ class clsDatosArt : public DatosArticulo {
     /// whom only `Cargar` has; behind a `Cargar` that failed he is still there, and 0 tells that no tariff has one.
     Currency DevPvp(std::int16_t intTarifa, Fecha dteFecha, bool blnForzarAnterior = false);
 
-    /// Loads an article: 0 loaded, 1 no such article, 2 no stock, 3 locked in the warehouse (2 and 3 are loaded and
-    /// priced all the same). `intTarifa` -1 prices at cost; `intDec_Pvp` are the decimals of the price;
-    /// `curUnidades` is the quantity of the line. Drops the former `padre`.
+    /// Loads an article and tells an `EstadoCarga`: kCargado, kArticuloNoExiste, kSinStock or kBloqueadoEnAlmacen (the
+    /// last two are loaded and priced all the same). `intTarifa` -1 prices at cost; `intDec_Pvp` are the decimals of
+    /// the price; `curUnidades` is the quantity of the line. Drops the former `padre`.
     std::int16_t Cargar(std::int32_t lngCod_Articulo, std::int32_t lngCod_Cliente, Fecha dteFecha,
                         std::int16_t intTarifa, std::int16_t intCod_Almacen, std::int16_t intDec_Pvp,
                         Currency curUnidades = Currency());

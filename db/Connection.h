@@ -11,6 +11,8 @@
 namespace kv {
 
 /// An open database connection, in ADO's shape. The host opens, configures and closes it; the component borrows it.
+/// One connection, one thread: neither it nor what was made from it (recordsets, commands, the component's objects) may
+/// be used by two at the same time. In a debug build the embedded and the ODBC one then end the program with a message.
 /// One text holds one statement: a text with a second one is refused with a database error and nothing of it runs.
 /// Every database failure is a RuntimeError with the provider's number, source and text.
 class Connection {

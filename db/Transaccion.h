@@ -4,7 +4,9 @@
 
 namespace kv {
 
-/// A transaction for the life of this object: rolled back unless it was committed.
+/// A transaction for the life of this object: rolled back unless it was committed. Whatever reads before it writes
+/// stands in one, movements of stock above all (`clsAlmacen_Articulo::Act_Stock`): two posters without it both read the
+/// row before either writes it, and the average cost of the first is lost.
 class Transaccion {
   public:
     explicit Transaccion(Connection& conexion) : conexion_(conexion) { conexion_.BeginTrans(); }

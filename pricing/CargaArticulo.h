@@ -29,11 +29,14 @@ struct ArgumentosCarga {
     Currency curUnidades;
 };
 
-/// Result of a load. A later condition never replaces an earlier one.
-inline constexpr std::int16_t kCargado = 0;
-inline constexpr std::int16_t kArticuloNoExiste = 1;
-inline constexpr std::int16_t kSinStock = 2;
-inline constexpr std::int16_t kBloqueadoEnAlmacen = 3;
+/// Result of a load, as the Integer of the interface has it. A later condition never replaces an earlier one.
+enum EstadoCarga : std::int16_t {
+    kCargado = 0,
+    kArticuloNoExiste = 1,
+    /// Loaded and priced all the same, as the next one.
+    kSinStock = 2,
+    kBloqueadoEnAlmacen = 3,
+};
 
 /// Loads articles for `clsDatosArt`: the master row, the warehouse's figures and the price. It has no error handler:
 /// every failure reaches the caller as it was raised, with what was assigned until then kept.

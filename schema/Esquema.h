@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "kvdatosart/db/IdentidadBase.h"
+
 namespace kv {
 
 /// What marks an embedded database as ours ("KVDA") and the version of its tables: whoever changes a table in the
@@ -11,6 +13,8 @@ namespace kv {
 /// has no version; a new column brings its own ALTER TABLE there.
 inline constexpr std::int32_t kAplicacionEsquema = 0x4B564441;
 inline constexpr std::int32_t kVersionEsquema = 2;
+/// Both, as who opens or makes a file asks for them: `ConexionSqlite::Abrir("tienda.kv", kIdentidadEsquema)`.
+inline constexpr IdentidadBase kIdentidadEsquema{kAplicacionEsquema, kVersionEsquema};
 
 /// Script of the embedded database: tables, indexes and stored procedures for an empty file.
 const std::string& EsquemaSqlite();

@@ -15,7 +15,8 @@ case "${1:-}" in
     *) echo "uso: scripts/test.sh [--windows]" >&2; exit 2 ;;
 esac
 
-scripts/instalar.sh nativo odbc
+# The examples are built with clang, too.
+scripts/instalar.sh nativo odbc fuzz
 construir dev
 ctest --preset dev -j "$(nproc)"
 if [ "$windows" = true ]; then

@@ -49,7 +49,8 @@ class clsAlmacen_Articulo : public Inyectado {
     /// Posts one movement: units and weight as the document line signs them, net unit cost, kind (3 purchase, 5 sale,
     /// 7 priced entry, 8 and 13 other outgoing movements; 5, 8 and 13 are reversed here; any other kind only moves
     /// stock). The outputs receive purchase price, average cost and stock after the movement as this call computed
-    /// them. `bolModFichaArt` carries the last sale or purchase to the article and warehouse masters.
+    /// them. `bolModFichaArt` carries the last sale or purchase to the article and warehouse masters. It reads the row
+    /// and then writes it: let it stand in a `Transaccion`, or two that post at the same time spoil the average.
     void Act_Stock(std::int16_t intAlmacen, std::int32_t lngArticulo, double dblUnidades, double dblPeso,
                    double dblNeto, std::int16_t intOp, Fecha dteFecha, double& dblPUC, double& dblPMedio,
                    double& dblStock, bool bolModFichaArt);

@@ -48,6 +48,7 @@ std::string CommandOdbc::Llamada() const {
 void CommandOdbc::Execute(kv::CommandType /*opciones*/) {
     if (CommandType != kv::CommandType::adCmdStoredProc)
         LanzarError(kErrLlamadaInvalida, "Command solo ejecuta procedimientos almacenados");
+    const UsoUnico::Turno turno(interior_->Uso());
     const std::string llamada = Llamada();
     // In place for as long as the driver knows them.
     std::vector<EnlaceParametro> enlaces(Parameters.begin(), Parameters.end());

@@ -80,6 +80,7 @@ void ConexionOdbc::Interior::Enviar(std::string_view texto) {
 }
 
 std::int32_t ConexionOdbc::Interior::Ejecutar(std::string_view texto) {
+    const UsoUnico::Turno turno(uso_);
     const CierraCursor cierre(sentencia_);
     if (PuedeCambiarTablas(texto)) lector_.OlvidarFormas();
     Enviar(texto);
@@ -87,6 +88,7 @@ std::int32_t ConexionOdbc::Interior::Ejecutar(std::string_view texto) {
 }
 
 void ConexionOdbc::Interior::Consultar(std::string_view texto, Resultado& resultado) {
+    const UsoUnico::Turno turno(uso_);
     const CierraCursor cierre(sentencia_);
     Enviar(texto);
     if (!lector_.Leer(sentencia_, texto, resultado)) return;
@@ -102,6 +104,7 @@ void ConexionOdbc::Interior::FijarAutocommit(SQLULEN valor) {
 }
 
 void ConexionOdbc::Interior::Empezar() {
+    const UsoUnico::Turno turno(uso_);
     if (enTransaccion_) throw RuntimeError(kErrTransaccionAbierta, "ODBC", "Ya hay una transacción abierta");
     ComprobarOdbc(
         SQLGetConnectAttrW(conexion_.Get(), SQL_ATTR_AUTOCOMMIT, &autocommitHallado_, SQL_IS_UINTEGER, nullptr),
@@ -120,6 +123,7 @@ void ConexionOdbc::Interior::AsegurarTransaccion() {
 }
 
 void ConexionOdbc::Interior::Terminar(SQLSMALLINT como) {
+    const UsoUnico::Turno turno(uso_);
     if (!enTransaccion_) throw RuntimeError(kErrSinTransaccion, "ODBC", "No hay ninguna transacción abierta");
     if (como == SQL_ROLLBACK) AsegurarTransaccion();
     const SQLRETURN resultado = SQLEndTran(SQL_HANDLE_DBC, conexion_.Get(), como);

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "kvdatosart/db/UsoUnico.h"
 #include "kvdatosart/db/odbc/Asidero.h"
 #include "kvdatosart/db/odbc/ConexionOdbc.h"
 #include "kvdatosart/db/odbc/LectorResultado.h"
@@ -34,6 +35,8 @@ class ConexionOdbc::Interior {
     void Terminar(SQLSMALLINT como);
 
     const Asidero& Conexion() const { return conexion_; }
+    /// What every use of the database takes a turn in.
+    UsoUnico& Uso() { return uso_; }
 
   private:
     /// Sends the text; the cursor of sentencia_ is the caller's to close.
@@ -43,6 +46,7 @@ class ConexionOdbc::Interior {
     /// then keep autocommit off with nothing begun: it is given an empty transaction to roll back.
     void AsegurarTransaccion();
 
+    UsoUnico uso_;
     Asidero entorno_;
     Asidero conexion_;
     Asidero sentencia_;

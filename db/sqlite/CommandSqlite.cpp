@@ -45,6 +45,7 @@ std::string_view SinArroba(std::string_view nombre) {
 void ConexionSqlite::CommandSqlite::Execute(kv::CommandType /*opciones*/) {
     if (CommandType != kv::CommandType::adCmdStoredProc)
         LanzarError(kErrLlamadaInvalida, "Command solo ejecuta procedimientos almacenados");
+    const UsoUnico::Turno turno(interior_->Uso());
     Sentencia& sentencia = interior_->Procedimiento(CommandText);
     const SueltaSentencia suelta(sentencia);
     sentencia.Tomar();

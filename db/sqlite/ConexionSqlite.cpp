@@ -39,6 +39,7 @@ void ConexionSqlite::Crear(const std::string& ruta, const IdentidadBase& identid
 
 void ConexionSqlite::Execute(std::string_view texto, std::int32_t* afectados, CommandType opciones) {
     if (opciones != CommandType::adCmdText) LanzarError(kErrLlamadaInvalida, "Execute solo admite texto");
+    const UsoUnico::Turno turno(interior_->Uso());
     Sentencia& sentencia = interior_->Cache().Tomar(texto);
     const SueltaSentencia suelta(sentencia);
     while (sentencia.Avanzar(texto)) {

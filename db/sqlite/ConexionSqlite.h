@@ -9,16 +9,9 @@
 #include <vector>
 
 #include "kvdatosart/db/Connection.h"
+#include "kvdatosart/db/IdentidadBase.h"
 
 namespace kv {
-
-/// What a database file must be to be opened as ours.
-struct IdentidadBase {
-    /// SQLite's application id, written when the file is made.
-    std::int32_t aplicacion = 0;
-    /// Schema version.
-    std::int32_t version = 0;
-};
 
 /// How long a statement waits for a lock that another program holds.
 struct EsperaBloqueo {
@@ -40,8 +33,8 @@ class ConexionSqlite : public Connection {
     /// Opens an existing file. A missing file, one that is no such database or one of another schema version is a
     /// clear error that names the file, and the command that helps an older one; nothing is created or changed. A file
     /// on a read-only file system can be read, unless a log with changes lies beside it.
-    static std::shared_ptr<ConexionSqlite> Abrir(const std::string& ruta, const IdentidadBase& identidad, Modo modo,
-                                                 const EsperaBloqueo& espera = {});
+    static std::shared_ptr<ConexionSqlite> Abrir(const std::string& ruta, const IdentidadBase& identidad,
+                                                 Modo modo = Modo::SoloLectura, const EsperaBloqueo& espera = {});
 
     /// Makes a new file with the tables of `guion`, lets `llenar` fill it, and gives it its name only when all went
     /// well: nothing remains of a failed attempt, and what one that was killed left is taken over. Error when the file

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "kvdatosart/db/UsoUnico.h"
 #include "kvdatosart/db/sqlite/CacheSentencias.h"
 #include "kvdatosart/db/sqlite/ConexionSqlite.h"
 
@@ -25,6 +26,8 @@ class ConexionSqlite::Interior {
     Interior& operator=(const Interior&) = delete;
 
     sqlite3* Base() const { return base_; }
+    /// What every use of the database takes a turn in.
+    UsoUnico& Uso() { return uso_; }
     CacheSentencias& Cache() { return *cache_; }
 
     /// Refuses every write from now on.
@@ -42,6 +45,7 @@ class ConexionSqlite::Interior {
   private:
     static int EsperarCerrojo(void* interior, int intentos);
 
+    UsoUnico uso_;
     EsperaBloqueo espera_;
     std::chrono::steady_clock::time_point comienzo_;
     bool avisado_ = false;

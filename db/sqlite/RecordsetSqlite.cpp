@@ -6,13 +6,16 @@
 namespace kv {
 
 ConexionSqlite::RecordsetSqlite::~RecordsetSqlite() {
-    if (sentencia_ != nullptr) sentencia_->Soltar();
+    if (sentencia_ == nullptr) return;
+    const UsoUnico::Turno turno(interior_->Uso());
+    sentencia_->Soltar();
 }
 
 void ConexionSqlite::RecordsetSqlite::Open(std::string_view source, Connection& /*conexion*/, CursorType /*cursor*/,
                                            LockType /*bloqueo*/, CommandType opciones) {
     if (opciones != CommandType::adCmdText) LanzarError(kErrLlamadaInvalida, "Open solo admite texto");
     if (sentencia_ != nullptr) LanzarError(kErrObjetoAbierto);
+    const UsoUnico::Turno turno(interior_->Uso());
     Sentencia& nueva = interior_->Cache().Tomar(source);
     try {
         hayFila_ = nueva.Avanzar(source);
@@ -36,11 +39,13 @@ bool ConexionSqlite::RecordsetSqlite::Eof() {
 void ConexionSqlite::RecordsetSqlite::MoveNext() {
     Sentencia& sentencia = Abierta();
     if (!hayFila_) LanzarError(kErrSinRegistro);
+    const UsoUnico::Turno turno(interior_->Uso());
     hayFila_ = false;
     hayFila_ = sentencia.Avanzar();
 }
 
 void ConexionSqlite::RecordsetSqlite::Close() {
+    const UsoUnico::Turno turno(interior_->Uso());
     Abierta().Soltar();
     sentencia_ = nullptr;
     hayFila_ = false;
@@ -63,6 +68,7 @@ const Valor& ConexionSqlite::RecordsetSqlite::LeerCampo(std::string_view nombre)
         Abierta();
         LanzarError(kErrSinRegistro);
     }
+    const UsoUnico::Turno turno(interior_->Uso());
     return sentencia_->Leer(nombre);
 }
 

@@ -27,8 +27,7 @@ struct MundoCatalogo {
 
     std::vector<Puesto> Puestos(std::size_t cuantos) const {
         std::vector<Puesto> puestos;
-        for (auto& conexion :
-             ConexionSqlite::AbrirMismoEstado(base.Ruta(), {kAplicacionEsquema, kVersionEsquema}, cuantos))
+        for (auto& conexion : ConexionSqlite::AbrirMismoEstado(base.Ruta(), kIdentidadEsquema, cuantos))
             puestos.push_back({std::move(conexion), EmpresaDemo()});
         return puestos;
     }

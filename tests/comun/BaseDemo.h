@@ -37,7 +37,7 @@ class BaseDePrueba {
     const std::string& Ruta() const { return ruta_; }
 
   private:
-    static constexpr IdentidadBase kIdentidad{kAplicacionEsquema, kVersionEsquema};
+    static constexpr IdentidadBase kIdentidad = kIdentidadEsquema;
 
     CarpetaTemporal carpeta_;
     std::string ruta_ = carpeta_.Fichero("prueba.kv");

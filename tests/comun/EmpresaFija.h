@@ -1,50 +1,41 @@
 #pragma once
 
-#include <array>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "kvdatosart/db/BibliotecaComun.h"
-#include "kvdatosart/db/cEmpresa.h"
+#include "kvdatosart/db/EmpresaFija.h"
 
 namespace kv::prueba {
 
-/// A company whose codes all differ, so that a statement that takes the wrong one is seen.
-class EmpresaFija : public cEmpresa {
+/// A company whose codes all differ, so that a statement that takes the wrong one is seen; it keeps the numbers of the
+/// parameters that were asked for.
+class EmpresaFija : public kv::EmpresaFija {
   public:
-    std::int16_t CodEmpresa() const override { return codEmpresa; }
-    std::int16_t CodEmpresaArticulos() const override { return codEmpresaArticulos; }
-    std::int16_t CodEmpresaClientes() const override { return codEmpresaClientes; }
+    EmpresaFija() : kv::EmpresaFija(1) {
+        codEmpresaArticulos = 2;
+        codEmpresaClientes = 3;
+        codEmpresaExtra = 4;
+        tarifaEmpresa = 5;
+        decImportes = 1;
+        captions = {"Sección", "Familia", "Subfamilia"};
+    }
     std::int16_t CodEmpresaExtra() const override {
         pedidos.push_back(0);
         return codEmpresaExtra;
     }
-    std::int16_t TarifaEmpresa() const override { return tarifaEmpresa; }
-    bool VenderSinStock() const override { return venderSinStock; }
-    bool CosteUltimaCompra() const override { return costeUltimaCompra; }
     std::int16_t DecPrecios() const override {
         ++vecesDecPrecios;
         return decPrecios;
     }
-    std::int16_t DecImportes() const override { return decImportes; }
-    std::int16_t DecCostes() const override { return decCostes; }
     Valor Parametro(std::int16_t numero) const override {
         pedidos.push_back(numero);
-        return parametros.contains(numero) ? parametros.at(numero) : Valor(Nulo{});
-    }
-    std::string CaptionFamilia(std::int16_t indice) const override {
-        return captions.at(static_cast<std::size_t>(indice));
+        return kv::EmpresaFija::Parametro(numero);
     }
 
-    std::int16_t codEmpresa = 1, codEmpresaArticulos = 2, codEmpresaClientes = 3, codEmpresaExtra = 4;
-    std::int16_t tarifaEmpresa = 5, decPrecios = 2, decImportes = 1, decCostes = 4;
-    bool venderSinStock = false, costeUltimaCompra = false;
-    std::map<std::int16_t, Valor> parametros;
     mutable std::vector<int> pedidos;  // the parameters asked for, the extra company as 0
     mutable int vecesDecPrecios = 0;   // how often it was asked for
-    std::array<std::string, 3> captions = {"Sección", "Familia", "Subfamilia"};
 };
 
 /// Fixed today and decimal separator for the scope of a test; keeps the critical messages instead of showing them.

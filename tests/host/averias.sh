@@ -45,8 +45,10 @@ cortada() {
     [ ! -e "$2" ] || falla "$2: ha dado tiempo a acabarla"
 }
 # Signals of the keyboard do not reach what a script leaves behind; this one is handled alike.
-cortada TERM cortada.kv
-[ -z "$(ls cortada.kv* 2>/dev/null)" ] || falla "una señal ha dejado $(ls cortada.kv*)"
+for senal in INT TERM HUP; do
+    cortada "$senal" cortada.kv
+    [ -z "$(ls cortada.kv* 2>/dev/null)" ] || falla "la señal $senal ha dejado $(ls cortada.kv*)"
+done
 cortada KILL muerta.kv
 [ -e muerta.kv.creando ] || falla 'la muerte no ha dejado nada que tomar'
 "$programa" crear-demo muerta.kv >/dev/null || falla 'la siguiente no la toma'

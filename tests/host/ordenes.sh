@@ -56,6 +56,7 @@ caso 2 'se espera FICHERO o --odbc CADENA' crear-demo otra.kv --odbc 'DSN=x;PWD=
 caso 3 'No se puede conectar' crear-demo --odbc 'DSN=nohay;PWD={secreta}'
 caso 2 'no existe la empresa 9' devpvp "${b[@]}" --empresa 9 --articulo 1 --tarifa 1
 caso 3 '«nohay.kv» no existe' devpvp --base nohay.kv --articulo 1 --tarifa 1
+caso 0 'tarifa 4 (pedida)       sin fila ' cargar "${b[@]}" --articulo 101 --cliente 1 --tarifa 4 --explica
 caso 0 'oferta 5 + 1 gratis' cargar "${b[@]}" --articulo 113 --cliente 11 --explica
 caso 0 'lo sustituye: Precio del cliente' cargar "${b[@]}" --articulo 106 --cliente 3 --explica
 caso 0 'fuera de sus fechas' cargar "${b[@]}" --articulo 101 --cliente 3 --explica
@@ -118,6 +119,8 @@ caso 0 'Precio                      1.46' cargar "${b[@]}" --articulo 106 --clie
 caso 2 '--dto: «regalo:1» no vale' acuerdos poner "${b[@]}" --articulo 106 --nodo 1.1 --dto regalo:1
 caso 0 'Acuerdos quitados' acuerdos quitar "${b[@]}" --articulo 106 --nodo 1.1
 caso 0 'Existencias  -1' stock mover "${b[@]}" --articulo 115 --tipo venta --unidades 1
+sqlite3 demo.kv 'UPDATE Articulos SET PadreVenta = 777 WHERE Codigo = 118'
+caso 0 'Estado del padre            no existe' cargar "${b[@]}" --articulo 118 --cliente 1 --padre
 # A text that came into the file by another road and is not UTF-8 does not end --json.
 sed -i 's/Carpinter\xc3\xada/Carpinter\xed-a/' demo.kv
 caso 0 '"Carpinter�-a Encina"' cliente ver "${b[@]}" --codigo 5 --json

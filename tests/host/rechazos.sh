@@ -101,6 +101,7 @@ probar() {
     no 1 'no existe el artículo 9999' ventas acumular --articulo 9999 --cliente 3 --unidades 1 --importe 1
     no 1 'no existe el cliente 999' ventas acumular --articulo 106 --cliente 999 --unidades 1 --importe 1
     no 1 'no existe el almacén 9' ventas acumular --articulo 106 --cliente 3 --unidades 1 --importe 1 --almacen 9
+    no 1 'no existe el almacén 2' stock bloquear --empresa 2 --articulo 106 --almacen 2
     no 1 'no existe la tarifa 99' cargar --articulo 106 --cliente 3 --tarifa 99
     no 1 'no existe la tarifa 99' devpvp --articulo 106 --tarifa 99
     no 1 'no existe el artículo 9999' historia --articulo 9999 --cliente 3

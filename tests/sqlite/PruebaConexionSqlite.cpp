@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <functional>
+#include <thread>
 
 #include "kvdatosart/db/sqlite/ConexionSqlite.h"
 #include "kvdatosart/tests/comun/ContratoAdaptador.h"
@@ -150,6 +152,22 @@ TEST(ConexionSqlite, SoloLectura_SoloPregunta) {
     AbrirLectura(rs, *lee, "SELECT COUNT(*) AS Cuantos FROM Contrato");
     EXPECT_EQ(2, ALong(rs->Fields("Cuantos").Value()));
 }
+
+#ifndef NDEBUG
+TEST(ConexionSqliteDeathTest, DosHilosALaVez_AcabaConUnMensaje) {
+    const Base base;
+    const auto usar = [](ConexionSqlite& conexion) {
+        for (int i = 0; i < 1000000; ++i) conexion.Ejecutar("SELECT COUNT(*) FROM Contrato");
+    };
+    const auto entreDos = [&] {
+        const auto conexion = base.Abrir();
+        std::thread otro(usar, std::ref(*conexion));
+        usar(*conexion);
+        otro.join();
+    };
+    EXPECT_DEATH(entreDos(), "dos hilos usan a la vez la misma conexión");
+}
+#endif
 
 }  // namespace
 }  // namespace kv::prueba
