@@ -191,6 +191,7 @@ probar() {
     no 2 'argumento desconocido: --artículo (¿quiso decir --articulo?)' cargar --artículo 106 --cliente 3
     no 2 'argumento desconocido: --fehca (¿quiso decir --fecha?)' cargar --articulo 106 --cliente 3 --fehca 1/1/2026
     no 2 'orden desconocida: «mvoer» (¿quiso decir mover?)' stock mvoer --articulo 106
+    no 2 '--ancho: «1001» no vale; se espera un número entero de 0 a 1000' cargar --articulo 106 --cliente 3 --ancho 1001
     no 2 '--espera: «-1» no vale' cargar --articulo 106 --cliente 3 --espera=-1
 }
 
