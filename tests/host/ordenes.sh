@@ -46,6 +46,7 @@ caso 2 'falta --articulo' devpvp "${b[@]}" --tarifa 1
 caso 2 'falta el valor de --tarifa' devpvp "${b[@]}" --articulo 1 --tarifa
 caso 2 'argumento desconocido: --nada' devpvp "${b[@]}" --articulo 1 --tarifa 1 --nada
 caso 2 'orden desconocida: «cargr» (¿quiso decir cargar?); las de kvdatosart: crear-demo, devpvp, ' cargr "${b[@]}" --articulo 1
+caso 2 'orden desconocida: «art»; las de kvdatosart' art
 caso 2 'falta la orden antes de «--nada»; las de stock: ver, mover, ' stock --nada
 caso 2 'falta --base FICHERO o --odbc CADENA' devpvp --articulo 1 --tarifa 1
 caso 2 'se espera --base FICHERO o --odbc CADENA, no los dos' devpvp "${b[@]}" --odbc DSN=x --articulo 1 --tarifa 1
