@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the build and the tests need, when they are missing.
-# Usage: scripts/instalar.sh [grupo...]   groups: nativo (default), windows, odbc, bench
+# Usage: scripts/instalar.sh [grupo...]   groups: nativo (default), windows, odbc, paquetes, bench
 set -euo pipefail
 
 paquetes() {
@@ -8,6 +8,7 @@ paquetes() {
         nativo) echo g++ cmake ninja-build pkg-config libsqlite3-dev unixodbc-dev libutf8proc-dev libcli11-dev nlohmann-json3-dev libcpp-httplib-dev libgtest-dev librapidcheck-dev clang-format locales man-db sqlite3 ;;
         windows) echo g++-mingw-w64-x86-64 g++-mingw-w64-i686 mingw-w64-tools libwine-dev wine64 wine patchelf unixodbc libsqliteodbc googletest dpkg-dev tcl ;;
         odbc) echo unixodbc libsqliteodbc odbc-postgresql postgresql tdsodbc ;;
+        paquetes) echo dpkg-dev file lintian debootstrap zip unzip ;;
         bench) echo libbenchmark-dev libsoci-dev libboost-dev valgrind ;;
         fuzz) echo clang libclang-rt-14-dev llvm ;;
         *) echo "instalar.sh: grupo desconocido: $1" >&2; exit 2 ;;
