@@ -15,7 +15,7 @@ rm -rf dist
 mkdir dist
 
 # What is compiled does not say where.
-construir paquetes "-DCMAKE_CXX_FLAGS=-ffile-prefix-map=$raiz=. -fstack-protector-strong -D_FORTIFY_SOURCE=2" \
+construir paquetes "-DCMAKE_CXX_FLAGS='-ffile-prefix-map=$raiz=.' -fstack-protector-strong -D_FORTIFY_SOURCE=2" \
     "-DCMAKE_EXE_LINKER_FLAGS=-Wl,-z,relro,-z,now"
 cpack --config build/paquetes/CPackConfig.cmake -B dist >dist/cpack.log || { cat dist/cpack.log; exit 1; }
 rm -rf dist/_CPack_Packages dist/cpack.log
