@@ -14,15 +14,16 @@ falla() {
 
 instalado/bin/kvdatosart crear-demo tienda.kv >/dev/null
 for compilador in "$3" clang++; do
+    hecho=con-${compilador##*/}
     # Where ODBC is missing nobody asks for it.
-    cmake -S "$ejemplos" -B "$compilador" -G Ninja -DCMAKE_CXX_COMPILER="$compilador" -DCMAKE_CXX_FLAGS="$2 -Wall -Wextra -Werror" \
+    cmake -S "$ejemplos" -B "$hecho" -G Ninja -DCMAKE_CXX_COMPILER="$compilador" -DCMAKE_CXX_FLAGS="$2 -Wall -Wextra -Werror" \
         -DCMAKE_PREFIX_PATH="$trabajo/instalado" -DCMAKE_DISABLE_FIND_PACKAGE_ODBC=ON \
         --no-warn-unused-cli >/dev/null
-    cmake --build "$compilador" >/dev/null
-    salida=$("$compilador/linea" tienda.kv 113 11)
+    cmake --build "$hecho" >/dev/null
+    salida=$("$hecho/linea" tienda.kv 113 11)
     [ "$salida" = 'Detergente industrial 10 l: 15.51 menos 0 %' ] || falla "linea: $salida"
-    "$compilador/linea" tienda.kv 9999 11 2>/dev/null && falla 'linea de un artículo que no hay'
-    "$compilador/lista" tienda.kv 11 >lista.csv 2>progreso.txt || falla "lista: $(cat progreso.txt)"
+    "$hecho/linea" tienda.kv 9999 11 2>/dev/null && falla 'linea de un artículo que no hay'
+    "$hecho/lista" tienda.kv 11 >lista.csv 2>progreso.txt || falla "lista: $(cat progreso.txt)"
     grep -qx '113;"Detergente industrial 10 l";15.51' lista.csv || falla "lista: $(cat lista.csv)"
     tr '\r' '\n' <progreso.txt | grep -qxE '([0-9]+) de \1 líneas' || falla "progreso: $(cat progreso.txt)"
 done
