@@ -11,11 +11,12 @@ lintian --fail-on error,warning dist/*.deb
 
 echo '== un Debian limpio'
 debian=$(mktemp -d)
-desmontar() {
-    rm -rf --one-file-system "$debian"
-}
+desmontar() { rm -rf --one-file-system "$debian" "$debian.log"; }
 trap desmontar EXIT
-debootstrap --variant=minbase --include=ca-certificates stable "$debian" >"$debian.log" || { tail "$debian.log"; exit 1; }
+chmod 755 "$debian"
+# The release that they were made on.
+. /etc/os-release
+debootstrap --variant=minbase "$VERSION_CODENAME" "$debian" >"$debian.log" || { tail "$debian.log"; exit 1; }
 dentro() { chroot "$debian" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive "$@"; }
 cp dist/*.deb "$debian/tmp"
 cp -r examples/nativo "$debian/tmp"
