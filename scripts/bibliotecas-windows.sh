@@ -35,18 +35,30 @@ hacer_sqlite() {
     cp sqlite3.h "$destino/include"
 }
 
+# describir NAME LIBS CFLAGS: what pkg-config is asked for of the source in which one stands.
+describir() {
+    cat >"$destino/lib/pkgconfig/$1.pc" <<FIN
+Name: $1
+Description: $1, for Windows
+Version: $(dpkg-parsechangelog -S Version | sed 's/[+-].*//')
+Libs: -L$destino/lib $2
+Cflags: -I$destino/include $3
+FIN
+}
+
 hacer_utf8proc() {
     cd "$fuentes"/utf8proc-*/
     compilar -DUTF8PROC_STATIC utf8proc.c
     archivar utf8proc utf8proc.o
     cp utf8proc.h "$destino/include"
-    cat >"$destino/lib/pkgconfig/libutf8proc.pc" <<FIN
-Name: libutf8proc
-Description: UTF-8 processing
-Version: $(dpkg-parsechangelog -S Version | cut -d- -f1)
-Libs: -L$destino/lib -lutf8proc
-Cflags: -I$destino/include -DUTF8PROC_STATIC
-FIN
+    describir libutf8proc -lutf8proc -DUTF8PROC_STATIC
+}
+
+# Whole, as a header: Debian's package has it parted, with a library of its own.
+hacer_httplib() {
+    cd "$fuentes"/cpp-httplib-*/
+    cp httplib.h "$destino/include"
+    describir cpp-httplib -lws2_32 ''
 }
 
 # copiar CMAKE HEADERS: a library of headers with its CMake package, which looks for them beside itself.
@@ -60,9 +72,10 @@ registro=$raiz/build/bibliotecas-windows.log
 exec 3>&2 >"$registro" 2>&1
 trap '[ -e "$destino/listo" ] || tail -n 20 "$registro" >&3' EXIT
 "${apt[@]}" update
-(cd "$fuentes" && "${apt[@]}" source sqlite3 utf8proc)
+(cd "$fuentes" && "${apt[@]}" source sqlite3 utf8proc cpp-httplib)
 (hacer_sqlite)
 (hacer_utf8proc)
+(hacer_httplib)
 copiar CLI11 CLI
 copiar nlohmann_json nlohmann
 rm -rf "$destino/apt" "$fuentes"
