@@ -1,24 +1,17 @@
 #include <CLI/CLI.hpp>
-#include <memory>
-
-#include "kvdatosart/application/Rechazo.h"
-#include "kvdatosart/host/cli/Opcion.h"
-#include "kvdatosart/host/cli/Ordenes.h"
-#include "kvdatosart/host/cli/Trabajo.h"
-#ifndef _WIN32
-#include <spawn.h>
-
 #include <chrono>
 #include <iostream>
+#include <memory>
 #include <thread>
 
 #include "kvdatosart/application/Averias.h"
 #include "kvdatosart/host/Salida.h"
 #include "kvdatosart/host/cli/Interrupcion.h"
+#include "kvdatosart/host/cli/Navegador.h"
+#include "kvdatosart/host/cli/Opcion.h"
+#include "kvdatosart/host/cli/Ordenes.h"
+#include "kvdatosart/host/cli/Trabajo.h"
 #include "kvdatosart/host/web/Servidor.h"
-
-extern char** environ;
-#endif
 
 namespace kv::host {
 namespace {
@@ -31,23 +24,8 @@ struct PeticionServir {
     std::vector<std::string> permitidos;
 };
 
-#ifdef _WIN32
-void Servir(const PeticionServir&) {
-    aplicacion::RechazarNegativa("", "el simulador no está en la versión para Windows");
-}
-#else
 void Avisar(const std::string& texto) {
     std::cerr << "kvdatosart: " + texto + '\n';
-}
-
-// Whatever the desktop opens addresses with; it goes on without us.
-void AbrirNavegador(const std::string& direccion) {
-    std::string programa = "xdg-open";
-    std::string destino = direccion;
-    char* const argumentos[] = {programa.data(), destino.data(), nullptr};
-    pid_t proceso = 0;
-    if (posix_spawnp(&proceso, "xdg-open", nullptr, nullptr, argumentos, environ) != 0)
-        Avisar("no se puede abrir el navegador; la dirección es " + direccion);
 }
 
 // Ends with Ctrl-C, once what is being answered was answered.
@@ -71,13 +49,13 @@ void Servir(const PeticionServir& peticion) {
         const std::string direccion = "http://127.0.0.1:" + std::to_string(servidor.Puerto()) + "/";
         EscribirSalida(direccion +
                        "\nEl simulador atiende en esa dirección, solo en esta máquina; Ctrl-C lo cierra.\n");
-        if (peticion.abrir) AbrirNavegador(direccion);
+        if (peticion.abrir && !AbrirNavegador(direccion))
+            Avisar("no se puede abrir el navegador; la dirección es " + direccion);
         Atender(servidor);
     } catch (const RuntimeError& error) {
         throw aplicacion::Averia(ajustes.base, error);
     }
 }
-#endif
 
 }  // namespace
 

@@ -1,8 +1,5 @@
 #include "kvdatosart/host/web/Enchufe.h"
 
-#include <netinet/tcp.h>
-#include <poll.h>
-
 #include <algorithm>
 #include <cstring>
 
@@ -31,26 +28,23 @@ std::size_t FinDeCabecera(std::string_view texto, std::size_t desde) {
 
 Enchufe::Enchufe(socket_t enchufe, std::function<milliseconds()> paciencia)
     : enchufe_(enchufe), paciencia_(std::move(paciencia)) {
-    // An answer is one piece: nothing is gained by waiting for more.
-    const int si = 1;
-    setsockopt(enchufe_, IPPROTO_TCP, TCP_NODELAY, &si, sizeof si);
+    red::Preparar(enchufe_);
 }
 
 Enchufe::~Enchufe() {
     // Closed with something unread, the client would be told of a broken connection and not read the answer.
-    shutdown(enchufe_, SHUT_WR);
+    red::Acabar(enchufe_);
     char resto[4096];
     const auto desde = Reloj::now();
-    while (sano_ && Reloj::now() - desde < kPacienciaConCola && Esperar(POLLIN, desde))
-        if (recv(enchufe_, resto, sizeof resto, MSG_DONTWAIT) <= 0) break;
-    close(enchufe_);
+    while (sano_ && Reloj::now() - desde < kPacienciaConCola && Esperar(red::Suceso::Leer, desde))
+        if (red::Recibir(enchufe_, resto, sizeof resto) <= 0) break;
+    red::Cerrar(enchufe_);
 }
 
 // False when patience ends first, or the connection.
-bool Enchufe::Esperar(short suceso, Reloj::time_point desde) const {
+bool Enchufe::Esperar(red::Suceso suceso, Reloj::time_point desde) const {
     for (;;) {
-        pollfd este{enchufe_, suceso, 0};
-        if (poll(&este, 1, static_cast<int>(kPaso.count())) > 0) return (este.revents & (suceso | POLLHUP)) != 0;
+        if (const auto puede = red::Esperar(enchufe_, suceso, kPaso)) return *puede;
         if (Reloj::now() - desde >= paciencia_()) return false;
     }
 }
@@ -68,12 +62,12 @@ Enchufe::Lectura Enchufe::LeerCabecera() {
         // The end of a line may still turn out to be the first half of the end.
         mirado = recibido_.size() < 2 ? 0 : recibido_.size() - 2;
         const bool empezada = !recibido_.empty();
-        if (Reloj::now() - desde >= paciencia_() || !Esperar(POLLIN, desde))
+        if (Reloj::now() - desde >= paciencia_() || !Esperar(red::Suceso::Leer, desde))
             return empezada ? Lectura::Lenta : Lectura::Fin;
         char trozo[4096];
-        const ssize_t llegado = recv(enchufe_, trozo, sizeof trozo, MSG_DONTWAIT);
-        if (llegado < 0 && (errno == EAGAIN || errno == EINTR)) continue;
-        if (llegado < 0) return Lectura::Fin;
+        const ssize_t llegado = red::Recibir(enchufe_, trozo, sizeof trozo);
+        if (llegado == red::kTodaviaNo) continue;
+        if (llegado == red::kRota) return Lectura::Fin;
         if (llegado == 0) return empezada ? Lectura::Cortada : Lectura::Fin;
         recibido_.append(trozo, static_cast<std::size_t>(llegado));
     }
@@ -107,14 +101,14 @@ bool Enchufe::Vaciar() {
 bool Enchufe::Enviar(std::string_view datos) {
     auto desde = Reloj::now();
     while (!datos.empty()) {
-        const ssize_t enviado = send(enchufe_, datos.data(), datos.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
+        const ssize_t enviado = red::Enviar(enchufe_, datos);
         if (enviado > 0) {
             datos.remove_prefix(static_cast<std::size_t>(enviado));
             desde = Reloj::now();
             continue;
         }
-        if (errno != EAGAIN && errno != EINTR) return false;
-        if (Reloj::now() - comienzo_ >= kMaximoRespuesta || !Esperar(POLLOUT, desde)) return false;
+        if (enviado == red::kRota) return false;
+        if (Reloj::now() - comienzo_ >= kMaximoRespuesta || !Esperar(red::Suceso::Escribir, desde)) return false;
     }
     return true;
 }

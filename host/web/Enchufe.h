@@ -1,11 +1,11 @@
 #pragma once
 
-#include <httplib.h>
-
 #include <chrono>
 #include <functional>
 #include <string>
 #include <string_view>
+
+#include "kvdatosart/host/web/Red.h"
 
 namespace kv::host {
 
@@ -51,7 +51,7 @@ class Enchufe : public httplib::Stream {
   private:
     using Reloj = std::chrono::steady_clock;
 
-    bool Esperar(short suceso, Reloj::time_point desde) const;
+    bool Esperar(red::Suceso suceso, Reloj::time_point desde) const;
     bool Enviar(std::string_view datos);
 
     socket_t enchufe_;

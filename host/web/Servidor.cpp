@@ -65,11 +65,7 @@ Visto NoLlegada(Enchufe::Lectura lectura) {
 }
 
 int Tomar(httplib::Server& servidor, int puerto) {
-    servidor.set_socket_options([](socket_t enchufe) {
-        // Only what a restart needs: a second server on the port must be refused.
-        const int si = 1;
-        setsockopt(enchufe, SOL_SOCKET, SO_REUSEADDR, &si, sizeof si);
-    });
+    servidor.set_socket_options(red::SoloUnServidor);
     if (puerto == 0) return servidor.bind_to_any_port("127.0.0.1");
     if (servidor.bind_to_port("127.0.0.1", puerto)) return puerto;
     throw std::runtime_error("no se puede escuchar en el puerto " + std::to_string(puerto) +
