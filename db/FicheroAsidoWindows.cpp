@@ -1,7 +1,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <array>
 #include <system_error>
 #include <utility>
 
@@ -86,11 +85,12 @@ bool FicheroAsido::Renombrar(const std::filesystem::path& destino) {
 }
 
 bool EnMedioSoloLectura(const std::filesystem::path& ruta) {
-    std::array<wchar_t, MAX_PATH + 1> volumen{};
+    const HANDLE fichero = CreateFileW(ruta.c_str(), 0, kCompartido, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (fichero == INVALID_HANDLE_VALUE) return false;
     DWORD rasgos = 0;
-    return GetVolumePathNameW(ruta.c_str(), volumen.data(), static_cast<DWORD>(volumen.size())) != 0 &&
-           GetVolumeInformationW(volumen.data(), nullptr, 0, nullptr, nullptr, &rasgos, nullptr, 0) != 0 &&
-           (rasgos & FILE_READ_ONLY_VOLUME) != 0;
+    const bool sabidos = GetVolumeInformationByHandleW(fichero, nullptr, 0, nullptr, nullptr, &rasgos, nullptr, 0) != 0;
+    CloseHandle(fichero);
+    return sabidos && (rasgos & FILE_READ_ONLY_VOLUME) != 0;
 }
 
 }  // namespace kv

@@ -14,6 +14,7 @@ comprobar_programa() {
 # preparar_programa: a program of this system that runs it, for the tests that take one. With the server of Wine that
 # stays, one start costs a twentieth of a second.
 preparar_programa() {
+    parar_wine
     "$WINESERVER" -p
     programa=$trabajo/kvdatosart
     printf '#!/bin/sh\nexec %q %q "$@"\n' "$WINELOADER" "$exe" >"$programa"
