@@ -96,8 +96,10 @@ void Explicacion::Paso(const PasoPrecio& paso) {
     r.paso.despues = paso.despues;
     r.puso = paso.aplicada && paso.fuente != FuentePrecio::Redondeo && paso.fuente != FuentePrecio::NetoCadena;
     r.paso.resultado = {paso.aplicada ? "aplicado" : "nada"};
+    r.paso.vacia = paso.antes == paso.despues && (!paso.hallada || paso.fuente == FuentePrecio::Redondeo);
     if (paso.fuente == FuentePrecio::Tarifa && !paso.hallada) {
         r.paso.resultado = {"ninguna tarifa tiene precio"};
+        r.paso.vacia = false;
         r.puso = false;
     }
     if (paso.fuente == FuentePrecio::PrecioCliente) {
@@ -124,6 +126,7 @@ Explicacion::Renglon& Explicacion::NuevoDescuento(FuenteDescuento fuente) {
 void Explicacion::DescuentoLinea(FuenteDescuento fuente, Currency porcentaje) {
     Renglon& r = NuevoDescuento(fuente);
     r.paso.importe = porcentaje;
+    r.paso.vacia = porcentaje == Currency();
     r.paso.resultado =
         porcentaje == Currency() ? Frase{"ninguno"} : Frase{"{} % para la línea, fuera del precio", {porcentaje}};
 }
@@ -134,14 +137,18 @@ void Explicacion::DescuentoFallido(FuenteDescuento fuente, std::string_view proc
 
 void Explicacion::NodoBase(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, Currency base) {
     preguntadaCadena_ = true;
-    NuevoNodo("Acuerdo: precio base", nodo, acuerdo,
-              base == Currency() ? Frase{"sin precio base"} : Frase{"hallado: {$}", {base}})
-        .paso.importe = base == Currency() ? Valor(Nulo{}) : Valor(base);
+    const bool sinBase = base == Currency();
+    PasoExplicado& paso = NuevoNodo("Acuerdo: precio base", nodo, acuerdo,
+                                    sinBase ? Frase{"sin precio base"} : Frase{"hallado: {$}", {base}})
+                              .paso;
+    paso.vacia = sinBase;
+    if (!sinBase) paso.importe = base;
 }
 
 void Explicacion::NodoDescuentos(const NivelesCadena& nodo, const DiasAcuerdo* acuerdo, int aplicables) {
     NuevoNodo("Acuerdo: descuentos", nodo, acuerdo,
-              {std::to_string(aplicables) + (aplicables == 1 ? " descuento vigente" : " descuentos vigentes")});
+              {std::to_string(aplicables) + (aplicables == 1 ? " descuento vigente" : " descuentos vigentes")})
+        .paso.vacia = aplicables == 0;
 }
 
 Explicacion::Renglon& Explicacion::NuevoNodo(const char* fuente, const NivelesCadena& nodo, const DiasAcuerdo* acuerdo,
@@ -252,6 +259,7 @@ std::vector<PasoExplicado> Explicacion::Pasos(const Sesion& sesion) const {
         PasoExplicado& paso = pasos.emplace_back(r.paso);
         paso.resultado = Motivo(sesion, r);
         paso.decide = r.puso;
+        paso.vacia = paso.vacia || r.duda != Duda::Ninguna;
         for (std::size_t j = i + 1; paso.decide && j < renglones_.size(); ++j) {
             if (!renglones_[j].puso) continue;
             paso.resultado += "; lo sustituye: " + renglones_[j].paso.fuente;

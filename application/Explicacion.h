@@ -35,6 +35,8 @@ struct PasoExplicado {
     Valor despues = Nulo{};
     /// It set the price and nothing replaced it later.
     bool decide = false;
+    /// It had nothing to say about this line; `resultado` tells why.
+    bool vacia = false;
 };
 
 /// Why a line has its price: listens to a load and tells it source by source, in the order in which they were asked.

@@ -96,6 +96,7 @@ constexpr aplicacion::ColumnaTabla kParaProgramas[] = {
     {"", "antes", "", C::Importe},
     {"", "despues", "", C::Importe},
     {"", "decide", "", C::Logico},
+    {"", "vacia", "", C::Logico},
 };
 
 void DocumentarExplicacion(Documento& d, const std::vector<aplicacion::PasoExplicado>& pasos) {
@@ -107,7 +108,8 @@ void DocumentarExplicacion(Documento& d, const std::vector<aplicacion::PasoExpli
         gente.tabla.filas.push_back({paso.fuente, paso.clave.ParaGente(separador), paso.resultado.ParaGente(separador),
                                      paso.antes, paso.despues});
         programas.tabla.filas.push_back({paso.fuente, paso.clave.ParaProgramas(), paso.tarifa, paso.nodo, paso.importe,
-                                         paso.resultado.ParaProgramas(), paso.antes, paso.despues, paso.decide});
+                                         paso.resultado.ParaProgramas(), paso.antes, paso.despues, paso.decide,
+                                         paso.vacia});
     }
     d.Anadir(std::move(gente));
     d.Anadir(std::move(programas));

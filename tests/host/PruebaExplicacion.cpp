@@ -32,5 +32,41 @@ TEST(Explicacion, DescuentoDeClaseDesconocida_SeDiceYNoQuitaNada) {
     EXPECT_EQ(18.61, carga.articulo->Pvp);
 }
 
+// What had nothing can be left out of sight: never what was looked at and set aside, nor that there is no price.
+TEST(Explicacion, SinNada_DistingueLoQueSeMiro) {
+    const struct {
+        std::int32_t articulo, cliente;
+        std::string fuente;
+        bool vacia;
+    } casos[] = {
+        {110, 4, "Convenio de precio", false},  // below zero, so it does not count
+        {108, 4, "Convenio de precio", false},
+        {101, 4, "Convenio de precio", true},
+        {121, 1, "Tarifa", false},
+        {106, 3, "Precio del cliente", false},
+        {101, 3, "Precio del cliente", true},
+        {106, 6, "Descuento de grupo", false},
+        {106, 1, "Descuento de grupo", true},
+        {107, 11, "Precio base de cadena", false},
+        {107, 11, "Redondeo", true},
+        {116, 17, "Acuerdo: descuentos", false},
+    };
+    const prueba::BaseDePrueba base(prueba::BaseDePrueba::Datos::Demostracion, kHoy);
+    const prueba::BibliotecaDePrueba biblioteca(kHoy, '.');
+    const auto conexion = base.AbrirSinDisco();
+    const Sesion sesion(conexion, LeerEmpresa(*conexion, 1), kHoy);
+    for (const auto& caso : casos) {
+        PeticionCarga peticion;
+        peticion.articulo = caso.articulo;
+        peticion.cliente = caso.cliente;
+        peticion.explica = true;
+        const auto pasos = Cargar(sesion, peticion).explicacion;
+        const auto ultimo =
+            std::find_if(pasos.rbegin(), pasos.rend(), [&](const PasoExplicado& p) { return p.fuente == caso.fuente; });
+        ASSERT_NE(pasos.rend(), ultimo) << caso.fuente;
+        EXPECT_EQ(caso.vacia, ultimo->vacia) << caso.articulo << " " << caso.cliente << " " << caso.fuente;
+    }
+}
+
 }  // namespace
 }  // namespace kv::aplicacion
