@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the build and the tests need, when they are missing.
-# Usage: scripts/instalar.sh [grupo...]   groups: nativo (default), windows, odbc, paquetes, bench
+# Usage: scripts/instalar.sh [grupo...]   groups: nativo (default), windows, odbc, paquetes, bench, navegador
 set -euo pipefail
 
 paquetes() {
@@ -9,6 +9,7 @@ paquetes() {
         windows) echo g++-mingw-w64-x86-64 g++-mingw-w64-i686 mingw-w64-tools libwine-dev wine64 wine patchelf unixodbc libsqliteodbc googletest dpkg-dev tcl ;;
         odbc) echo unixodbc libsqliteodbc odbc-postgresql postgresql tdsodbc ;;
         paquetes) echo dpkg-dev file lintian debootstrap zip unzip ;;
+        navegador) echo chromium chromium-l10n chromium-driver python3-selenium fonts-dejavu-core ;;
         bench) echo libbenchmark-dev libsoci-dev libboost-dev valgrind ;;
         fuzz) echo clang libclang-rt-14-dev llvm ;;
         *) echo "instalar.sh: grupo desconocido: $1" >&2; exit 2 ;;
