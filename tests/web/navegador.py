@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 """The simulator's page in a real browser, against the program. Usage: navegador.py PROGRAM [FOLDER for the pictures]"""
-import json, os, random, re, sqlite3, subprocess, sys, tempfile, time, unittest
+import csv, json, os, random, re, sqlite3, subprocess, sys, tempfile, time, unittest
 from base64 import b64decode
 from decimal import Decimal
 from pathlib import Path
@@ -15,6 +15,7 @@ HOY = '2026-11-21'
 OPCIONES = ('--headless=new --no-sandbox --disable-gpu --disable-quic --no-first-run --disable-background-networking '
             '--disable-component-update --disable-sync').split()
 HOSTIL = '<img src=x onerror="roto=1"><script>roto=1</script>&amp;\'ñ'
+FORMULA = '=1+1'
 # What is asked and not typed: the address is taken as after "back", and the answer awaited.
 IR = '''const [direccion, hecho] = arguments;
 history.pushState(null, '', direccion);
@@ -211,7 +212,7 @@ class Pagina(unittest.TestCase):
         self.assertEqual('1,95', self.precio())
 
     def test_los_textos_hostiles_se_ven_como_son(self):
-        self.ir(articulo=105, cliente=20, ver='historia.unidades', b_articulo=105, b_cliente=1)
+        self.ir(articulo=105, cliente=20, ver='historia.unidades.lista', b_articulo=105, b_cliente=1)
         self.assertEqual(HOSTIL, self.uno('.descripcion').text)
         self.assertIn(HOSTIL, self.uno('[name=articulo]').get_property('value'))
         self.assertIn(HOSTIL, navegador.title)
@@ -227,7 +228,7 @@ class Pagina(unittest.TestCase):
             for oscuro in (False, True):
                 with self.subTest(ancho=ancho, oscuro=oscuro):
                     self.ver(ancho, oscuro)
-                    self.ir(articulo=113, cliente=11, ver='historia.unidades', b_articulo=111, b_cliente=6)
+                    self.ir(articulo=113, cliente=11, ver='historia.unidades.lista', b_articulo=111, b_cliente=6)
                     navegador.execute_script('document.querySelectorAll("details").forEach(d => d.open = true)')
                     self.assertLessEqual(navegador.execute_script('return document.documentElement.scrollWidth - innerWidth'), 0)
                     self.assertEqual([], navegador.execute_script(CONTRASTE))
@@ -239,6 +240,21 @@ class Pagina(unittest.TestCase):
         pedidos = navegador.execute_script('return performance.getEntriesByType("resource").map(r => r.name)')
         self.assertEqual([], [p for p in pedidos if not p.startswith((SITIO, 'data:'))])
         self.assertLess(len(pedidos), 60)
+
+    def test_la_lista_crece_y_se_baja(self):
+        self.ir(cliente=6, articulo=111, ver='lista', listaDe='1')
+        filas = lambda: len(self.todos('#lista tbody tr'))
+        primeras = filas()
+        self.esperar(lambda: filas() > primeras > 0 or navegador.execute_script('scrollTo(0, document.body.scrollHeight)'))
+        self.uno('#lista button').click()
+        bajado = self.esperar(lambda: list(BAJADAS.glob('*.csv')))[0].read_bytes().decode('utf-8-sig')
+        articulos = json.loads(kv('articulos', 'listar', '--familia', '1', '--limite', '200', '--json'))['articulos']
+        lineas = list(csv.reader(bajado.splitlines(), delimiter=';'))[1:]
+        self.assertEqual([str(a['codigo']) for a in articulos], [linea[0] for linea in lineas])
+        self.assertIn("'" + FORMULA, [linea[1] for linea in lineas])
+        for codigo, _, precio, descuento, neto, existencias, _ in lineas[::10]:
+            documento = cargar({'articulo': codigo, 'cliente': '6'})
+            self.assertEqual([documento[d] for d in ('precio', 'descuento', 'neto', 'existencias')], [numero(t) if t and t != 'sin precio' else 0 for t in (precio, descuento, neto, existencias)], codigo)
 
 
 def fotografiar(pagina, carpeta):
@@ -256,16 +272,19 @@ def abrir_navegador():
     opciones = webdriver.ChromeOptions()
     for opcion in (*OPCIONES, f'--user-data-dir={CARPETA}/perfil', '--lang=es'):
         opciones.add_argument(opcion)
+    opciones.add_experimental_option('prefs', {'download.default_directory': str(BAJADAS)})
     return webdriver.Chrome(options=opciones, service=Service('/usr/bin/chromedriver'))
 
 
 with tempfile.TemporaryDirectory() as CARPETA:
-    PROGRAMA, BASE = sys.argv[1], Path(CARPETA, 'tienda.kv')
+    PROGRAMA, BASE, BAJADAS = sys.argv[1], Path(CARPETA, 'tienda.kv'), Path(CARPETA, 'bajadas')
     SEMILLA = int(os.environ.get('KV_SEMILLA', random.randrange(10**6)))
     print('KV_SEMILLA =', SEMILLA)
+    BAJADAS.mkdir()
     kv('crear-demo', BASE, '--hoy', HOY)
     with sqlite3.connect(BASE) as conexion:
         conexion.execute('UPDATE Articulos SET Descripcion = ? WHERE Codigo = 105', (HOSTIL,))
+        conexion.execute('UPDATE Articulos SET Descripcion = ? WHERE Codigo = 104', (FORMULA,))
         conexion.execute('UPDATE Clientes SET Nombre = ? WHERE Codigo = 20', (HOSTIL,))
     servidor = subprocess.Popen([PROGRAMA, 'servir', '--base', BASE, '--hoy', HOY, '--puerto', '0', '--con-coste'], stdout=subprocess.PIPE, text=True)
     navegador = None

@@ -2,10 +2,11 @@
 
 import {cantidad, crear, Fallo, importe, otroDia, preguntar, turno} from './comun.js';
 import {historiaDe, unidadesDe} from './historia.js';
+import {listaDe, opcionesLista} from './lista.js';
 import {ENTRADAS, Situacion} from './situacion.js';
 
 const SEGUNDA = 'b-';
-const APARTADOS = ['historia', 'unidades'];
+const APARTADOS = ['historia', 'unidades', 'lista'];
 const ANTES = 60, DESPUES = 365;
 const $ = selector => document.querySelector(selector);
 
@@ -14,14 +15,14 @@ const turnos = Object.fromEntries(APARTADOS.map(nombre => [nombre, turno()]));
 
 const apartado = nombre => document.getElementById(nombre);
 const otro = nombre => $(`[name=${nombre}]`);
-const OTROS = ['historiaDesde', 'historiaHasta'];
+const OTROS = {historiaDesde: 'historia', historiaHasta: 'historia', listaDe: 'lista'};
 
 function direccion() {
     const parametros = new URLSearchParams(primera.pregunta());
     if (segunda) for (const [nombre, valor] of Object.entries(segunda.pregunta())) parametros.set(SEGUNDA + nombre, valor);
     const abiertos = APARTADOS.filter(nombre => apartado(nombre).open);
     if (abiertos.length > 0) parametros.set('ver', abiertos.join('.'));
-    if (apartado('historia').open) for (const nombre of OTROS) parametros.set(nombre, otro(nombre).value);
+    for (const nombre of Object.keys(OTROS)) if (apartado(OTROS[nombre]).open) parametros.set(nombre, otro(nombre).value);
     return `?${parametros}`;
 }
 
@@ -38,6 +39,7 @@ function leerDireccion() {
     ponerSegunda(suyos.length > 0 ? Object.fromEntries(suyos.map(nombre => [nombre.slice(SEGUNDA.length), parametros[nombre]])) : null);
     otro('historiaDesde').value = parametros.historiaDesde ?? otroDia(sesion.hoy, -ANTES);
     otro('historiaHasta').value = parametros.historiaHasta ?? otroDia(sesion.hoy, DESPUES);
+    opcionesLista(otro('listaDe'), null, sesion, parametros.listaDe);
     const ver = (parametros.ver ?? '').split('.');
     for (const nombre of APARTADOS) apartado(nombre).open = ver.includes(nombre);
     return responder();
@@ -64,6 +66,7 @@ async function responder() {
     if (mia !== ronda) return;
     document.title = primera.documento ? `${primera.documento.descripcion}: ${primera.documento.precio ? importe(primera.documento.precio) : 'sin precio'}` : 'Simulador de precios';
     compararSituaciones();
+    opcionesLista(otro('listaDe'), primera.documento, sesion, apartado('lista').open && otro('listaDe').value);
     history.replaceState(null, '', direccion());
     await Promise.all(APARTADOS.map(llenar));
     if (mia === ronda) document.body.setAttribute('aria-busy', 'false');
@@ -117,7 +120,8 @@ function llenar(nombre) {
 function contenido(nombre, senal) {
     const pregunta = primera.pregunta();
     if (nombre === 'historia') return historiaDe(pregunta, otro('historiaDesde').value, otro('historiaHasta').value, sesion.hoy, senal);
-    return unidadesDe(pregunta, senal);
+    if (nombre === 'unidades') return unidadesDe(pregunta, senal);
+    return listaDe(pregunta, otro('listaDe').value, sesion, senal);
 }
 
 function presentar() {
@@ -138,7 +142,7 @@ async function empezar() {
         cambio();
         segunda?.formulario.elements.cliente.focus();
     });
-    for (const nombre of OTROS) otro(nombre).addEventListener('change', () => cambio());
+    for (const nombre of Object.keys(OTROS)) otro(nombre).addEventListener('change', () => cambio());
     for (const nombre of APARTADOS) apartado(nombre).addEventListener('toggle', () => direccion() === location.search || cambio());
     addEventListener('popstate', leerDireccion);
     await leerDireccion();
