@@ -80,6 +80,7 @@ class Sentencia {
     void EnlazarCadena(int indice, std::string_view literal, TipoColumna destino);
     void EnlazarNumero(int indice, std::string_view literal, TipoColumna destino);
     Nombrado& BuscarNombrado(std::string_view nombre);
+    // From now on it is the one bound in that place; those that followed are forgotten.
     Nombrado& AprenderNombrado(std::size_t cual, std::string_view nombre);
     void EnlazarValor(int indice, const Valor& valor);
     Columna& Buscar(std::string_view nombre);
