@@ -32,7 +32,7 @@ inline constexpr std::int32_t kMaximoHallados = 200;
 inline constexpr std::int32_t kLineasPagina = 50;
 inline constexpr std::int32_t kMaximoPagina = 200;
 inline constexpr std::int32_t kMaximoDescarga = 100000;
-/// A list that is not done by then is cut.
+/// A list that is not done by then is cut, one that is a file is refused.
 inline constexpr std::chrono::seconds kMaximoPregunta{30};
 
 }  // namespace kv::host
