@@ -5,9 +5,12 @@
 #include <iostream>
 #include <thread>
 
+#include "kvdatosart/application/Averias.h"
 #include "kvdatosart/application/Rechazo.h"
 #include "kvdatosart/host/LecturaLista.h"
+#include "kvdatosart/host/cli/CodigosSalida.h"
 #include "kvdatosart/host/cli/Opcion.h"
+#include "kvdatosart/host/cli/SalidaFilas.h"
 
 namespace kv::host {
 namespace {
@@ -93,7 +96,7 @@ void AnadirFiltros(CLI::App& orden, PeticionListaPrecios& p) {
 
 }  // namespace
 
-void OpcionesLista::Anadir(CLI::App& orden) {
+void OpcionesLista::Anadir(CLI::App& orden, PeticionListaPrecios& peticion) {
     AnadirArticulos(orden, peticion);
     AnadirClientes(orden, peticion);
     AnadirTerminos(orden, peticion);
@@ -121,6 +124,19 @@ aplicacion::EstadoFijo AbrirEstado(const OpcionesComunes& comunes, std::size_t t
             conexion, [traza](const OperacionTrazada& operacion) { (*traza)(operacion); });
     }
     return estado;
+}
+
+void Obrar(const OpcionesComunes& comunes, const std::function<int(Traza*)>& obra) {
+    try {
+        Traza traza;
+        const int codigo = obra(comunes.traza ? &traza : nullptr);
+        if (comunes.traza) traza.Resumir();
+        if (codigo != kHecho) throw Termina{codigo};
+    } catch (const LectorIdo&) {
+        // Nobody reads what is left.
+    } catch (const RuntimeError& error) {
+        throw aplicacion::Averia(OHabitual(comunes.base), error);
+    }
 }
 
 }  // namespace kv::host

@@ -2,9 +2,7 @@
 #include <iostream>
 #include <memory>
 
-#include "kvdatosart/application/Averias.h"
 #include "kvdatosart/application/ColumnasLista.h"
-#include "kvdatosart/application/Rechazo.h"
 #include "kvdatosart/host/Salida.h"
 #include "kvdatosart/host/cli/CodigosSalida.h"
 #include "kvdatosart/host/cli/Interrupcion.h"
@@ -21,7 +19,8 @@ using aplicacion::FilasLista;
 
 struct PeticionOrdenLista {
     OpcionesComunes comunes;
-    OpcionesLista lista;
+    aplicacion::PeticionListaPrecios lista;
+    OpcionesLista opciones;
     OpcionesFilas filas;
     /// None: the usual ones.
     std::vector<std::string> columnas;
@@ -82,15 +81,15 @@ void EnumerarColumnas(const PeticionOrdenLista& peticion) {
     peticion.comunes.salida.Escribir(documento, false);
 }
 
-void Hacer(const PeticionOrdenLista& peticion, Traza* traza) {
+int Hacer(const PeticionOrdenLista& peticion, Traza* traza) {
     peticion.filas.Exigir(peticion.comunes.salida);
-    FilasLista filas(peticion.lista.peticion, peticion.columnas,
+    FilasLista filas(peticion.lista, peticion.columnas,
                      peticion.comunes.salida.json ? FilasLista::Forma::Alta : FilasLista::Forma::Ancha);
     const Interrupcion interrupcion;
-    const aplicacion::EstadoFijo estado = AbrirEstado(peticion.comunes, peticion.lista.Trabajadores(), traza);
-    const kv::PeticionLista lista = aplicacion::PrepararLista(estado, peticion.lista.peticion);
+    const aplicacion::EstadoFijo estado = AbrirEstado(peticion.comunes, peticion.opciones.Trabajadores(), traza);
+    const kv::PeticionLista lista = aplicacion::PrepararLista(estado, peticion.lista);
     SalidaFilas salida(peticion.filas, peticion.comunes.salida, filas.Columnas(),
-                       aplicacion::TitulosLista(estado, peticion.lista.peticion));
+                       aplicacion::TitulosLista(estado, peticion.lista), lista.terminos.decimales);
     RecuentoLista recuento;
     {
         ProgresoLista progreso(peticion.filas.salida.empty());
@@ -98,21 +97,8 @@ void Hacer(const PeticionOrdenLista& peticion, Traza* traza) {
         recuento = HacerLista(estado.puestos, lista, destino);
     }
     salida.Acabar();
-    if (traza != nullptr) traza->Resumir();
     Resumir(recuento);
-    if (recuento.conFallo != 0) throw Termina{kNegativo};
-}
-
-void Ejecutar(const PeticionOrdenLista& peticion) {
-    if (peticion.enumerarColumnas) return EnumerarColumnas(peticion);
-    try {
-        Traza traza;
-        Hacer(peticion, peticion.comunes.traza ? &traza : nullptr);
-    } catch (const LectorIdo&) {
-        // Nobody reads what is left.
-    } catch (const RuntimeError& error) {
-        throw aplicacion::Averia(OHabitual(peticion.comunes.base), error);
-    }
+    return recuento.conFallo == 0 ? kHecho : kNegativo;
 }
 
 }  // namespace
@@ -121,7 +107,7 @@ void AnadirLista(CLI::App& programa) {
     CLI::App* orden = programa.add_subcommand("lista", "Lista de precios de muchos artículos para muchos clientes");
     const auto peticion = std::make_shared<PeticionOrdenLista>();
     peticion->comunes.Anadir(*orden);
-    peticion->lista.Anadir(*orden);
+    peticion->opciones.Anadir(*orden, peticion->lista);
     const auto leer = [p = peticion.get()](const std::vector<std::string>& columnas) {
         p->enumerarColumnas = columnas.empty() || columnas == std::vector<std::string>{""};
         p->columnas = columnas;
@@ -132,7 +118,13 @@ void AnadirLista(CLI::App& programa) {
         ->type_name("COLUMNA...")
         ->expected(0, 100);
     peticion->filas.Anadir(*orden);
-    orden->callback([peticion] { Ejecutar(*peticion); });
+    AnadirListaComparar(*orden);
+    orden->callback([peticion, orden] {
+        // The command of its own has done what was asked.
+        if (!orden->get_subcommands().empty()) return;
+        if (peticion->enumerarColumnas) return EnumerarColumnas(*peticion);
+        Obrar(peticion->comunes, [&](Traza* traza) { return Hacer(*peticion, traza); });
+    });
 }
 
 }  // namespace kv::host

@@ -22,6 +22,8 @@ void AnadirVentas(CLI::App& programa);
 void AnadirRevisar(CLI::App& programa);
 void AnadirActualizar(CLI::App& programa);
 void AnadirLista(CLI::App& programa);
+/// Below `lista`.
+void AnadirListaComparar(CLI::App& lista);
 void AnadirListados(CLI::App& programa);
 void AnadirServir(CLI::App& programa);
 

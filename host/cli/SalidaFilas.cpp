@@ -3,27 +3,52 @@
 #include <CLI/CLI.hpp>
 
 #include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/host/EscritorXlsx.h"
 #include "kvdatosart/host/Salida.h"
 #include "kvdatosart/host/cli/Opcion.h"
 
 namespace kv::host {
+namespace {
+
+#ifndef _WIN32
+constexpr bool kConLibros = true;
+const auto Libro = EscritorXlsx;
+#else
+// Where its library is not at hand the option is not there.
+constexpr bool kConLibros = false;
+std::unique_ptr<EscritorFilas> Libro(std::span<const aplicacion::ColumnaTabla>, const Titulos&, std::int16_t,
+                                     const std::string&) {
+    return {};
+}
+#endif
+
+}  // namespace
 
 void OpcionesFilas::Anadir(CLI::App& orden) {
     Opcion(orden, "salida", salida, "FICHERO", "Fichero en que se escribe, entero o nada (la salida si no se dice)");
     orden.add_flag("--csv-excel", csvExcel, "CSV que un Excel en español abre bien: punto y coma y coma decimal");
+    if (kConLibros) orden.add_flag("--xlsx", xlsx, "Libro de Excel, con --salida");
+}
+
+bool OpcionesFilas::ParaProgramas(const OpcionesSalida& comunes) const {
+    return comunes.json || !comunes.csv.empty() || csvExcel || xlsx;
 }
 
 void OpcionesFilas::Exigir(const OpcionesSalida& comunes) const {
     if (!comunes.csv.empty() && comunes.csv != "true")
         aplicacion::RechazarImposible("csv", "«" + comunes.csv + "» no vale; una lista es una sola tabla");
-    if (int{comunes.json} + int{!comunes.csv.empty()} + int{csvExcel} > 1)
-        aplicacion::RechazarImposible("", "se espera una sola forma de {json}, {csv} y {csvExcel}");
+    if (int{comunes.json} + int{!comunes.csv.empty()} + int{csvExcel} + int{xlsx} > 1)
+        aplicacion::RechazarImposible("", "se espera una sola forma de {json}, {csv}, {csvExcel} y {xlsx}");
+    if (xlsx && salida.empty()) aplicacion::RechazarImposible("xlsx", "se espera también {salida} FICHERO");
 }
 
 SalidaFilas::SalidaFilas(const OpcionesFilas& opciones, const OpcionesSalida& comunes,
-                         std::span<const aplicacion::ColumnaTabla> columnas, const Titulos& titulos) {
+                         std::span<const aplicacion::ColumnaTabla> columnas, const Titulos& titulos,
+                         std::int16_t decimales) {
     if (!opciones.salida.empty()) fichero_.emplace("salida", opciones.salida);
-    if (comunes.json)
+    if (opciones.xlsx)
+        escritor_ = Libro(columnas, titulos, decimales, fichero_->Ruta());
+    else if (comunes.json)
         escritor_ = EscritorJson(columnas, AlSitio());
     else if (opciones.csvExcel || !comunes.csv.empty())
         escritor_ = EscritorCsv(columnas, opciones.csvExcel ? EstiloCsv::Excel : EstiloCsv::Rfc, AlSitio());

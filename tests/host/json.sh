@@ -79,5 +79,18 @@ caso "$stock|stock mover (then also, before the listings)" stock mover --articul
 caso 'ventas acumular' ventas acumular --articulo 106 --cliente 3 --unidades 1 --importe 1
 caso 'revisar' revisar
 
+# Lists: the members of their first line.
+lineas() {
+    local titulo=$1
+    shift
+    casos=$((casos + 1))
+    [ "$(prometidos "$titulo")" = "$("$programa" "$@" --json 2>/dev/null | sed -n '1{s/": [^,]*\(,"\|}\)/ \1/g; s/"//g; s/[{,}]//g; s/ *$//p}')" ] && return
+    echo "FALLA: $*: $("$programa" "$@" --json 2>/dev/null | head -n 1)"
+    fallos=$((fallos + 1))
+}
+lineas 'lista (an object a line)' lista --clientes 1 --articulos 106
+lineas 'lista (an object a line)|lista --con-coste (then also)' lista --clientes 1 --articulos 106 --con-coste
+lineas 'lista comparar (an object a line)' lista comparar --clientes 1 --articulos 103 --con-tarifa 2
+
 echo "$((casos - fallos)) passed, $fallos failed"
 [ "$fallos" -eq 0 ]

@@ -72,7 +72,8 @@ probar() {
     no 2 '--parte: «0» no vale' lista --clientes 1 --parte 1/0
     no 2 '--parte: «3/2» no vale; la parte va de 1 a cuantas sean' lista --clientes 1 --parte 3/2
     no 2 '--trabajadores: «0» no vale' lista --clientes 1 --trabajadores 0
-    no 2 'se espera una sola forma de --json, --csv y --csv-excel' lista --clientes 1 --csv --csv-excel
+    no 2 'se espera una sola forma de --json, --csv, --csv-excel y --xlsx' lista --clientes 1 --csv --csv-excel
+    no 2 '--xlsx: se espera también --salida FICHERO' lista --clientes 1 --xlsx
     no 2 '--salida: «.» es una carpeta; se espera un fichero' lista --clientes 1 --salida .
     no 2 '--salida: «nohay/lista.csv» no se puede escribir: no existe su carpeta' lista --clientes 1 --salida nohay/lista.csv
     no 1 'no existe el cliente 999' lista --clientes 1 999 2
