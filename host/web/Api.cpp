@@ -121,6 +121,7 @@ constexpr Direccion kDirecciones[] = {
     {"/api/historia", Historia, true},
     {"/api/lista", ContestarLista},
     {"/api/lista.csv", ContestarListaCsv},
+    {"/api/lista.xlsx", ContestarListaXlsx},
     {"/api/sesion", Sesion},
     {"/api/articulos", Listado<aplicacion::PeticionArticulos, aplicacion::ListarArticulos>},
     {"/api/clientes", Listado<aplicacion::PeticionClientes, aplicacion::ListarClientes>},

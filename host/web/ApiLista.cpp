@@ -1,10 +1,14 @@
 #include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 
 #include "kvdatosart/application/ColumnasLista.h"
 #include "kvdatosart/application/EstadoFijo.h"
 #include "kvdatosart/application/Rechazo.h"
 #include "kvdatosart/host/EscribirJson.h"
 #include "kvdatosart/host/EscritorFilas.h"
+#include "kvdatosart/host/EscritorXlsx.h"
 #include "kvdatosart/host/LecturaLista.h"
 #include "kvdatosart/host/web/Consulta.h"
 #include "kvdatosart/host/web/Limites.h"
@@ -92,10 +96,47 @@ PeticionListaPrecios LeerLista(Consulta& c) {
     return p;
 }
 
+aplicacion::EstadoFijo EstadoDe(const Consulta& c) {
+    return {{c.sesion.EnPuesto()}, c.sesion.Hoy(), !c.ajustes.base.odbc.empty()};
+}
+
 void Hacer(const Consulta& c, const PeticionListaPrecios& peticion, Ventana& ventana) {
-    const aplicacion::EstadoFijo estado{{c.sesion.EnPuesto()}, c.sesion.Hoy(), !c.ajustes.base.odbc.empty()};
+    const aplicacion::EstadoFijo estado = EstadoDe(c);
     HacerLista(estado.puestos, PrepararLista(estado, peticion), ventana);
 }
+
+// A file is whole or there is none.
+void Bajar(const Consulta& c, const PeticionListaPrecios& peticion, FilasLista& filas, EscritorFilas& escritor) {
+    Ventana ventana(c, filas, [&](std::span<const Valor> fila) { escritor.Fila(fila); });
+    try {
+        Hacer(c, peticion, ventana);
+    } catch (const Corte&) {
+        aplicacion::RechazarImposible("", "la lista es demasiado larga para bajarla de aquí: pasa de " +
+                                              std::to_string(kMaximoDescarga) + " líneas o de " +
+                                              std::to_string(kMaximoPregunta.count()) +
+                                              " segundos; la orden kvdatosart lista no tiene ese límite");
+    }
+    escritor.Acabar();
+}
+
+/// A folder of our own that goes with what is in it.
+class CarpetaPasajera {
+  public:
+    CarpetaPasajera() {
+        if (mkdtemp(ruta_.data()) == nullptr) throw std::runtime_error("no se puede escribir en " + ruta_);
+    }
+    ~CarpetaPasajera() {
+        std::error_code ignorado;
+        std::filesystem::remove_all(ruta_, ignorado);
+    }
+    CarpetaPasajera(const CarpetaPasajera&) = delete;
+    CarpetaPasajera& operator=(const CarpetaPasajera&) = delete;
+
+    std::string Fichero() const { return ruta_ + "/lista.xlsx"; }
+
+  private:
+    std::string ruta_ = (std::filesystem::temp_directory_path() / "kvdatosart-XXXXXX").string();
+};
 
 }  // namespace
 
@@ -131,18 +172,23 @@ void ContestarListaCsv(Consulta& c) {
     FilasLista filas(peticion, {}, FilasLista::Forma::Ancha);
     const auto escritor =
         EscritorCsv(filas.Columnas(), estilo, [&](std::string_view trozo) { c.respuesta.cuerpo += trozo; });
-    Ventana ventana(c, filas, [&](std::span<const Valor> fila) { escritor->Fila(fila); });
-    try {
-        Hacer(c, peticion, ventana);
-    } catch (const Corte&) {
-        aplicacion::RechazarImposible("", "la lista es demasiado larga para bajarla de aquí: pasa de " +
-                                              std::to_string(kMaximoDescarga) + " líneas o de " +
-                                              std::to_string(kMaximoPregunta.count()) +
-                                              " segundos; la orden kvdatosart lista no tiene ese límite");
-    }
-    escritor->Acabar();
+    Bajar(c, peticion, filas, *escritor);
     c.respuesta.tipo = "text/csv; charset=utf-8";
     c.respuesta.fichero = "lista.csv";
+}
+
+void ContestarListaXlsx(Consulta& c) {
+    const PeticionListaPrecios peticion = LeerLista(c);
+    c.parametros.Terminar();
+    const CarpetaPasajera carpeta;
+    FilasLista filas(peticion, {}, FilasLista::Forma::Ancha);
+    const auto escritor = EscritorXlsx(filas.Columnas(), TitulosLista(EstadoDe(c), peticion),
+                                       peticion.decimales.value_or(c.sesion.Emp().DecPrecios()), carpeta.Fichero());
+    Bajar(c, peticion, filas, *escritor);
+    std::ifstream fichero(carpeta.Fichero(), std::ios::binary);
+    c.respuesta.cuerpo.assign(std::istreambuf_iterator<char>(fichero), {});
+    c.respuesta.tipo = "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet";
+    c.respuesta.fichero = "lista.xlsx";
 }
 
 }  // namespace kv::host

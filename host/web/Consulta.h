@@ -25,5 +25,6 @@ struct Consulta {
 
 void ContestarLista(Consulta& c);
 void ContestarListaCsv(Consulta& c);
+void ContestarListaXlsx(Consulta& c);
 
 }  // namespace kv::host

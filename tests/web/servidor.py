@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """The price simulator's server, asked as a page, a program and a nuisance would. Usage: servidor.py PROGRAM OPENAPI"""
-import contextlib, hashlib, json, os, random, re, signal, socket, sqlite3, subprocess, sys, tempfile, threading, time
+import contextlib, hashlib, io, json, os, random, re, signal, socket, sqlite3, subprocess, sys, tempfile, threading, time
+import zipfile
 
 PROGRAMA, OPENAPI = os.path.realpath(sys.argv[1]), json.load(open(sys.argv[2], encoding="utf-8"))
 DIA = ["--hoy", "21/11/2026"]
@@ -48,7 +49,7 @@ class Cliente:
         self.puerto, self.enchufe = puerto, socket.create_connection(("127.0.0.1", puerto), timeout=20)
         self.flujo = self.enchufe.makefile("rb")
 
-    def leer(self):
+    def leer(self, cuerpo=bytes.decode):
         linea = self.flujo.readline().decode()
         estado = re.match(r"HTTP/1\.1 (\d{3}) ", linea)
         if not estado:
@@ -57,7 +58,7 @@ class Cliente:
         while (linea := self.flujo.readline().decode().strip()):
             nombre, valor = linea.split(": ", 1)
             cabeceras[nombre.lower()] = valor
-        return int(estado[1]), cabeceras, self.flujo.read(int(cabeceras.get("content-length", 0))).decode()
+        return int(estado[1]), cabeceras, cuerpo(self.flujo.read(int(cabeceras.get("content-length", 0))))
 
     def cruda(self, octetos):
         """Sends these bytes and no more, and reads the answer."""
@@ -68,11 +69,11 @@ class Cliente:
             return self.leer()
         return 0, {}, ""
 
-    def pedir(self, ruta, metodo="GET", **otras):
+    def pedir(self, ruta, metodo="GET", cuerpo=bytes.decode, **otras):
         cabeceras = {"Host": f"127.0.0.1:{self.puerto}", **{k.replace("_", "-"): v for k, v in otras.items()}}
         lineas = "".join(f"{k}: {v}\r\n" for k, v in cabeceras.items() if v is not None)
         self.enchufe.sendall(f"{metodo} {ruta} HTTP/1.1\r\n{lineas}\r\n".encode())
-        return self.leer()
+        return self.leer(cuerpo)
 
 
 def mismas_respuestas(puerto):
@@ -96,6 +97,9 @@ def mismas_respuestas(puerto):
     lista = "/api/lista{}?articulos=101,113,106&clientes=3,11&{}"
     csv = programa(*seleccion, "--csv", "--base", "demo.kv", *DIA).stdout
     exigir(cliente.pedir(lista.format(".csv", ""))[2].replace("\r\n", "\n") == csv, "otra lista", csv)
+    libro = cliente.pedir(lista.format(".xlsx", ""), cuerpo=io.BytesIO)[2]
+    hoja = zipfile.ZipFile(libro).read("xl/worksheets/sheet1.xml").decode()
+    exigir(all(f"<t>{codigo}</t>" in hoja for codigo in ("101", "106", "113")), "libro", hoja[:300])
     todas = json.loads(cliente.pedir(lista.format("", ""))[2])
     exigir((len(todas["lineas"]), todas["siguiente"], todas["limite"]) == (6, None, None), "lista", todas)
     paginas = [json.loads(cliente.pedir(lista.format("", f"lineas=4&saltar={n}"))[2]) for n in (0, 4)]
