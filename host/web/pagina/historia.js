@@ -84,8 +84,7 @@ export async function unidadesDe(pregunta, senal) {
     ];
 }
 
-/** What set the price and the discount of a load, in a few words. */
-export function porqueDe(documento) {
+function porqueDe(documento) {
     const deLinea = documento.explicacion.filter(p => p.fuente.startsWith('Descuento de ') && p.importe && p.antes === null);
     return [...documento.explicacion.filter(p => p.decide), ...deLinea].map(p => p.fuente).join(', ');
 }

@@ -1,11 +1,10 @@
 // The price list of the customer: each article of a family as the question has it, more of them as one scrolls.
 
-import {cantidad, contar, crear, Fallo, filaDe, importe, preguntar, tabla} from './comun.js';
-import {porqueDe} from './historia.js';
+import {camino, cantidad, contar, crear, Fallo, filaDe, importe, preguntar, tabla} from './comun.js';
 
 const PAGINA = 30;
 const COLUMNAS = [{rotulo: 'Artículo', numero: true}, {rotulo: 'Descripción'}, {rotulo: 'Precio', numero: true}, {rotulo: 'Dto.', numero: true},
-    {rotulo: 'Neto', numero: true}, {rotulo: 'Existencias', numero: true}, {rotulo: 'Por qué'}];
+    {rotulo: 'Neto', numero: true}, {rotulo: 'Qué lo pone'}];
 
 /** Offers the families of the article that was asked for, from the narrowest, and all articles. */
 export function opcionesLista(campo, documento, sesion, elegida) {
@@ -21,49 +20,36 @@ export function opcionesLista(campo, documento, sesion, elegida) {
     campo.value = elegida || opciones[0][0];
 }
 
-/** The first lines of the list, and what brings the others and saves them. */
+/** The first lines of the list, what brings the others, and the whole of it as a file. */
 export async function listaDe(pregunta, familia, sesion, senal) {
-    const {articulo, cualidadX, cualidadY, ...terminos} = pregunta;
-    const {articulos, hallados} = await preguntar('articulos', {empresa: pregunta.empresa, familia: familia === 'todas' ? '' : familia, limite: sesion.limiteHallados}, senal);
-    const lineas = [];
+    const {articulo, cliente, cualidadX, cualidadY, ...terminos} = pregunta;
+    const seleccion = {...terminos, clientes: cliente, familias: familia === 'todas' ? '' : familia};
     const cuerpo = tabla('Lista de precios', COLUMNAS, []);
     const cuenta = crear('p', {class: 'nota', role: 'status'});
     const mas = crear('button', {type: 'button', click: () => seguir()}, 'Más líneas');
-    const guardar = crear('button', {type: 'button', click: () => seguir(articulos.length).then(() => bajar(lineas, pregunta))}, 'Guardar en CSV');
-    let ultima = Promise.resolve();
+    let siguiente = 0, puestas = 0, ultima = Promise.resolve();
 
-    // One after another: lines stand in the order of their codes.
-    const seguir = (cuantas = PAGINA) => ultima = ultima.then(async () => {
-        const nuevas = await Promise.all(articulos.slice(lineas.length, lineas.length + cuantas).map(fila => linea(fila, terminos, senal)));
-        lineas.push(...nuevas);
-        cuerpo.querySelector('tbody').append(...nuevas.map(celdas => filaDe(celdas, i => COLUMNAS[i].numero ? 'numero' : undefined)));
-        mas.hidden = lineas.length === articulos.length;
-        cuenta.textContent = `${contar(lineas.length, 'línea', 'líneas')} de ${cantidad(articulos.length)}` +
-            (hallados > articulos.length ? `. Hay ${cantidad(hallados)} artículos y aquí caben ${cantidad(articulos.length)}: elija una familia.` : '');
-    }).catch(error => error.name === 'AbortError' || Promise.reject(error));
+    const traer = async () => {
+        if (siguiente === null) return;
+        const pagina = await preguntar('lista', {...seleccion, saltar: siguiente, lineas: PAGINA}, senal);
+        cuerpo.querySelector('tbody').append(...pagina.lineas.map(linea => filaDe(celdas(linea), i => COLUMNAS[i].numero ? 'numero' : undefined)));
+        puestas += pagina.lineas.length;
+        siguiente = pagina.siguiente;
+        mas.hidden = siguiente === null;
+        cuenta.textContent = contar(puestas, 'línea', 'líneas') + (siguiente === null ? '' : '; hay más') +
+            (pagina.limite === 'tiempo' ? '. Se ha acabado el tiempo de una pregunta: pida más.' : '');
+    };
+    // One after another: lines stand in the order of the list.
+    const seguir = () => ultima = ultima.then(traer).catch(error => {
+        if (error instanceof Fallo) cuenta.textContent = error.message;
+    });
     const vista = new IntersectionObserver(entradas => entradas.some(e => e.isIntersecting) && seguir(), {rootMargin: '300px'});
-    await seguir();
+    await traer();
     vista.observe(mas);
     senal.addEventListener('abort', () => vista.disconnect());
-    return [crear('p', {}, guardar), cuerpo, cuenta, mas];
+    const fichero = (clase, mas) => crear('a', {href: camino(`lista.${clase}`, {...seleccion, ...mas}), download: `precios-cliente-${cliente}.${clase}`}, `Guardar en ${clase.toUpperCase()}`);
+    return [crear('p', {class: 'fila'}, fichero('csv', {excel: 1}), fichero('xlsx', {}), crear('span', {class: 'nota'}, `hasta ${cantidad(sesion.limiteDescarga)} líneas, sin los artículos bloqueados`)), cuerpo, cuenta, mas];
 }
 
-async function linea(fila, terminos, senal) {
-    try {
-        const d = await preguntar('cargar', {...terminos, articulo: fila.codigo}, senal);
-        return [String(fila.codigo), fila.descripcion, d.precio ? importe(d.precio) : 'sin precio', d.descuento ? `${cantidad(d.descuento)} %` : '—',
-            d.precio ? importe(d.neto) : '—', cantidad(d.existencias), porqueDe(d)];
-    } catch (error) {
-        if (!(error instanceof Fallo)) throw error;
-        return [String(fila.codigo), fila.descripcion, '—', '—', '—', '—', error.message];
-    }
-}
-
-// As a Spanish spreadsheet opens it right: a mark of UTF-8, semicolons, decimal commas, and no text that is a formula.
-function bajar(lineas, pregunta) {
-    const celda = (valor, i) => COLUMNAS[i].numero ? valor.replace(/^—$|\.(?=\d{3})/g, '') : `"${valor.replace(/^[=+\-@]/, "'$&").replaceAll('"', '""')}"`;
-    const texto = [COLUMNAS.map(c => c.rotulo), ...lineas].map((fila, n) => fila.map(n ? celda : valor => valor).join(';') + '\r\n').join('');
-    const direccion = URL.createObjectURL(new Blob(['\ufeff', texto], {type: 'text/csv'}));
-    crear('a', {href: direccion, download: `precios-cliente-${pregunta.cliente}.csv`}).click();
-    setTimeout(() => URL.revokeObjectURL(direccion), 1000);
-}
+const celdas = l => [String(l.articulo), l.descripcion, l.precio ? importe(l.precio) : 'sin precio', l.descuento ? `${cantidad(l.descuento)} %` : '—',
+    l.precio ? importe(l.neto) : '—', l.motivo];
