@@ -1,5 +1,9 @@
 #include "kvdatosart/application/Bases.h"
 
+#include <filesystem>
+
+#include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/base/Ruta.h"
 #include "kvdatosart/db/odbc/ConexionOdbc.h"
 #include "kvdatosart/db/sqlite/ConexionSqlite.h"
 #include "kvdatosart/schema/Demostracion.h"
@@ -50,6 +54,13 @@ void CrearDemo(const OrigenBase& origen, Fecha hoy, const ConexionTrazada::Infor
         CrearDemostracionServidor(
             c, [&](std::string_view lote) { servidor.EjecutarLote(lote); }, hoy);
     });
+}
+
+std::uint64_t CopiarBase(const OrigenBase& origen, const std::string& destino, const std::function<bool()>& sigue) {
+    if (!origen.odbc.empty())
+        RechazarImposible("odbc", "solo se copia un fichero; la base de un servidor se copia con sus herramientas");
+    ConexionSqlite::Copiar(origen.fichero, kIdentidad, destino, sigue);
+    return std::filesystem::file_size(RutaDe(destino));
 }
 
 bool ActualizarBase(const std::string& fichero) {

@@ -38,6 +38,11 @@ std::vector<std::shared_ptr<Connection>> AbrirMismoEstado(const OrigenBase& orig
 /// when it cannot.
 void CrearDemo(const OrigenBase& origen, Fecha hoy, const ConexionTrazada::Informe& informe = {});
 
+/// Copies a file as it stands at this moment, while others go on writing, to the new file `destino`, which only its
+/// owner may read; its size in bytes. `sigue` is asked now and then, and ends the copy when it says no. Nothing is left
+/// of one that fails. Rechazo of "odbc": a server is not copied; the adapter's error otherwise.
+std::uint64_t CopiarBase(const OrigenBase& origen, const std::string& destino, const std::function<bool()>& sigue);
+
 /// Brings a file of an older schema version up, whole or not at all; false when it is up to date already. The adapter's
 /// error, with nothing changed, when it cannot: it names what does not fit.
 bool ActualizarBase(const std::string& fichero);

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <tuple>
 
+#include "kvdatosart/application/Cambios.h"
 #include "kvdatosart/application/Comprobaciones.h"
 #include "kvdatosart/application/Rechazo.h"
 #include "kvdatosart/base/RuntimeError.h"
@@ -28,12 +29,6 @@ std::string Condicion(const Sesion& sesion, const PeticionTarifasDe& peticion) {
     return sql;
 }
 
-const char* Situacion(Recordset& rs, bool cambio) {
-    if (!cambio) return "vigente";
-    if (ABoolean(rs.Fields("Borrado").Value())) return "retirado";
-    return ABoolean(rs.Fields("Actualizado").Value()) ? "programado" : "no toma parte";
-}
-
 // The rows of one of the four tables: today's prices or the changes, of the article or of its variants.
 void LeerPrecios(const Sesion& sesion, const PeticionTarifasDe& peticion, bool cambio, bool variante, Tabla& tabla) {
     std::string sql = "SELECT p.Cod_Tarifa, t.Descripcion, p.Pvp";
@@ -53,7 +48,7 @@ void LeerPrecios(const Sesion& sesion, const PeticionTarifasDe& peticion, bool c
         tabla.filas.push_back({rs->Fields("Cod_Tarifa").Value(), rs->Fields("Descripcion").Value(),
                                variante ? rs->Fields("CualidadX").Value() : Valor(std::uint8_t{0}),
                                cambio ? rs->Fields("Fecha_Entrada").Value() : Valor(Nulo{}), rs->Fields("Pvp").Value(),
-                               std::string(Situacion(*rs, cambio))});
+                               std::string(cambio ? SituacionCambio(*rs, sesion.Hoy()) : "vigente")});
 }
 
 // By tariff and variant; today's price before the changes, these by their days.

@@ -57,6 +57,15 @@ void Documentar(Documento& d, const aplicacion::RespuestaPrecio& precio) {
     d.Dato("hasta", "Hasta", precio.clave.hasta, C::Fecha);
 }
 
+void Documentar(Documento& d, const aplicacion::RespuestaCambio& cambio) {
+    d.Dato("codigo", "Cambio", cambio.codigo, C::Codigo);
+    d.Dato("articulo", "Artículo", cambio.clave.articulo, C::Codigo);
+    d.Dato("tarifa", "Tarifa", cambio.clave.tarifa, C::Codigo);
+    d.Dato("cualidadX", "Cualidad X", cambio.clave.cualidadX, C::Codigo);
+    d.Dato("desde", "Desde", cambio.clave.desde, C::Fecha);
+    d.Dato("precio", "Precio", cambio.precio ? Valor(*cambio.precio) : Valor(Nulo{}), C::Importe);
+}
+
 void Documentar(Documento& d, const aplicacion::RespuestaDescuento& descuento) {
     d.Dato("clave", "Clave", aplicacion::TextoDe(descuento.clave));
     d.Dato("descuento", "Descuento %", descuento.descuento ? Valor(*descuento.descuento) : Valor(Nulo{}),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kvdatosart/application/Acuerdos.h"
+#include "kvdatosart/application/Cambios.h"
 #include "kvdatosart/application/Carga.h"
 #include "kvdatosart/application/Clientes.h"
 #include "kvdatosart/application/Descuentos.h"
@@ -26,6 +27,7 @@ void Documentar(Documento& d, const aplicacion::RespuestaCliente& cliente);
 void Documentar(Documento& d, const aplicacion::RespuestaEliminado& eliminado);
 void Documentar(Documento& d, const aplicacion::RespuestaResumen& resumen);
 void Documentar(Documento& d, const aplicacion::RespuestaPrecio& precio);
+void Documentar(Documento& d, const aplicacion::RespuestaCambio& cambio);
 void Documentar(Documento& d, const aplicacion::RespuestaDescuento& descuento);
 void Documentar(Documento& d, const aplicacion::RespuestaAcuerdos& acuerdos);
 void Documentar(Documento& d, const aplicacion::RespuestaEscritura& escritura);

@@ -15,11 +15,13 @@ void AnadirCargar(CLI::App& programa);
 void AnadirHistoria(CLI::App& programa);
 void AnadirCliente(CLI::App& programa);
 void AnadirPrecios(CLI::App& programa);
+void AnadirCambios(CLI::App& programa);
 void AnadirDescuentos(CLI::App& programa);
 void AnadirAcuerdos(CLI::App& programa);
 void AnadirStock(CLI::App& programa);
 void AnadirVentas(CLI::App& programa);
 void AnadirRevisar(CLI::App& programa);
+void AnadirCopia(CLI::App& programa);
 void AnadirActualizar(CLI::App& programa);
 void AnadirLista(CLI::App& programa);
 /// Below `lista`.

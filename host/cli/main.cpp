@@ -93,11 +93,13 @@ int Programa(int argc, const char* const* argv) {
     kv::host::AnadirCliente(programa);
     kv::host::AnadirLista(programa);
     kv::host::AnadirPrecios(programa);
+    kv::host::AnadirCambios(programa);
     kv::host::AnadirDescuentos(programa);
     kv::host::AnadirAcuerdos(programa);
     kv::host::AnadirStock(programa);
     kv::host::AnadirVentas(programa);
     kv::host::AnadirRevisar(programa);
+    kv::host::AnadirCopia(programa);
     kv::host::AnadirActualizar(programa);
     kv::host::AnadirListados(programa);
     kv::host::AnadirServir(programa);

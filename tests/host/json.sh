@@ -44,6 +44,7 @@ caso() {
 }
 
 caso 'crear-demo (in a file)' crear-demo demo.kv
+caso 'copia' copia otra.kv
 caso 'actualizar' actualizar --base demo.kv
 caso 'devpvp' devpvp --articulo 101 --tarifa 1
 caso 'cargar' cargar --articulo 101 --cliente 1
@@ -60,6 +61,10 @@ clave=(--articulo 101 --cliente 3 --desde 1/1/2026)
 caso 'precios poner, cambiar, quitar' precios poner "${clave[@]}" --precio 70
 caso 'precios listar' precios listar --articulo 101
 caso 'precios poner, cambiar, quitar' precios quitar "${clave[@]}"
+cambio=(--articulo 101 --tarifa 1 --desde 1/1/2040)
+caso 'cambios poner, quitar' cambios poner "${cambio[@]}" --precio 99
+caso 'cambios ver' cambios ver
+caso 'cambios poner, quitar' cambios quitar "${cambio[@]}"
 caso 'dto-familia listar' dto-familia listar --cliente 5
 caso 'dto-grupo listar' dto-grupo listar --grupo 1
 caso 'dto-familia and dto-grupo poner, cambiar, quitar' dto-familia poner --cliente 5 --clave 0-1-3-0-0 --descuento 2

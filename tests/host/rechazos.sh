@@ -9,6 +9,7 @@ trap 'rm -rf "$carpeta"' EXIT
 cd "$carpeta"
 fallos=0
 casos=0
+hoy=$(date +%d/%m/%Y)
 manana=$(date -d tomorrow +%d/%m/%Y)
 
 falla() {
@@ -93,6 +94,9 @@ probar() {
     # Codes that do not exist.
     no 1 'no existe el artículo 9999' precios poner --articulo 9999 --cliente 3 --desde 1/1/2026 --precio 1
     no 1 'no existe el cliente 999' precios poner --articulo 101 --cliente 999 --desde 1/1/2026 --precio 1
+    no 1 'no existe el artículo 9999' cambios poner --articulo 9999 --tarifa 1 --desde "$manana" --precio 1
+    no 1 'no existe la tarifa 99' cambios poner --articulo 101 --tarifa 99 --desde "$manana" --precio 1
+    no 1 'no existe la tarifa 99' cambios ver --tarifa 99
     no 1 'no existe el cliente 999' dto-familia poner --cliente 999 --clave 0-1-1-0-0 --descuento 1
     no 1 'no existe el artículo 9999' dto-familia poner --cliente 5 --clave 9999-4-1-1-1 --descuento 1
     no 1 'no existe el grupo 99' dto-grupo poner --grupo 99 --clave 0-1-1-0-0 --descuento 1
@@ -121,6 +125,9 @@ probar() {
     # Values that cannot be.
     no 2 '--precio: «-0.01» no vale' precios poner --articulo 101 --cliente 3 --desde 1/1/2026 --precio=-0,01
     no 2 '--precio: «-1» no vale' precios cambiar --articulo 101 --cliente 3 --desde 1/1/2026 --precio=-1
+    no 2 '--precio: «0» no vale; se espera un número mayor que 0' cambios poner --articulo 101 --tarifa 1 --desde "$manana" --precio 0
+    no 2 '--precio: «-1» no vale' cambios poner --articulo 101 --tarifa 1 --desde "$manana" --precio=-1
+    no 2 '--hasta: el 31/12/2025 es anterior a --desde' cambios ver --desde 1/1/2026 --hasta 31/12/2025
     no 2 '--precio-base: «-1» no vale' acuerdos poner --articulo 106 --nodo 1.1 --precio-base=-1
     no 2 '--coste: «-1» no vale' stock coste --articulo 106 --coste=-1
     no 2 '--coste: «-1» no vale' stock mover --articulo 106 --tipo compra --unidades 1 --coste=-1
@@ -153,6 +160,14 @@ probar() {
     no 1 'ya hay un precio del 05/01/2026 al 05/01/2026, que comparte días; con --forzar' precios poner --articulo 101 --cliente 4 --desde 5/1/2026 --precio 6
     si '"precio": 6' precios poner --articulo 101 --cliente 4 --desde 6/1/2026 --precio 6
     si '"precio": 7' precios poner --articulo 101 --cliente 4 --desde 4/1/2026 --hasta 5/1/2026 --precio 7 --forzar
+    no 1 "el $hoy ya ha llegado; con --forzar" cambios poner --articulo 103 --cualidad-x 38 --tarifa 1 --desde "$hoy" --precio 60
+    si '"codigo": 2' cambios poner --articulo 103 --cualidad-x 38 --tarifa 1 --desde "$hoy" --precio 60 --forzar
+    si '"codigo": 13236' cambios poner --articulo 103 --tarifa 1 --desde "$manana" --precio 60
+    no 1 "ya hay un cambio de ese artículo y tarifa el $manana; con --forzar" cambios poner --articulo 103 --tarifa 1 --desde "$manana" --precio 61
+    no 1 "el $manana, con ese mismo precio" cambios poner --articulo 103 --tarifa 1 --desde "$manana" --precio 60 --forzar
+    si '"codigo": 13237' cambios poner --articulo 103 --tarifa 1 --desde "$manana" --precio 61 --forzar
+    si '"precio": 61' devpvp --articulo 103 --tarifa 1 --fecha "$manana"
+    si '"precio": 60' devpvp --articulo 103 --tarifa 1 --fecha "$manana" --cualidad-x 38
     no 1 'ya tiene un descuento de clave 0-1-2-0-0' dto-familia poner --cliente 5 --clave 0-1-2-0-0 --descuento 1
     no 1 'el tramo se solapa con el de 1 a 9' dto-grupo poner --grupo 1 --clave 111-4-1-1-1 --minimo 8,5 --maximo 9,5 --descuento 1
     si '"descuento": 1' dto-grupo poner --grupo 1 --clave 111-4-1-1-1 --minimo 9,5 --maximo 9,75 --descuento 1
@@ -170,6 +185,12 @@ probar() {
     # Not there, or not said which.
     no 1 'no hay un precio de ese artículo, cliente y fechas' precios cambiar --articulo 101 --cliente 4 --desde 7/1/2026 --precio 1
     no 1 'no hay un precio de ese artículo, cliente y fechas' precios quitar --articulo 101 --cliente 4 --desde 6/1/2026 --hasta 1/1/2027
+    no 2 'hay 2 cambios ese día: se espera --codigo con uno de 13236, 13237' cambios quitar --articulo 103 --tarifa 1 --desde "$manana"
+    no 1 'ninguno de ese artículo, tarifa y día es el 9' cambios quitar --articulo 103 --tarifa 1 --desde "$manana" --codigo 9
+    no 1 'no hay un cambio de ese artículo, tarifa y día' cambios quitar --articulo 103 --tarifa 2 --desde "$manana"
+    si '"precio": null' cambios quitar --articulo 103 --tarifa 1 --desde "$manana" --codigo 13237
+    si '"codigo": 13236' cambios quitar --articulo 103 --tarifa 1 --desde "$manana"
+    si '"codigo": 2' cambios quitar --articulo 103 --cualidad-x 38 --tarifa 1 --desde "$hoy"
     no 1 'no hay ningún descuento de clave 0-1-9-0-0' dto-familia cambiar --cliente 5 --clave 0-1-9-0-0 --descuento 1
     no 1 'no hay ningún descuento de clave 0-1-9-0-0' dto-familia quitar --cliente 5 --clave 0-1-9-0-0
     no 1 'no hay ningún descuento de clave 111-4-1-1-1' dto-grupo cambiar --grupo 1 --clave 111-4-1-1-1 --minimo 9,5 --maximo 9,8 --descuento 1
