@@ -2,7 +2,9 @@
 
 #include <filesystem>
 
+#include "kvdatosart/application/Averias.h"
 #include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/base/RuntimeError.h"
 #include "kvdatosart/base/Ruta.h"
 #include "kvdatosart/db/odbc/ConexionOdbc.h"
 #include "kvdatosart/db/sqlite/ConexionSqlite.h"
@@ -59,7 +61,12 @@ void CrearDemo(const OrigenBase& origen, Fecha hoy, const ConexionTrazada::Infor
 std::uint64_t CopiarBase(const OrigenBase& origen, const std::string& destino, const std::function<bool()>& sigue) {
     if (!origen.odbc.empty())
         RechazarImposible("odbc", "solo se copia un fichero; la base de un servidor se copia con sus herramientas");
-    ConexionSqlite::Copiar(origen.fichero, kIdentidad, destino, sigue);
+    try {
+        ConexionSqlite::Copiar(origen.fichero, kIdentidadEsquema, destino, sigue);
+    } catch (const RuntimeError& error) {
+        if (error.descripcion.find("«" + destino) == std::string::npos) throw;
+        throw Averia({destino, {}, {}}, error);
+    }
     return std::filesystem::file_size(RutaDe(destino));
 }
 

@@ -40,7 +40,8 @@ void CrearDemo(const OrigenBase& origen, Fecha hoy, const ConexionTrazada::Infor
 
 /// Copies a file as it stands at this moment, while others go on writing, to the new file `destino`, which only its
 /// owner may read; its size in bytes. `sigue` is asked now and then, and ends the copy when it says no. Nothing is left
-/// of one that fails. Rechazo of "odbc": a server is not copied; the adapter's error otherwise.
+/// of one that fails. Rechazo of "odbc": a server is not copied; an Averia that names `destino`, and the adapter's
+/// error about the base.
 std::uint64_t CopiarBase(const OrigenBase& origen, const std::string& destino, const std::function<bool()>& sigue);
 
 /// Brings a file of an older schema version up, whole or not at all; false when it is up to date already. The adapter's

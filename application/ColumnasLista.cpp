@@ -38,9 +38,7 @@ Valor Motivo(const Celda& c) {
 }
 
 Valor Estado(const Celda& c) {
-    const Tasacion& t = c.tasacion;
-    if (t.bloqueado) return std::string("bloqueado o de baja");
-    return std::string(t.estado == kSinStock ? "sin existencias" : "disponible");
+    return std::string(EstadoDe(c.tasacion));
 }
 
 // What is left of the net price over the cost, in percent of it.
@@ -54,6 +52,11 @@ Valor Margen(const Celda& c) {
 }
 
 }  // namespace
+
+const char* EstadoDe(const Tasacion& tasacion) {
+    if (tasacion.bloqueado) return "bloqueado o de baja";
+    return tasacion.estado == kSinStock ? "sin existencias" : "disponible";
+}
 
 struct FilasLista::Definicion {
     ColumnaTabla columna;

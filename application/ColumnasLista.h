@@ -11,6 +11,9 @@
 
 namespace kv::aplicacion {
 
+/// The state of a line, for people: disponible, sin existencias, bloqueado o de baja.
+const char* EstadoDe(const Tasacion& tasacion);
+
 /// One column that a list can have.
 struct ColumnaPosible {
     ColumnaTabla columna;

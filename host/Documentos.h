@@ -5,6 +5,7 @@
 #include "kvdatosart/application/Carga.h"
 #include "kvdatosart/application/Clientes.h"
 #include "kvdatosart/application/Descuentos.h"
+#include "kvdatosart/application/Ensayos.h"
 #include "kvdatosart/application/Existencias.h"
 #include "kvdatosart/application/Historias.h"
 #include "kvdatosart/application/Listados.h"
@@ -21,6 +22,7 @@ namespace kv::host {
 void Documentar(Documento& d, const aplicacion::RespuestaPvp& pvp);
 void Documentar(Documento& d, const aplicacion::RespuestaCarga& carga);
 void Documentar(Documento& d, const aplicacion::RespuestaHistoria& historia);
+void Documentar(Documento& d, const aplicacion::RespuestaEnsayo& ensayo);
 void Documentar(Documento& d, const aplicacion::RespuestaExistencias& existencias);
 void Documentar(Documento& d, const aplicacion::RespuestaMovimiento& movimiento);
 void Documentar(Documento& d, const aplicacion::RespuestaCliente& cliente);

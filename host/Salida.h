@@ -16,6 +16,15 @@ Presentacion PresentacionDeSalida();
 /// What the user's system puts before the decimals, whatever the component goes by.
 char SeparadorDeGente();
 
+/// While it lives, nothing goes to standard output. One at a time.
+class SinSalida {
+  public:
+    SinSalida();
+    ~SinSalida();
+    SinSalida(const SinSalida&) = delete;
+    SinSalida& operator=(const SinSalida&) = delete;
+};
+
 /// Writes to standard output. A reader that went away (`| head`) is no failure: what is left is dropped, and the answer
 /// is false. std::runtime_error, with the reason, when it cannot be written.
 bool EscribirSalida(std::string_view texto);

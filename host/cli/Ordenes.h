@@ -20,6 +20,7 @@ void AnadirDescuentos(CLI::App& programa);
 void AnadirAcuerdos(CLI::App& programa);
 void AnadirStock(CLI::App& programa);
 void AnadirVentas(CLI::App& programa);
+void AnadirEnsayar(CLI::App& programa);
 void AnadirRevisar(CLI::App& programa);
 void AnadirCopia(CLI::App& programa);
 void AnadirActualizar(CLI::App& programa);
@@ -28,5 +29,8 @@ void AnadirLista(CLI::App& programa);
 void AnadirListaComparar(CLI::App& lista);
 void AnadirListados(CLI::App& programa);
 void AnadirServir(CLI::App& programa);
+
+/// The families of commands that write, with their questions.
+void AnadirLasQueEscriben(CLI::App& programa);
 
 }  // namespace kv::host

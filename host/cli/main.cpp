@@ -17,6 +17,7 @@
 #include "kvdatosart/host/cli/MalEscrita.h"
 #include "kvdatosart/host/cli/Opcion.h"
 #include "kvdatosart/host/cli/Ordenes.h"
+#include "kvdatosart/host/cli/OrdenesEnsayadas.h"
 
 namespace {
 
@@ -90,14 +91,9 @@ int Programa(int argc, const char* const* argv) {
     kv::host::AnadirDevPvp(programa);
     kv::host::AnadirCargar(programa);
     kv::host::AnadirHistoria(programa);
-    kv::host::AnadirCliente(programa);
     kv::host::AnadirLista(programa);
-    kv::host::AnadirPrecios(programa);
-    kv::host::AnadirCambios(programa);
-    kv::host::AnadirDescuentos(programa);
-    kv::host::AnadirAcuerdos(programa);
-    kv::host::AnadirStock(programa);
-    kv::host::AnadirVentas(programa);
+    kv::host::AnadirLasQueEscriben(programa);
+    kv::host::AnadirEnsayar(programa);
     kv::host::AnadirRevisar(programa);
     kv::host::AnadirCopia(programa);
     kv::host::AnadirActualizar(programa);
@@ -107,7 +103,7 @@ int Programa(int argc, const char* const* argv) {
     const bool json = argc > 0 && QuiereJson(argc, argv);
     try {
         kv::host::ExigirUtf8(argc, argv);
-        programa.parse(argc, argv);
+        programa.parse(kv::host::PalabrasAlReves(argc, argv));
         return kv::host::kHecho;
     } catch (const kv::host::Termina& termina) {
         return termina.codigo;

@@ -51,6 +51,8 @@ caso 'cargar' cargar --articulo 101 --cliente 1
 caso 'cargar|cargar --padre (then also)|cargar --explica (then also)' cargar --articulo 118 --cliente 1 --padre --explica
 caso 'historia' historia --articulo 102 --cliente 1
 caso 'historia --svg (then also)|historia' historia --articulo 102 --cliente 1 --svg h.svg
+echo 'precios poner --articulo 101 --cliente 3 --desde 1/1/2026 --precio 70' >ordenes.txt
+caso 'ensayar' ensayar --articulos 101 --clientes 3 --orden-de ordenes.txt
 cliente='cliente ver, primero, ultimo, anterior, siguiente'
 caso "$cliente" cliente ver --codigo 4
 caso "$cliente" cliente primero

@@ -7,6 +7,7 @@ shift
 carpeta=$(mktemp -d)
 trap 'rm -rf "$carpeta"' EXIT
 cd "$carpeta"
+export KV_BASE=demo.kv
 fallos=0
 casos=0
 hoy=$(date +%d/%m/%Y)
@@ -24,7 +25,7 @@ no() {
     shift 2
     casos=$((casos + 1))
     antes=$(cksum <demo.kv)
-    salida=$("$programa" "$@" --base demo.kv 2>&1 </dev/null)
+    salida=$("$programa" "$@" 2>&1 </dev/null)
     real=$?
     [ "$real" -eq "$codigo" ] && [[ "$salida" == *"$texto"* && "$salida" != *$'\n'* && "$salida" != *SELECT* ]] ||
         falla "$*" "esperado $codigo con «$texto»" "real $real: $salida"
@@ -36,7 +37,7 @@ si() {
     local texto=$1 salida
     shift
     casos=$((casos + 1))
-    salida=$("$programa" "$@" --base demo.kv --json 2>&1 </dev/null) && [[ "$salida" == *"$texto"* ]] ||
+    salida=$("$programa" "$@" --json 2>&1 </dev/null) && [[ "$salida" == *"$texto"* ]] ||
         falla "$*" "esperado hecho con «$texto»" "real: $salida"
 }
 
@@ -203,6 +204,27 @@ probar() {
     si '"precioBase": 3' acuerdos cambiar --articulo 106 --nodo 1.1 --desde 1/2/2027 --precio-base 3
     si '"cuantos": 1' acuerdos quitar --articulo 106 --nodo 1.1 --desde 1/1/2027
     si '"cuantos": 2' acuerdos quitar --articulo 106 --nodo 1.1 --todos
+
+    # A trial: of one command that writes, or of those of a file, on the copy that is its own.
+    linea=(ensayar --articulos 101 --clientes 3)
+    no 2 'se espera la orden que se ensaya, tras --, o --orden-de FICHERO' "${linea[@]}"
+    no 2 'se espera la orden que se ensaya, tras --, o --orden-de FICHERO' "${linea[@]}" --orden-de o.txt -- stock
+    no 3 '«nohay.txt» no se puede leer' "${linea[@]}" --orden-de nohay.txt
+    printf '\xef\xbb\xbf# nada\r\n\r\n' >o.txt
+    no 2 '--orden-de: «o.txt» no tiene ninguna orden' "${linea[@]}" --orden-de o.txt
+    printf 'kvdatosart stock bloquear --articulo 106\nstock ubicacion --ubic1 "a b\n' >o.txt
+    no 2 '--orden-de: o.txt, línea 2: faltan unas comillas' "${linea[@]}" --orden-de o.txt
+    printf '# dos\nstock bloquear --articulo 106\nprecios quitar --articulo 101 --cliente 3 --desde 5/5/2026' >o.txt
+    no 1 'o.txt, línea 3: no hay un precio de ese artículo, cliente y fechas' "${linea[@]}" --orden-de o.txt
+    for caso in '2 la orden que se ensaya: orden desconocida: «crear-demo»; las de kvdatosart: cliente, precios, cambios, |crear-demo otra.kv' \
+        '2 la orden que se ensaya: argumento desconocido: --help|precios poner --help' \
+        '2 la orden que se ensaya: --precio: «x» no vale|precios poner --precio x' \
+        '2 la orden que se ensaya: --base es de ensayar, y no de lo que ensaya|stock bloquear --articulo 106 --base=demo.kv' \
+        '1 la orden que se ensaya: no existe el artículo 9999|stock bloquear --articulo 9999'; do
+        despues=${caso#*|} delante=${caso%%|*}
+        # shellcheck disable=SC2086
+        no "${delante%% *}" "${delante#* }" "${linea[@]}" -- $despues
+    done
 
     # An option without a value, or one that is no such option.
     no 2 '--ubic1: «» no vale; se espera un valor' stock ubicacion --articulo 106 --unidades 1 --ubic1 ''

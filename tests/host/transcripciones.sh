@@ -12,9 +12,14 @@ cd "$carpeta"
 
 # What the sessions call by its name. Help takes no width: through a pipe it is 80 columns wide.
 kvdatosart() {
-    local comunes=(--ancho 80 --hoy 21/11/2026)
+    local comunes=(--ancho 80 --hoy 21/11/2026) delante=()
     case "$*" in *ayuda* | *--help* | *--version*) comunes=() ;; esac
-    "$programa" "$@" "${comunes[@]}"
+    # What follows two dashes is another command.
+    while [ "$#" -gt 0 ] && [ "$1" != -- ]; do
+        delante+=("$1")
+        shift
+    done
+    "$programa" "${delante[@]}" "${comunes[@]}" "$@"
 }
 # Runs each line that begins with "$ ", as the session shows it.
 repetir() {
