@@ -6,7 +6,7 @@ exe=$raiz/build/mingw-programa/host/kvdatosart.exe
 comprobar_programa() {
     local ajenas
     ajenas=$(x86_64-w64-mingw32-objdump -p "$exe" | sed -n 's/.*DLL Name: //p' |
-        grep -viE '^(advapi32|kernel32|msvcrt|odbc32|user32)\.dll$' || true)
+        grep -viE '^(advapi32|kernel32|msvcrt|odbc32|shell32|user32|ws2_32)\.dll$' || true)
     [ -z "$ajenas" ] || { echo "importa $ajenas"; return 1; }
     grep -q '<activeCodePage [^>]*>UTF-8<' "$exe" || { echo "sin la página de códigos UTF-8"; return 1; }
 }
