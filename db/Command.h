@@ -31,7 +31,7 @@ class Parameters {
     void Append(Partes&&... partes) {
         // As many as the discount procedures take: the list is one small block.
         if (lista_.empty()) lista_.reserve(14);
-        lista_.emplace_back(std::forward<Partes>(partes)...);
+        lista_.push_back(Parameter{std::forward<Partes>(partes)...});
     }
     /// By name, without regard to letter case. Error 3265 when there is none.
     Parameter& Item(std::string_view nombre);
