@@ -61,6 +61,18 @@ hacer_httplib() {
     describir cpp-httplib -lws2_32 ''
 }
 
+# With the writer of ZIP files that comes with it. Under this compiler it would take a file's name for one in the code
+# page; it has the road by UTF-16 for others.
+hacer_xlsxwriter() {
+    cd "$fuentes"/libxlsxwriter-*/
+    sed -i '/^#undef _WIN32$/d' src/packager.c
+    compilar -Iinclude src/*.c third_party/{tmpfileplus/tmpfileplus,md5/md5,minizip/zip,minizip/ioapi,minizip/iowin32}.c
+    archivar xlsxwriter ./*.o
+    cp -r include/xlsxwriter include/xlsxwriter.h "$destino/include"
+    cp /usr/x86_64-w64-mingw32/lib/libz.a "$destino/lib"
+    describir xlsxwriter '-lxlsxwriter -lz' ''
+}
+
 # copiar CMAKE HEADERS: a library of headers with its CMake package, which looks for them beside itself.
 copiar() {
     cp -r "/usr/share/cmake/$1" "$destino/share/cmake"
@@ -72,10 +84,11 @@ registro=$raiz/build/bibliotecas-windows.log
 exec 3>&2 >"$registro" 2>&1
 trap '[ -e "$destino/listo" ] || tail -n 20 "$registro" >&3' EXIT
 "${apt[@]}" update
-(cd "$fuentes" && "${apt[@]}" source sqlite3 utf8proc cpp-httplib)
+(cd "$fuentes" && "${apt[@]}" source sqlite3 utf8proc cpp-httplib libxlsxwriter)
 (hacer_sqlite)
 (hacer_utf8proc)
 (hacer_httplib)
+(hacer_xlsxwriter)
 copiar CLI11 CLI
 copiar nlohmann_json nlohmann
 rm -rf "$destino/apt" "$fuentes"

@@ -41,7 +41,7 @@ if [ -n "$programa" ] && [ -e build/mingw-i686/component/com/KVDatosArt.dll ]; t
     # Notepad of every Windows: the mark that says UTF-8, and its line ends.
     (printf '\xef\xbb\xbf'; cat paquetes/LEEME.txt) | sed 's/$/\r/' >"$zip/LEEME.txt"
     # There the libraries that Debian has apart are linked in, too.
-    cat build/paquetes/paquetes/copyright /usr/share/doc/{libsqlite3-dev,libutf8proc-dev,mingw-w64-common}/copyright |
+    cat build/paquetes/paquetes/copyright /usr/share/doc/{libsqlite3-dev,libutf8proc-dev,libxlsxwriter-dev,libz-mingw-w64-dev,mingw-w64-common}/copyright |
         sed 's/$/\r/' >"$zip/LICENCIAS.txt"
     x86_64-w64-mingw32-strip "$zip"/*.exe "$zip"/x64/*.dll
     i686-w64-mingw32-strip "$zip"/x86/*.dll

@@ -8,26 +8,10 @@
 #include "kvdatosart/host/cli/Opcion.h"
 
 namespace kv::host {
-namespace {
-
-#ifndef _WIN32
-constexpr bool kConLibros = true;
-const auto Libro = EscritorXlsx;
-#else
-// Where its library is not at hand the option is not there.
-constexpr bool kConLibros = false;
-std::unique_ptr<EscritorFilas> Libro(std::span<const aplicacion::ColumnaTabla>, const Titulos&, std::int16_t,
-                                     const std::string&) {
-    return {};
-}
-#endif
-
-}  // namespace
-
 void OpcionesFilas::Anadir(CLI::App& orden) {
     Opcion(orden, "salida", salida, "FICHERO", "Fichero en que se escribe, entero o nada (la salida si no se dice)");
     orden.add_flag("--csv-excel", csvExcel, "CSV que un Excel en español abre bien: punto y coma y coma decimal");
-    if (kConLibros) orden.add_flag("--xlsx", xlsx, "Libro de Excel, con --salida");
+    orden.add_flag("--xlsx", xlsx, "Libro de Excel, con --salida");
 }
 
 bool OpcionesFilas::ParaProgramas(const OpcionesSalida& comunes) const {
@@ -47,7 +31,7 @@ SalidaFilas::SalidaFilas(const OpcionesFilas& opciones, const OpcionesSalida& co
                          std::int16_t decimales) {
     if (!opciones.salida.empty()) fichero_.emplace("salida", opciones.salida);
     if (opciones.xlsx)
-        escritor_ = Libro(columnas, titulos, decimales, fichero_->Ruta());
+        escritor_ = EscritorXlsx(columnas, titulos, decimales, fichero_->Ruta());
     else if (comunes.json)
         escritor_ = EscritorJson(columnas, AlSitio());
     else if (opciones.csvExcel || !comunes.csv.empty())

@@ -1,11 +1,12 @@
 #include <chrono>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <random>
 
 #include "kvdatosart/application/ColumnasLista.h"
 #include "kvdatosart/application/EstadoFijo.h"
 #include "kvdatosart/application/Rechazo.h"
+#include "kvdatosart/base/Ruta.h"
 #include "kvdatosart/host/EscribirJson.h"
 #include "kvdatosart/host/EscritorFilas.h"
 #include "kvdatosart/host/EscritorXlsx.h"
@@ -16,6 +17,7 @@
 namespace kv::host {
 namespace {
 
+namespace fs = std::filesystem;
 using aplicacion::FilasLista;
 using aplicacion::PeticionListaPrecios;
 using Reloj = std::chrono::steady_clock;
@@ -123,19 +125,23 @@ void Bajar(const Consulta& c, const PeticionListaPrecios& peticion, FilasLista& 
 class CarpetaPasajera {
   public:
     CarpetaPasajera() {
-        if (mkdtemp(ruta_.data()) == nullptr) throw std::runtime_error("no se puede escribir en " + ruta_);
+        const fs::path donde = fs::temp_directory_path();
+        std::random_device azar;
+        do ruta_ = donde / ("kvdatosart-" + std::to_string(azar()));
+        while (!fs::create_directory(ruta_));
+        fs::permissions(ruta_, fs::perms::owner_all);
     }
     ~CarpetaPasajera() {
         std::error_code ignorado;
-        std::filesystem::remove_all(ruta_, ignorado);
+        fs::remove_all(ruta_, ignorado);
     }
     CarpetaPasajera(const CarpetaPasajera&) = delete;
     CarpetaPasajera& operator=(const CarpetaPasajera&) = delete;
 
-    std::string Fichero() const { return ruta_ + "/lista.xlsx"; }
+    fs::path Fichero() const { return ruta_ / "lista.xlsx"; }
 
   private:
-    std::string ruta_ = (std::filesystem::temp_directory_path() / "kvdatosart-XXXXXX").string();
+    fs::path ruta_;
 };
 
 }  // namespace
@@ -182,8 +188,9 @@ void ContestarListaXlsx(Consulta& c) {
     c.parametros.Terminar();
     const CarpetaPasajera carpeta;
     FilasLista filas(peticion, {}, FilasLista::Forma::Ancha);
-    const auto escritor = EscritorXlsx(filas.Columnas(), TitulosLista(EstadoDe(c), peticion),
-                                       peticion.decimales.value_or(c.sesion.Emp().DecPrecios()), carpeta.Fichero());
+    const auto escritor =
+        EscritorXlsx(filas.Columnas(), TitulosLista(EstadoDe(c), peticion),
+                     peticion.decimales.value_or(c.sesion.Emp().DecPrecios()), NombreDeRuta(carpeta.Fichero()));
     Bajar(c, peticion, filas, *escritor);
     std::ifstream fichero(carpeta.Fichero(), std::ios::binary);
     c.respuesta.cuerpo.assign(std::istreambuf_iterator<char>(fichero), {});
