@@ -59,9 +59,8 @@ export class Situacion {
             this.caja.setAttribute('aria-busy', 'true');
             try {
                 await this.#listas(senal);
-                this.documento = this.valores.articulo && this.valores.cliente ? await preguntar('cargar', this.pregunta(), senal) : null;
-                if (this.documento) this.buscadores.articulo.poner(this.valores.articulo, this.documento.descripcion);
                 this.#nombres(senal);
+                this.documento = this.valores.articulo && this.valores.cliente ? await preguntar('cargar', this.pregunta(), senal) : null;
                 this.#marcar('');
                 this.#resumir();
                 this.caja.replaceChildren(...this.documento ? respuestaDe(this.documento, this.#almacen()) : [this.#invitacion()]);
