@@ -13,8 +13,10 @@ from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
 
 HOY = '2026-11-21'
+# The last one: beyond 200 changes of address in ten seconds the browser would take no more.
 OPCIONES = ('--headless=new --no-sandbox --disable-gpu --disable-quic --no-first-run --disable-background-networking '
-            '--disable-component-update --disable-sync').split()
+            '--disable-component-update --disable-sync '
+            '--disable-ipc-flooding-protection').split()
 HOSTIL = '<img src=x onerror="roto=1"><script>roto=1</script>&amp;\'ñ'
 # What is asked and not typed: the address is taken as after "back", and the answer awaited.
 IR = '''const [direccion, hecho] = arguments;
