@@ -5,7 +5,7 @@ set -euo pipefail
 
 paquetes() {
     case "$1" in
-        nativo) echo g++ cmake ninja-build pkg-config libsqlite3-dev unixodbc-dev libutf8proc-dev libcli11-dev nlohmann-json3-dev libxlsxwriter-dev python3-openpyxl parallel libcpp-httplib-dev libgtest-dev librapidcheck-dev clang-format locales man-db sqlite3 python3 ;;
+        nativo) echo g++ cmake ninja-build pkg-config libsqlite3-dev unixodbc-dev libutf8proc-dev libcli11-dev nlohmann-json3-dev libxlsxwriter-dev python3-openpyxl parallel libcpp-httplib-dev libgtest-dev clang-format locales man-db sqlite3 python3 ;;
         windows) echo g++-mingw-w64-x86-64 g++-mingw-w64-i686 mingw-w64-tools libwine-dev wine64 wine patchelf unixodbc libsqliteodbc googletest libz-mingw-w64-dev dpkg-dev tcl ;;
         odbc) echo unixodbc libsqliteodbc odbc-postgresql postgresql tdsodbc ;;
         paquetes) echo dpkg-dev file lintian debootstrap zip unzip ;;
