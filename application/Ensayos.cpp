@@ -1,11 +1,10 @@
 #include "kvdatosart/application/Ensayos.h"
 
-#include <filesystem>
 #include <memory>
-#include <random>
 #include <stdexcept>
 #include <string>
 
+#include "kvdatosart/application/CarpetaPrivada.h"
 #include "kvdatosart/application/ColumnasLista.h"
 #include "kvdatosart/application/EstadoFijo.h"
 #include "kvdatosart/application/Rechazo.h"
@@ -14,33 +13,6 @@
 
 namespace kv::aplicacion {
 namespace {
-
-namespace fs = std::filesystem;
-
-/// A new folder of nobody else, gone with what is in it.
-class CarpetaPrivada {
-  public:
-    CarpetaPrivada() {
-        std::error_code error;
-        const fs::path donde = fs::temp_directory_path(error);
-        std::random_device azar;
-        do ruta_ = donde / ("kvdatosart-" + std::to_string(azar()));
-        while (!error && !fs::create_directory(ruta_, error) && !error);
-        if (!error) fs::permissions(ruta_, fs::perms::owner_all, error);
-        if (error) throw std::runtime_error("no hay dónde hacer la copia (TMPDIR dice la carpeta): " + error.message());
-    }
-    ~CarpetaPrivada() {
-        std::error_code ignorado;
-        fs::remove_all(ruta_, ignorado);
-    }
-    CarpetaPrivada(const CarpetaPrivada&) = delete;
-    CarpetaPrivada& operator=(const CarpetaPrivada&) = delete;
-
-    std::string Fichero() const { return NombreDeRuta(ruta_ / "copia.kv"); }
-
-  private:
-    fs::path ruta_;
-};
 
 PrecioComparado PrecioDe(const Tasacion& t) {
     PrecioComparado precio;
@@ -92,8 +64,8 @@ RespuestaEnsayo Ensayar(const PeticionEnsayo& peticion, const PasosEnsayo& pasos
         RechazarImposible("odbc",
                           "no se ensaya en un servidor: haga una copia de su base y compare en ella dos listas, la de "
                           "antes y la de después");
-    const CarpetaPrivada carpeta;
-    const OrigenBase copia{carpeta.Fichero(), {}, {}};
+    const CarpetaPrivada carpeta("la copia");
+    const OrigenBase copia{NombreDeRuta(carpeta.Fichero("copia.kv")), {}, {}};
     CopiarBase(peticion.base, copia.fichero, pasos.sigue);
     const std::shared_ptr<Connection> mesa = ConexionSqlite::Temporal();
     Comparacion comparacion(*mesa, 0);

@@ -1,8 +1,8 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <random>
 
+#include "kvdatosart/application/CarpetaPrivada.h"
 #include "kvdatosart/application/ColumnasLista.h"
 #include "kvdatosart/application/EstadoFijo.h"
 #include "kvdatosart/application/Rechazo.h"
@@ -17,7 +17,6 @@
 namespace kv::host {
 namespace {
 
-namespace fs = std::filesystem;
 using aplicacion::FilasLista;
 using aplicacion::PeticionListaPrecios;
 using Reloj = std::chrono::steady_clock;
@@ -121,29 +120,6 @@ void Bajar(const Consulta& c, const PeticionListaPrecios& peticion, FilasLista& 
     escritor.Acabar();
 }
 
-/// A folder of our own that goes with what is in it.
-class CarpetaPasajera {
-  public:
-    CarpetaPasajera() {
-        const fs::path donde = fs::temp_directory_path();
-        std::random_device azar;
-        do ruta_ = donde / ("kvdatosart-" + std::to_string(azar()));
-        while (!fs::create_directory(ruta_));
-        fs::permissions(ruta_, fs::perms::owner_all);
-    }
-    ~CarpetaPasajera() {
-        std::error_code ignorado;
-        fs::remove_all(ruta_, ignorado);
-    }
-    CarpetaPasajera(const CarpetaPasajera&) = delete;
-    CarpetaPasajera& operator=(const CarpetaPasajera&) = delete;
-
-    fs::path Fichero() const { return ruta_ / "lista.xlsx"; }
-
-  private:
-    fs::path ruta_;
-};
-
 }  // namespace
 
 void ContestarLista(Consulta& c) {
@@ -186,13 +162,13 @@ void ContestarListaCsv(Consulta& c) {
 void ContestarListaXlsx(Consulta& c) {
     const PeticionListaPrecios peticion = LeerLista(c);
     c.parametros.Terminar();
-    const CarpetaPasajera carpeta;
+    const aplicacion::CarpetaPrivada carpeta("el libro");
     FilasLista filas(peticion, {}, FilasLista::Forma::Ancha);
-    const auto escritor =
-        EscritorXlsx(filas.Columnas(), TitulosLista(EstadoDe(c), peticion),
-                     peticion.decimales.value_or(c.sesion.Emp().DecPrecios()), NombreDeRuta(carpeta.Fichero()));
+    const auto escritor = EscritorXlsx(filas.Columnas(), TitulosLista(EstadoDe(c), peticion),
+                                       peticion.decimales.value_or(c.sesion.Emp().DecPrecios()),
+                                       NombreDeRuta(carpeta.Fichero("lista.xlsx")));
     Bajar(c, peticion, filas, *escritor);
-    std::ifstream fichero(carpeta.Fichero(), std::ios::binary);
+    std::ifstream fichero(carpeta.Fichero("lista.xlsx"), std::ios::binary);
     c.respuesta.cuerpo.assign(std::istreambuf_iterator<char>(fichero), {});
     c.respuesta.tipo = "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet";
     c.respuesta.fichero = "lista.xlsx";
